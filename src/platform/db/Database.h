@@ -1,0 +1,59 @@
+#pragma once
+
+#include "platform/db/Records.h"
+#include "platform/db/SqlText.h"
+#include "platform/db/TableDef.h"
+
+#include <memory>
+
+class Engine;
+
+/// One open database. Opened by a user action, closed at its end (by its destructor); nothing stays open.
+/// Every function throws DbError.
+class Database {
+  public:
+    /// Opens an existing database; what the file is decides the engine. No extension means ".mdb".
+    static Database open(const QString &path);
+    /// Creates an empty database; an existing file is refused.
+    static Database create(const QString &path);
+
+    Database(Database &&) noexcept;
+    Database &operator=(Database &&) noexcept;
+    ~Database();
+
+    /// Runs a query and reads its result whole.
+    Records query(const SqlText &sql);
+    /// Runs a statement that changes rows or tables; gives the number of rows touched.
+    int execute(const SqlText &sql);
+    /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
+    qint64 insert(const QString &table, const Fields &values);
+    /// Changes the row whose `keyField` is `key`; false when there is no such row.
+    bool update(const QString &table, const QString &keyField, qint64 key, const Fields &values);
+
+    TableDef tableDef(const QString &table);
+    void createTable(const QString &table, const std::vector<FieldDef> &fields);
+    const QString &path() const { return m_path; }
+
+  private:
+    friend class Transaction;
+    Database(QString path, std::unique_ptr<Engine> engine);
+
+    QString m_path;
+    std::unique_ptr<Engine> m_engine;
+};
+
+/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start,
+/// waiting at most 5 s for another workstation.
+class Transaction {
+  public:
+    explicit Transaction(Database &database);
+    ~Transaction();
+    Transaction(const Transaction &) = delete;
+    Transaction &operator=(const Transaction &) = delete;
+
+    void commit();
+
+  private:
+    Engine *m_engine;
+    bool m_open = true;
+};

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/db/Records.h"
+#include "platform/db/TableDef.h"
+
+#include <QString>
+
+/// What a database engine must do for Database. SQL arrives in the book's dialect; each engine translates.
+/// Every function throws DbError. An engine that only reads refuses the writing half with Kind::ReadOnly.
+class Engine {
+  public:
+    Engine() = default;
+    virtual ~Engine() = default;
+    Engine(const Engine &) = delete;
+    Engine &operator=(const Engine &) = delete;
+
+    virtual Records query(const QString &sql) = 0;
+    /// Runs a statement that returns no rows; gives the number of rows touched.
+    virtual int execute(const QString &sql) = 0;
+    /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
+    virtual qint64 insert(const QString &table, const Fields &values) = 0;
+    /// Changes the row whose `keyField` is `key`; gives the number of rows touched.
+    virtual int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) = 0;
+
+    /// Takes the writer's lock at once, so that what is read inside stays true until commit.
+    virtual void begin() = 0;
+    virtual void commit() = 0;
+    virtual void rollback() noexcept = 0;
+
+    virtual bool hasTable(const QString &table) = 0;
+    virtual bool isUpdatable(const QString &table) = 0;
+    virtual QStringList fieldNames(const QString &table) = 0;
+    virtual void createTable(const QString &table, const std::vector<FieldDef> &fields) = 0;
+    virtual void appendField(const QString &table, const FieldDef &field) = 0;
+    virtual void deleteField(const QString &table, const QString &field) = 0;
+};

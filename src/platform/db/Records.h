@@ -1,0 +1,67 @@
+#pragma once
+
+#include "platform/db/Value.h"
+
+#include <QStringList>
+#include <memory>
+#include <vector>
+
+/// Values to write, by field name.
+using Fields = std::vector<std::pair<QString, Value>>;
+
+class Records;
+
+/// One row of a Records; valid as long as the Records is.
+class Record {
+  public:
+    Record(const Records &records, int row) : m_records(&records), m_row(row) {}
+    /// Throws DbError (Structure) when the result has no such field; letter case is ignored.
+    const Value &operator[](QStringView field) const;
+    const Value &at(int field) const;
+
+  private:
+    const Records *m_records;
+    int m_row;
+};
+
+/// The result of a query, read whole into memory, so that nothing stays open behind it.
+class Records {
+  public:
+    Records(QString file, QStringList fields) : m_file(std::move(file)), m_fields(std::move(fields)) {}
+
+    bool isEmpty() const { return m_values.empty(); }
+    int count() const { return m_fields.isEmpty() ? 0 : int(m_values.size() / size_t(m_fields.size())); }
+    const QStringList &fields() const { return m_fields; }
+    /// Position of a field, letter case ignored; throws DbError (Structure) when there is none.
+    int field(QStringView name) const;
+    Record operator[](int row) const { return {*this, row}; }
+    Record first() const { return {*this, 0}; }
+    const Value &at(int row, int field) const {
+        return m_values[size_t(row) * size_t(m_fields.size()) + size_t(field)];
+    }
+
+    /// For engines: values arrive row by row, field by field.
+    void append(Value value) { m_values.push_back(std::move(value)); }
+
+    class Iterator {
+      public:
+        Iterator(const Records &records, int row) : m_records(&records), m_row(row) {}
+        Record operator*() const { return {*m_records, m_row}; }
+        Iterator &operator++() {
+            ++m_row;
+            return *this;
+        }
+        bool operator!=(const Iterator &other) const { return m_row != other.m_row; }
+
+      private:
+        const Records *m_records;
+        int m_row;
+    };
+    Iterator begin() const { return {*this, 0}; }
+    Iterator end() const { return {*this, count()}; }
+
+  private:
+    QString m_file;
+    QStringList m_fields;
+    std::vector<Value> m_values;
+};

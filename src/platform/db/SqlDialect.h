@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QString>
+
+/// Translates SQL text of the book's dialect into an engine's own. Pure text in, text out: no connection.
+class SqlDialect {
+  public:
+    /// SQLite text for `sql`:
+    /// - pieces that were joined without a blank ("=1and", "'…*'order by") are set apart;
+    /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT); cstr and ucase stay,
+    ///   as functions that the engine registers (see SqliteFunctions);
+    /// - #MM dd yyyy# becomes 'YYYY-MM-DD', #HH:MM# and #HH:MM:SS# become 'HH:MM:SS';
+    /// - True and False become 1 and 0;
+    /// - a text literal with a cased letter that is compared with =, <>, <, <=, > or >= gets the
+    ///   case-ignoring collation TEXTE; one without keeps the plain comparison, so that an index serves;
+    /// - everything else is passed on as it stands (like is overridden by the engine).
+    static QString sqlite(const QString &sql);
+};

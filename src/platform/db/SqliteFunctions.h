@@ -1,0 +1,7 @@
+#pragma once
+
+struct sqlite3;
+
+/// Teaches an open connection what the book's SQL expects of an engine: like with the desktop wildcards,
+/// ucase for all of Unicode, cstr (a stored date as dd/mm/yyyy), and the collation TEXTE, which ignores case.
+void registerSqliteFunctions(sqlite3 *connection);

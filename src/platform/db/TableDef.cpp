@@ -1,0 +1,19 @@
+#include "platform/db/TableDef.h"
+
+#include "platform/db/Engine.h"
+
+bool TableDef::isUpdatable() const {
+    return m_engine->isUpdatable(m_name);
+}
+
+bool TableDef::hasField(const QString &field) const {
+    return m_engine->fieldNames(m_name).contains(field, Qt::CaseInsensitive);
+}
+
+void TableDef::appendField(const FieldDef &field) {
+    m_engine->appendField(m_name, field);
+}
+
+void TableDef::deleteField(const QString &field) {
+    m_engine->deleteField(m_name, field);
+}

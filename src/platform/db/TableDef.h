@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QString>
+#include <vector>
+
+class Engine;
+
+/// Field types, numbered as the desktop engine numbers them.
+enum class FieldType {
+    Boolean = 1,
+    Int16 = 3,
+    Int32 = 4,
+    Double = 7,
+    DateTime = 8, ///< a date ("YYYY-MM-DD") or a time of day ("HH:MM:SS")
+    Text = 10,
+    AutoNumber = 100 ///< key that the database assigns and never gives twice
+};
+
+struct FieldDef {
+    QString name;
+    FieldType type = FieldType::Text;
+    int size = 0; ///< characters of a text, informative
+};
+
+/// A table's definition in an open database; lives no longer than the database.
+class TableDef {
+  public:
+    TableDef(Engine &engine, QString name) : m_engine(&engine), m_name(std::move(name)) {}
+
+    /// False for a table of a file that cannot be written, and for a view or a linked table.
+    bool isUpdatable() const;
+    bool hasField(const QString &field) const;
+    /// Throws DbError when the field exists already, or nothing can be written.
+    void appendField(const FieldDef &field);
+    /// Throws DbError when there is no such field, or nothing can be written.
+    void deleteField(const QString &field);
+
+  private:
+    Engine *m_engine;
+    QString m_name;
+};

@@ -1,0 +1,85 @@
+#include "platform/db/Value.h"
+
+#include <cmath>
+#include <optional>
+
+namespace {
+
+std::optional<qint64> integerOf(const Value &value) {
+    const auto &data = value.data();
+    if (const auto *number = std::get_if<qint64>(&data)) {
+        return *number;
+    }
+    if (const auto *real = std::get_if<double>(&data)) {
+        return std::llround(*real);
+    }
+    if (const auto *text = std::get_if<QString>(&data)) {
+        bool ok = false;
+        const qint64 number = text->trimmed().toLongLong(&ok);
+        if (ok) {
+            return number;
+        }
+    }
+    return std::nullopt;
+}
+
+/// Two digits of `text` at `at`, or -1.
+int twoDigits(const QString &text, int at) {
+    if (at + 2 > text.size() || !text[at].isDigit() || !text[at + 1].isDigit()) {
+        return -1;
+    }
+    return text[at].digitValue() * 10 + text[at + 1].digitValue();
+}
+
+} // namespace
+
+Value Value::date(QDate d) {
+    return d.isValid() ? Value(d.toString(Qt::ISODate)) : Value();
+}
+
+Value Value::time(QTime t) {
+    return t.isValid() ? Value(t.toString(QStringLiteral("HH:mm:ss"))) : Value();
+}
+
+QString Value::toText() const {
+    if (const auto *text = std::get_if<QString>(&m_data)) {
+        return *text;
+    }
+    if (const auto *number = std::get_if<qint64>(&m_data)) {
+        return QString::number(*number);
+    }
+    if (const auto *real = std::get_if<double>(&m_data)) {
+        return QString::number(*real, 'g', 15);
+    }
+    return {};
+}
+
+qint64 Value::toInteger() const {
+    return integerOf(*this).value_or(0);
+}
+
+bool Value::isNumeric() const {
+    return integerOf(*this).has_value();
+}
+
+QDate Value::toDate() const {
+    const auto *text = std::get_if<QString>(&m_data);
+    if (text == nullptr || text->size() < 10 || text->at(4) != u'-' || text->at(7) != u'-') {
+        return {};
+    }
+    const int century = twoDigits(*text, 0);
+    const int year = twoDigits(*text, 2);
+    if (century < 0 || year < 0) {
+        return {};
+    }
+    return QDate(century * 100 + year, twoDigits(*text, 5), twoDigits(*text, 8));
+}
+
+QTime Value::toTime() const {
+    const auto *text = std::get_if<QString>(&m_data);
+    if (text == nullptr || text->size() < 5 || text->at(2) != u':') {
+        return {};
+    }
+    const bool withSeconds = text->size() >= 8 && text->at(5) == u':';
+    return QTime(twoDigits(*text, 0), twoDigits(*text, 3), withSeconds ? twoDigits(*text, 6) : 0);
+}
