@@ -12,7 +12,7 @@ class Engine;
 /// Every function throws DbError.
 class Database {
   public:
-    /// Opens an existing database; what the file is decides the engine. No extension means ".mdb".
+    /// Opens an existing database; what the file is decides the engine.
     static Database open(const QString &path);
     /// Creates an empty database; an existing file is refused.
     static Database create(const QString &path);

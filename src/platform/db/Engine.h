@@ -33,4 +33,6 @@ class Engine {
     virtual void createTable(const QString &table, const std::vector<FieldDef> &fields) = 0;
     virtual void appendField(const QString &table, const FieldDef &field) = 0;
     virtual void deleteField(const QString &table, const QString &field) = 0;
+    virtual bool hasIndex(const QString &index) = 0;
+    virtual void createIndex(const QString &table, const IndexDef &index) = 0;
 };

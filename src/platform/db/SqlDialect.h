@@ -7,12 +7,13 @@ class SqlDialect {
   public:
     /// SQLite text for `sql`:
     /// - pieces that were joined without a blank ("=1and", "'…*'order by") are set apart;
-    /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT); cstr and ucase stay,
-    ///   as functions that the engine registers (see SqliteFunctions);
+    /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT), InverseDate(x) the eight digits
+    ///   of a stored date; cstr and ucase stay, as functions that the engine registers (see SqliteFunctions);
     /// - #MM dd yyyy# becomes 'YYYY-MM-DD', #HH:MM# and #HH:MM:SS# become 'HH:MM:SS';
-    /// - True and False become 1 and 0;
+    /// - True and False become 1 and 0; & becomes ||; a text between double quotes gets single ones;
     /// - a text literal with a cased letter that is compared with =, <>, <, <=, > or >= gets the
-    ///   case-ignoring collation TEXTE; one without keeps the plain comparison, so that an index serves;
+    ///   case-ignoring collation TEXTE, unless it is assigned (between Set and Where of an Update); one
+    ///   without keeps the plain comparison, so that an index serves;
     /// - everything else is passed on as it stands (like is overridden by the engine).
     static QString sqlite(const QString &sql);
 };

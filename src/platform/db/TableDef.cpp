@@ -17,3 +17,11 @@ void TableDef::appendField(const FieldDef &field) {
 void TableDef::deleteField(const QString &field) {
     m_engine->deleteField(m_name, field);
 }
+
+bool TableDef::hasIndex(const QString &index) const {
+    return m_engine->hasIndex(index);
+}
+
+void TableDef::createIndex(const IndexDef &index) {
+    m_engine->createIndex(m_name, index);
+}

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/SqlText.h"
+
 #include <QString>
 #include <vector>
 
@@ -22,6 +24,13 @@ struct FieldDef {
     int size = 0; ///< characters of a text, informative
 };
 
+/// An index that a hot query needs: its expressions, and the condition of the rows in it (empty: all rows).
+struct IndexDef {
+    QString name;
+    SqlText expressions;
+    SqlText condition = SqlText("");
+};
+
 /// A table's definition in an open database; lives no longer than the database.
 class TableDef {
   public:
@@ -34,6 +43,9 @@ class TableDef {
     void appendField(const FieldDef &field);
     /// Throws DbError when there is no such field, or nothing can be written.
     void deleteField(const QString &field);
+    bool hasIndex(const QString &index) const;
+    /// An engine without indexes of its own does nothing.
+    void createIndex(const IndexDef &index);
 
   private:
     Engine *m_engine;

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "grid/Creneaux.h"
+#include "grid/RendezVous.h"
+
+#include <QDateTime>
+
+class FlexGridModel;
+class ImagesRDV;
+struct FlexCell;
+
+/// Drawing into the cells of the week grid and of the day grids; no widget takes part.
+
+/// A grey, centred hour label.
+void EcritHeure(FlexCell &cellule, const QString &texte);
+/// "Heure" in row 0 and the time of every row from 1 on, closing row included, in column `col`.
+void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col);
+/// Background 0xA0A0A0 on rows `premiere` … `derniere` of `col`; none when the first is greater.
+void Grise(FlexGridModel &cellules, int premiere, int derniere, int col);
+bool EstGrise(const FlexCell &cellule);
+
+/// Clears the appointment area (all but the header, the closing row and the two outer columns), greyed
+/// backgrounds kept.
+void EffaceRendezVous(FlexGridModel &cellules);
+
+/// Draws one appointment in `colonne`: picture strip, text, and the colours of attendance and lateness.
+/// The first drawn row's label in column 0 is what lateness is measured against, at `maintenant`.
+void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const RendezVous &rdv, int colonne,
+                       ImagesRDV &images, const QDateTime &maintenant);

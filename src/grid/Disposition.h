@@ -1,0 +1,42 @@
+#pragma once
+
+#include <optional>
+
+/// Where everything of the main window stands, in twips, from the window's top left inner corner.
+struct Rectangle {
+    int gauche = 0;
+    int haut = 0;
+    int largeur = 0;
+    int hauteur = 0;
+
+    friend bool operator==(const Rectangle &, const Rectangle &) = default;
+};
+
+struct Disposition {
+    Rectangle GrilleRDV;
+    Rectangle Frame1; ///< week navigation; Frame4, day navigation, has the same place
+    Rectangle BtnPrecedent; ///< also BtnPrecedent2
+    Rectangle BtnAujourdhui;
+    Rectangle BtnSuivant;
+    Rectangle Frame2;
+    Rectangle BtnRafraichir;
+    Rectangle BtnMois;
+    Rectangle Frame3;
+    Rectangle BtnQuitter;
+    Rectangle GrilleRDV02;
+    Rectangle GrilleRDV03;
+};
+
+/// The layout for an inner size in twips; nothing at a height of 1200 or less, where the previous one stays.
+std::optional<Disposition> DisposeFenetre(int largeur, int hauteur);
+
+/// Column widths of a grid, in twips.
+struct LargeursColonnes {
+    int heures = 0; ///< hour-label columns
+    int jours = 0;  ///< each appointment column
+};
+
+/// The week grid: two hour columns, each half a day column.
+LargeursColonnes LargeursSemaine(int largeurGrille, int colonnes);
+/// A day grid: one hour column and one appointment column.
+LargeursColonnes LargeursJour(int largeurGrille);

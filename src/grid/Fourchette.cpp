@@ -1,0 +1,39 @@
+#include "grid/Fourchette.h"
+
+#include <algorithm>
+#include <array>
+
+FormeCellule Fourchette::forme(int ligne) const {
+    if (ligne < premiere || ligne > derniere) {
+        return FormeCellule::Aucune;
+    }
+    const bool top = ligne == premiere && !coupeeEnHaut;
+    const bool low = ligne == derniere && !coupeeEnBas;
+    if (top && low) {
+        return FormeCellule::Dbl;
+    }
+    return top ? FormeCellule::Top : (low ? FormeCellule::Low : FormeCellule::Mid);
+}
+
+Fourchette CoupeFourchette(int premiere, int derniere, int fermeture) {
+    if (derniere < premiere || derniere < 1 || premiere >= fermeture) {
+        return {};
+    }
+    return {std::max(premiere, 1), std::min(derniere, fermeture - 1), premiere < 1, derniere >= fermeture};
+}
+
+QString TexteRDV(const QString &nom, const QString &prenom, const QString &description) {
+    const QString sansDescription = QStringLiteral("  %1 %2").arg(nom.trimmed(), prenom.trimmed());
+    const QString courte = description.trimmed();
+    return courte.isEmpty() ? sansDescription : sansDescription + QStringLiteral("  [%1]").arg(courte);
+}
+
+QString NomImage(FormeCellule forme, int jour) {
+    constexpr std::array<QStringView, 5> formes{u"", u"Dbl", u"Top", u"Mid", u"Low"};
+    constexpr std::array<QStringView, 7> couleurs{u"Bleu", u"Violet", u"Orange", u"Jaune",
+                                                  u"Vert", u"Brown",  u"BleuF"};
+    if (forme == FormeCellule::Aucune || jour < 1 || jour > 7) {
+        return {};
+    }
+    return QStringLiteral("%1%2.bmp").arg(formes[size_t(forme)], couleurs[size_t(jour - 1)]);
+}

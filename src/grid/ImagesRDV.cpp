@@ -1,0 +1,51 @@
+#include "grid/ImagesRDV.h"
+
+#include "platform/files/StoredPaths.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr int plusGrandCote = 128; // pixels; a cell is some 20 high
+
+/// A bitmap has no transparency: its white lets the cell's own colour through, and lighter tones in proportion.
+/// On a white cell nothing changes.
+QImage sansFondBlanc(const QImage &bitmap) {
+    QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < image.height(); ++y) {
+        auto *ligne = reinterpret_cast<QRgb *>(image.scanLine(y));
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb c = ligne[x];
+            const int opacite = 255 - std::min({qRed(c), qGreen(c), qBlue(c)});
+            const auto pleine = [opacite](int ton) {
+                return opacite == 0 ? 0 : 255 - (255 - ton) * 255 / opacite;
+            };
+            ligne[x] = qRgba(pleine(qRed(c)), pleine(qGreen(c)), pleine(qBlue(c)), opacite);
+        }
+    }
+    return image;
+}
+
+QImage lit(const QString &fichier) {
+    QImage image(fichier);
+    if (image.isNull()) {
+        return {};
+    }
+    if (image.width() > plusGrandCote || image.height() > plusGrandCote) {
+        image = image.scaled(plusGrandCote, plusGrandCote, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    }
+    return image.hasAlphaChannel() ? image : sansFondBlanc(image);
+}
+
+} // namespace
+
+QImage ImagesRDV::image(const QString &nom) {
+    if (nom.isEmpty()) {
+        return {};
+    }
+    const auto connue = m_lues.constFind(nom);
+    if (connue != m_lues.constEnd()) {
+        return *connue;
+    }
+    return *m_lues.insert(nom, lit(m_chemins.real(m_racine + QStringLiteral("\\Images\\") + nom)));
+}

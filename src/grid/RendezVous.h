@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QTime>
+
+/// One appointment as the grids and the dialogs read it. A Null text is empty, a Null time invalid.
+struct RendezVous {
+    qint64 RefRDV = 0;
+    QString Nom;
+    QString Prenom;
+    QString Telephone;
+    QString Description;
+    QString NumPatient;
+    QDate Date1;
+    QTime HeureDebut;
+    QTime HeureFin;
+    bool Present = false;
+
+    /// Whether the end follows the start; an appointment that has no length is not drawn.
+    bool aUneDuree() const { return HeureDebut.isValid() && HeureFin.isValid() && HeureFin > HeureDebut; }
+    friend bool operator==(const RendezVous &, const RendezVous &) = default;
+};

@@ -1,0 +1,38 @@
+#include "grid/RendezVousTables.h"
+
+#include "start/DateInverse.h"
+
+namespace {
+
+QList<RendezVous> rendezVousDe(const Records &rows) {
+    const int refRDV = rows.field(u"RefRDV");
+    const int nom = rows.field(u"Nom");
+    const int prenom = rows.field(u"Prenom");
+    const int telephone = rows.field(u"Telephone");
+    const int description = rows.field(u"Description");
+    const int numPatient = rows.field(u"NumPatient");
+    const int date1 = rows.field(u"Date1");
+    const int heureDebut = rows.field(u"HeureDebut");
+    const int heureFin = rows.field(u"HeureFin");
+    const int present = rows.field(u"Present");
+    QList<RendezVous> liste;
+    liste.reserve(rows.count());
+    for (const Record row : rows) {
+        liste.append(RendezVous{row.at(refRDV).toInteger(), row.at(nom).toText(), row.at(prenom).toText(),
+                                row.at(telephone).toText(), row.at(description).toText(),
+                                row.at(numPatient).toText(), row.at(date1).toDate(),
+                                row.at(heureDebut).toTime(), row.at(heureFin).toTime(),
+                                row.at(present).toBoolean()});
+    }
+    return liste;
+}
+
+} // namespace
+
+QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien, long fauteuil) {
+    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
+                                  << texte(InverseDate(premier)) << " AND DateInv<= "
+                                  << texte(InverseDate(dernier)) << " AND clng(NumPraticien) = "
+                                  << nombre(praticien) << " AND clng(Fauteuil) = " << nombre(fauteuil)
+                                  << " order by DateInv, HeureDebut"));
+}

@@ -1,0 +1,43 @@
+#include "platform/ui/DatesFr.h"
+
+#include <QLocale>
+
+namespace {
+
+QString spelled(QDate date, QStringView format) {
+    static const QLocale french(QLocale::French, QLocale::France);
+    return french.toString(date, format);
+}
+
+} // namespace
+
+namespace DatesFr {
+
+QString courte(QDate date) {
+    return spelled(date, u"dd/MM/yyyy");
+}
+
+QString enteteJour(QDate date) {
+    return spelled(date, u"dddd dd MMM");
+}
+
+QString enteteJourLong(QDate date) {
+    return spelled(date, u"dddd dd MMMM");
+}
+
+QString etat(QDate date) {
+    return spelled(date, u"dd MMM yyyy");
+}
+
+QString heure(QTime time) {
+    if (!time.isValid()) {
+        return {};
+    }
+    const int minutes = time.hour() * 60 + time.minute();
+    const auto digit = [](int value) { return QChar(u'0' + char16_t(value)); };
+    const QChar text[] = {digit(minutes / 600), digit(minutes / 60 % 10), u':', digit(minutes % 60 / 10),
+                          digit(minutes % 10)};
+    return QString(text, 5);
+}
+
+} // namespace DatesFr

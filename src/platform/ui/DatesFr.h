@@ -1,0 +1,21 @@
+#pragma once
+
+#include <QDate>
+#include <QString>
+#include <QTime>
+
+/// Dates and times as the book spells them, in French whatever the machine's locale.
+namespace DatesFr {
+
+/// "dd/MM/yyyy"
+QString courte(QDate date);
+/// "dddd dd MMM", e.g. mercredi 11 mars: a week column's header
+QString enteteJour(QDate date);
+/// "dddd dd MMMM": a day grid's header
+QString enteteJourLong(QDate date);
+/// "dd MMM yyyy": the status bar
+QString etat(QDate date);
+/// "hh:mm", 24 hours; empty for an invalid time
+QString heure(QTime time);
+
+} // namespace DatesFr

@@ -1,0 +1,40 @@
+#include "platform/ui/FlexGridDelegate.h"
+
+#include "platform/ui/FlexGridModel.h"
+
+#include <QPainter>
+
+void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, const QPalette &palette,
+                   bool selected) {
+    if (cell.back.isValid()) {
+        painter.fillRect(rect, cell.back);
+    }
+    if (selected) {
+        QColor veil = palette.color(QPalette::Highlight);
+        veil.setAlphaF(cell.back.isValid() ? 0.55F : 0.35F); // the cell's own colour still shows through
+        painter.fillRect(rect, veil);
+    }
+    painter.setPen(palette.color(QPalette::Mid));
+    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
+    painter.drawLine(rect.topRight(), rect.bottomRight());
+    int pictureWidth = 0;
+    if (!cell.picture.isNull()) {
+        pictureWidth = cell.picture.width() * rect.height() / cell.picture.height();
+        painter.setRenderHint(QPainter::SmoothPixmapTransform);
+        painter.drawImage(QRect(rect.left(), rect.top(), pictureWidth, rect.height()), cell.picture);
+    }
+    if (!cell.text.isEmpty()) {
+        const bool onPalette = !cell.fore.isValid();
+        painter.setPen(onPalette ? palette.color(QPalette::Text) : cell.fore);
+        const QRect textRect = rect.adjusted(pictureWidth, 0, -1, 0);
+        const QString shown = painter.fontMetrics().elidedText(cell.text, Qt::ElideRight, textRect.width());
+        painter.drawText(textRect, int(cell.alignment) | Qt::TextSingleLine, shown);
+    }
+}
+
+void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
+                             const QModelIndex &index) const {
+    const auto *model = static_cast<const FlexGridModel *>(index.model());
+    paintFlexCell(*painter, option.rect, model->cell(index.row(), index.column()), option.palette,
+                  option.state.testFlag(QStyle::State_Selected));
+}

@@ -1,0 +1,30 @@
+#include "platform/ui/Messages.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+namespace {
+
+constexpr int longestText = 2000; // a box taller than the screen has no reachable button
+
+void prepare(QMessageBox &box, const QString &text, const QString &title) {
+    box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
+    box.setTextFormat(Qt::PlainText);
+    box.setText(text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text);
+}
+
+} // namespace
+
+void MessageBoxes::show(const QString &text, const QString &title, Icon icon) {
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, text, title);
+    box.setIcon(icon == Icon::Critical ? QMessageBox::Critical : QMessageBox::NoIcon);
+    box.exec();
+}
+
+bool MessageBoxes::ask(const QString &text, const QString &title) {
+    QMessageBox box(QApplication::activeWindow());
+    prepare(box, text, title);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    return box.exec() == QMessageBox::Yes;
+}

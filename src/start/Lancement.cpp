@@ -1,0 +1,96 @@
+#include "start/Lancement.h"
+
+#include "platform/ui/Messages.h"
+#include "start/Demarrage.h"
+#include "start/FrmEntree.h"
+#include "start/Options.h"
+#include "start/VariablesGlobales.h"
+
+#include <QApplication>
+#include <QLibraryInfo>
+#include <QScreen>
+#include <QTextStream>
+#include <QTimer>
+#include <QTranslator>
+
+namespace {
+
+constexpr int codeErreur = 1;
+constexpr int codeLigneRefusee = 2;
+
+QStringList argumentsDe(int argc, char **argv) {
+    QStringList arguments;
+    for (int i = 0; i < argc; ++i) {
+        arguments << QString::fromLocal8Bit(argv[i]);
+    }
+    return arguments;
+}
+
+void parleFrancais() {
+    QLocale::setDefault(QLocale(QLocale::French, QLocale::France));
+    auto *traduction = new QTranslator(qApp);
+    if (traduction->load(QStringLiteral("qtbase_fr"), QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+        QCoreApplication::installTranslator(traduction);
+    }
+}
+
+/// A clock that shows `depart` now and goes on from there.
+std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
+    const qint64 decalage = QDateTime::currentDateTime().msecsTo(depart);
+    return [decalage] { return QDateTime::currentDateTime().addMSecs(decalage); };
+}
+
+void donneSaTaille(QWidget &fenetre) {
+    constexpr QSize confortable(1280, 940);
+    const QSize disponible = fenetre.screen()->availableSize();
+    fenetre.resize(confortable.boundedTo(disponible));
+}
+
+void ecritImageEtQuitte(QWidget &fenetre, const QString &fichier) {
+    if (fenetre.grab().save(fichier)) {
+        QCoreApplication::exit(0);
+        return;
+    }
+    QTextStream(stderr) << "tavelin : l'image " << fichier << " ne peut pas être écrite\n";
+    QCoreApplication::exit(codeErreur);
+}
+
+} // namespace
+
+int Lance(int argc, char **argv) {
+    const Options options = LitOptions(argumentsDe(argc, argv));
+    if (options.aide) {
+        QTextStream(stdout) << AideOptions();
+        return 0;
+    }
+    MessageBoxes boites;
+    VariablesGlobales v;
+    v.messages = &boites;
+    QString erreur = options.erreur;
+    if (erreur.isEmpty() && !v.chemins.addDrives(options.lecteurs)) {
+        erreur = QStringLiteral("« %1 » n'est pas de la forme D=DOSSIER").arg(options.lecteurs);
+    }
+    if (!erreur.isEmpty()) {
+        QTextStream(stderr) << "tavelin : " << erreur << "\n(tavelin --help donne les options)\n";
+        return codeLigneRefusee;
+    }
+    if (options.maintenant.isValid()) {
+        v.maintenant = horlogeDepuis(options.maintenant);
+    }
+
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("tavelin"));
+    QApplication::setApplicationDisplayName(QStringLiteral("Tavelin"));
+    parleFrancais();
+    if (!LitEmplacements(v, options.chemin)) {
+        return codeErreur;
+    }
+    FrmEntree FrmEntree(v);
+    FrmEntree.Form_Load();
+    donneSaTaille(FrmEntree);
+    FrmEntree.show();
+    if (!options.capture.isEmpty()) {
+        QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });
+    }
+    return QApplication::exec();
+}

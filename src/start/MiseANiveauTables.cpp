@@ -1,0 +1,86 @@
+#include "start/MiseANiveauTables.h"
+
+namespace {
+
+const QString tableRDV = QStringLiteral("RDV");
+const QString tableConfig = QStringLiteral("Config");
+const FieldDef champDateInv{QStringLiteral("DateInv"), FieldType::Text, 10};
+const FieldDef champFauteuil{QStringLiteral("Fauteuil"), FieldType::Int16, 5};
+
+/// Rows that an older program wrote without the two fields.
+SqlText aRemplir() {
+    return SqlText("((DateInv Is Null Or DateInv = '') And Date1 Is Not Null) Or Fauteuil Is Null");
+}
+
+std::vector<IndexDef> indexRDV() {
+    return {
+        // one practitioner's week or day, in drawing order
+        {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
+        // the day under the selection
+        {QStringLiteral("RDVParDate"), SqlText("clng(NumPraticien), Date1, HeureDebut")},
+        // usually empty: every start looks for these rows, and must not read the whole book for that
+        {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
+    };
+}
+
+bool estANiveau(Database &base) {
+    TableDef rdv = base.tableDef(tableRDV);
+    const TableDef config = base.tableDef(tableConfig);
+    bool complet = rdv.hasField(champDateInv.name) && rdv.hasField(champFauteuil.name) &&
+                   config.hasField(champFauteuil.name);
+    for (const IndexDef &index : indexRDV()) {
+        complet = complet && rdv.hasIndex(index.name);
+    }
+    return complet && base.query(SqlText("Select RefRDV from RDV Where ") << aRemplir()).isEmpty() &&
+           base.query(SqlText("Select Fauteuil from Config Where Fauteuil Is Null")).isEmpty();
+}
+
+void remplit(Database &base) {
+    base.execute(SqlText("Update RDV Set DateInv = iif((DateInv Is Null Or DateInv = '') And Date1 Is Not "
+                         "Null, InverseDate(Date1), DateInv), Fauteuil = iif(Fauteuil Is Null, 0, Fauteuil) "
+                         "Where ")
+                 << aRemplir());
+    base.execute(SqlText("Update Config Set Fauteuil = 0 Where Fauteuil Is Null"));
+}
+
+} // namespace
+
+QString ModifieTable(TableDef table, ActionTable action, const FieldDef &champ) {
+    if (!table.isUpdatable()) {
+        return QStringLiteral("TableDef ne peut pas être mis à jour ! Tâche impossible à exécuter.");
+    }
+    const bool present = table.hasField(champ.name);
+    if (action == ActionTable::Append && !present) {
+        table.appendField(champ);
+    } else if (action == ActionTable::Delete && present) {
+        table.deleteField(champ.name);
+    }
+    return {};
+}
+
+QString MetANiveau(Database &base) {
+    const QString erreurRDV = QStringLiteral("Erreur ajout de champ dans la base RDV");
+    const QString erreurConfig = QStringLiteral("Erreur ajout de champ dans la base Config");
+    if (!base.tableDef(tableRDV).isUpdatable()) {
+        return erreurRDV;
+    }
+    if (!base.tableDef(tableConfig).isUpdatable()) {
+        return erreurConfig;
+    }
+    if (estANiveau(base)) {
+        return {};
+    }
+    Transaction transaction(base);
+    ModifieTable(base.tableDef(tableRDV), ActionTable::Append, champDateInv);
+    ModifieTable(base.tableDef(tableConfig), ActionTable::Append, champFauteuil);
+    ModifieTable(base.tableDef(tableRDV), ActionTable::Append, champFauteuil);
+    remplit(base);
+    TableDef rdv = base.tableDef(tableRDV);
+    for (const IndexDef &index : indexRDV()) {
+        if (!rdv.hasIndex(index.name)) {
+            rdv.createIndex(index);
+        }
+    }
+    transaction.commit();
+    return {};
+}

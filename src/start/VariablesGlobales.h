@@ -1,0 +1,71 @@
+#pragma once
+
+#include "config/Configuration.h"
+#include "grid/RendezVous.h"
+#include "platform/db/Database.h"
+#include "platform/files/StoredPaths.h"
+
+#include <QDateTime>
+#include <functional>
+
+class Messages;
+
+/// The program-wide state, created once and handed to windows. It carries what a test replaces, too.
+struct VariablesGlobales {
+    // What the outside world is
+    std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
+    Messages *messages = nullptr; ///< outlives every window
+    StoredPaths chemins;
+
+    // Data locations, as stored
+    QString CheminRacine;
+    QString CheminFichiers;
+    QString CheminBaseRDV;
+
+    // Hand-off and practitioner
+    QString PraticienCourant; ///< number as text: "01"
+    QString NomPatientTransmis;
+    QString PrenomPatientTransmis;
+    int NumPatientTransmis = 0;
+    bool AvecWord = false;
+    int NbPraticiens = 0;
+
+    // Loaded configuration
+    Configuration config;
+    bool ConfigExiste = false;    ///< the practitioner has a configuration of his own
+    bool AvecFauteuils = false;   ///< one of his configurations has a chair other than 0
+    int ConfigGrilleJour = -1;    ///< day grid (0 or 1) whose chair's configuration is loaded, -1 for none
+    int intervalleSansZoom = 0;   ///< slot length to come back to, 0 until the first zoom
+
+    // View
+    bool VueSemaine = true;
+    QDate txtNumJourEnCours; ///< the current date
+    int JourSemaineCourant = 0;
+
+    // Appointment being drawn or selected
+    QTime HeureDebutCourante;
+    QTime HeureFinCourante;
+    QString NomRDV;
+    QString PrenomRDV;
+    QString TelephoneRDV;
+    QString DescriptionRDV;
+    QString NumPatientCourant;
+    bool PresentRDV = false;
+    int ColonneJour = 1;
+
+    /// The current practitioner's number, as every query writes it.
+    long numPraticien() const { return CLng(PraticienCourant); }
+    /// Copies an appointment into the values above.
+    void prendRendezVous(const RendezVous &rdv) {
+        HeureDebutCourante = rdv.HeureDebut;
+        HeureFinCourante = rdv.HeureFin;
+        NomRDV = rdv.Nom;
+        PrenomRDV = rdv.Prenom;
+        TelephoneRDV = rdv.Telephone;
+        DescriptionRDV = rdv.Description;
+        NumPatientCourant = rdv.NumPatient;
+        PresentRDV = rdv.Present;
+    }
+    /// Opens the database stored at `chemin`; throws DbError.
+    Database ouvre(const QString &chemin) const { return Database::open(chemins.realDatabase(chemin)); }
+};
