@@ -31,9 +31,29 @@ std::optional<QString> premierNom(Database &rdv, const SqlText &sql) {
     return rows.first()[u"NomConfig"].toText();
 }
 
+Fields champsDe(const NouvelleConfig &nouvelle, const Configuration &config) {
+    Fields champs{{QStringLiteral("NomConfig"), nouvelle.NomConfig},
+                  {QStringLiteral("NumPraticien"), nouvelle.NumPraticien},
+                  {QStringLiteral("Intervalle"), config.Intervalle},
+                  {QStringLiteral("HeureMatDebut"), Value::time(config.HeureMatDebut)},
+                  {QStringLiteral("HeureMatFin"), Value::time(config.HeureMatFin)},
+                  {QStringLiteral("HeurePMDebut"), Value::time(config.HeurePMDebut)},
+                  {QStringLiteral("HeurePMFin"), Value::time(config.HeurePMFin)},
+                  {QStringLiteral("NbJours"), config.NbJours},
+                  {QStringLiteral("JourRepos"), config.JourRepos},
+                  {QStringLiteral("DefaultConfig"), Value::boolean(nouvelle.DefaultConfig)},
+                  {QStringLiteral("Fauteuil"), nouvelle.Fauteuil.value_or(0)}};
+    for (size_t i = 0; i < jours.size(); ++i) {
+        champs.emplace_back(jours[i] + QStringLiteral("Affich"), config.JourAffich[i]);
+        champs.emplace_back(jours[i] + QStringLiteral("Grise"), config.JourGrise[i]);
+    }
+    return champs;
+}
+
 } // namespace
 
-std::optional<Configuration> LitConfig(Database &rdv, const QString &nomConfig, long praticien, int fauteuil) {
+std::optional<Configuration> LitConfig(Database &rdv, const QString &nomConfig, long praticien,
+                                       int fauteuil) {
     SqlText sql("Select * from Config Where ");
     if (nomConfig == nomConfigParDefaut) {
         sql << "NomConfig =" << texte(nomConfig);
@@ -59,8 +79,9 @@ QList<LigneConfig> ConfigsDuPraticien(Database &rdv, long praticien) {
 }
 
 std::optional<QString> NomConfigParDefaut(Database &rdv, long praticien) {
-    return premierNom(rdv, SqlText("Select * from Config Where DefaultConfig = True And clng(NumPraticien) = ")
-                               << nombre(praticien));
+    return premierNom(rdv,
+                      SqlText("Select * from Config Where DefaultConfig = True And clng(NumPraticien) = ")
+                          << nombre(praticien));
 }
 
 std::optional<QString> NomConfigDeRepli(Database &rdv) {
@@ -70,4 +91,39 @@ std::optional<QString> NomConfigDeRepli(Database &rdv) {
 std::optional<QString> NomConfigDuFauteuil(Database &rdv, long praticien, int fauteuil) {
     return premierNom(rdv, SqlText("Select * from Config Where clng(NumPraticien) = ")
                                << nombre(praticien) << "and clng(Fauteuil)=" << nombre(fauteuil));
+}
+
+Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config) {
+    const long praticien = CLng(nouvelle.NumPraticien);
+    // The writer's lock comes before the questions: of two workstations that save the same name, one is
+    // refused.
+    Transaction transaction(rdv);
+    if (!rdv.query(SqlText("Select * from Config Where NomConfig = ") << texte(nouvelle.NomConfig))
+             .isEmpty()) {
+        return Enregistrement::NomPris;
+    }
+    if (nouvelle.Fauteuil && NomConfigDuFauteuil(rdv, praticien, *nouvelle.Fauteuil)) {
+        return Enregistrement::FauteuilPris;
+    }
+    if (nouvelle.DefaultConfig) {
+        rdv.execute(SqlText("Update Config Set DefaultConfig = False Where clng(NumPraticien) = ")
+                    << nombre(praticien));
+    }
+    rdv.insert(QStringLiteral("Config"), champsDe(nouvelle, config));
+    transaction.commit();
+    return Enregistrement::Fait;
+}
+
+bool SupprimeConfig(Database &rdv, const QString &nomConfig) {
+    // Saving keeps names unique, but an older book may hold one twice and Config has no key of its own: the
+    // engine's row identity takes its place, so that one row goes and never two.
+    Transaction transaction(rdv);
+    const Records rows = rdv.query(SqlText("Select rowid as cle from Config where NomConfig=")
+                                   << texte(nomConfig) << " order by rowid");
+    if (rows.isEmpty()) {
+        return false;
+    }
+    rdv.execute(SqlText("Delete from Config where rowid=") << nombre(rows.first()[u"cle"].toInteger()));
+    transaction.commit();
+    return true;
 }

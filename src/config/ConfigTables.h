@@ -24,3 +24,21 @@ std::optional<QString> NomConfigDeRepli(Database &rdv);
 
 /// NomConfig of the practitioner's first configuration for that chair.
 std::optional<QString> NomConfigDuFauteuil(Database &rdv, long praticien, int fauteuil);
+
+/// What the user says about a configuration to save.
+struct NouvelleConfig {
+    QString NomConfig;
+    QString NumPraticien;        ///< as the book keeps it: "01"
+    std::optional<int> Fauteuil; ///< nothing stands for 0, which any number of configurations may have
+    bool DefaultConfig = false;  ///< becomes the practitioner's only default
+};
+
+enum class Enregistrement { Fait, NomPris, FauteuilPris };
+
+/// Adds a row with the values of `config`, unless the name is taken by any practitioner or the chair by this
+/// one. Looking, clearing the other defaults and adding are one transaction.
+Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config);
+
+/// Deletes the first row of that name, whoever owns it; false when another workstation has removed it
+/// already.
+bool SupprimeConfig(Database &rdv, const QString &nomConfig);

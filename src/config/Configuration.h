@@ -8,11 +8,11 @@
 /// Weekdays are indexed 0 = Monday … 6 = Sunday; weekday numbers run 1 = Monday … 7 = Sunday.
 struct Configuration {
     QString FauteuilCourant;
-    int NbJours = 0;                     ///< displayed days
-    std::array<int, 7> JourAffich{};     ///< i + 1 when day i is displayed, 0 otherwise
-    int JourRepos = 0;                   ///< weekday number of the rest day
-    std::array<int, 7> JourGrise{};      ///< 0 nothing greyed, 1 morning, 2 afternoon, 3 both
-    int Intervalle = 0;                  ///< slot length in minutes
+    int NbJours = 0;                 ///< displayed days
+    std::array<int, 7> JourAffich{}; ///< i + 1 when day i is displayed, 0 otherwise
+    int JourRepos = 0;               ///< weekday number of the rest day
+    std::array<int, 7> JourGrise{};  ///< 0 nothing greyed, 1 morning, 2 afternoon, 3 both
+    int Intervalle = 0;              ///< slot length in minutes
     QTime HeureMatDebut;
     QTime HeureMatFin;
     QTime HeurePMDebut;

@@ -5,8 +5,8 @@
 #include <QDate>
 #include <QTime>
 
-/// Slot arithmetic of the grids. Rows count from 1 (row 0 is the header); times are minutes of the day, seconds
-/// never count. Every function expects a configuration without default (see DefautConfiguration).
+/// Slot arithmetic of the grids. Rows count from 1 (row 0 is the header); times are minutes of the day,
+/// seconds never count. Every function expects a configuration without default (see DefautConfiguration).
 
 /// Up to the next whole number for x > 0, down to the next for x <= 0.
 double MaxInt(double x);

@@ -42,10 +42,10 @@ void EffaceRendezVous(FlexGridModel &cellules) {
         for (int ligne = 1; ligne <= cellules.rows() - 2; ++ligne) {
             FlexCell &cellule = cellules.at(ligne, col);
             cellule.text.clear();
-            cellule.picture = {};
+            cellule.picture = QImage();
             if (!EstGrise(cellule)) {
-                cellule.back = {};
-                cellule.fore = {};
+                cellule.back = QColor();
+                cellule.fore = QColor();
             }
         }
     }
@@ -56,9 +56,8 @@ void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const 
     if (!rdv.aUneDuree()) {
         return;
     }
-    const Fourchette fourchette =
-        CoupeFourchette(creneaux.premiereLigne(rdv.HeureDebut), creneaux.derniereLigne(rdv.HeureFin),
-                        cellules.rows() - 1);
+    const Fourchette fourchette = CoupeFourchette(creneaux.premiereLigne(rdv.HeureDebut),
+                                                  creneaux.derniereLigne(rdv.HeureFin), cellules.rows() - 1);
     if (!fourchette.dessinee()) {
         return;
     }

@@ -14,7 +14,7 @@ struct Rectangle {
 
 struct Disposition {
     Rectangle GrilleRDV;
-    Rectangle Frame1; ///< week navigation; Frame4, day navigation, has the same place
+    Rectangle Frame1;       ///< week navigation; Frame4, day navigation, has the same place
     Rectangle BtnPrecedent; ///< also BtnPrecedent2
     Rectangle BtnAujourdhui;
     Rectangle BtnSuivant;

@@ -15,12 +15,13 @@ struct Fourchette {
     FormeCellule forme(int ligne) const;
 };
 
-/// Cuts rows `premiere` … `derniere` to a grid whose last (closing) row is `fermeture`, where nothing is drawn.
-/// Nothing is drawn either for an appointment wholly outside or one that has no row.
+/// Cuts rows `premiere` … `derniere` to a grid whose last (closing) row is `fermeture`, where nothing is
+/// drawn. Nothing is drawn either for an appointment wholly outside or one that has no row.
 Fourchette CoupeFourchette(int premiere, int derniere, int fermeture);
 
 /// What the first row of an appointment says: "  Nom Prenom" and, when there is one, "  [description]".
 QString TexteRDV(const QString &nom, const QString &prenom, const QString &description);
 
-/// File name of an appointment's picture for a weekday (1 … 7), e.g. "TopBleu.bmp"; empty for FormeCellule::Aucune.
+/// File name of an appointment's picture for a weekday (1 … 7), e.g. "TopBleu.bmp"; empty for
+/// FormeCellule::Aucune.
 QString NomImage(FormeCellule forme, int jour);

@@ -77,8 +77,8 @@ void GrilleSemaine::ErazeGrilleRDV() {
 void GrilleSemaine::AfficheRDV() {
     const QDate lundi = Lundi(v.txtNumJourEnCours);
     Database base = v.ouvre(v.CheminBaseRDV);
-    const QList<RendezVous> semaine = RendezVousEntre(base, lundi, lundi.addDays(6), v.numPraticien(),
-                                                      CLng(v.config.FauteuilCourant));
+    const QList<RendezVous> semaine =
+        RendezVousEntre(base, lundi, lundi.addDays(6), v.numPraticien(), CLng(v.config.FauteuilCourant));
     const QDateTime maintenant = v.maintenant();
     for (const RendezVous &rdv : semaine) {
         v.prendRendezVous(rdv);

@@ -8,8 +8,8 @@ namespace {
 
 constexpr int plusGrandCote = 128; // pixels; a cell is some 20 high
 
-/// A bitmap has no transparency: its white lets the cell's own colour through, and lighter tones in proportion.
-/// On a white cell nothing changes.
+/// A bitmap has no transparency: its white lets the cell's own colour through, and lighter tones in
+/// proportion. On a white cell nothing changes.
 QImage sansFondBlanc(const QImage &bitmap) {
     QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
     for (int y = 0; y < image.height(); ++y) {

@@ -6,8 +6,8 @@
 
 class StoredPaths;
 
-/// The pictures of appointment cells, each read once from the data root's folder Images. A file that is missing
-/// or damaged gives a null picture, which a cell shows as nothing.
+/// The pictures of appointment cells, each read once from the data root's folder Images. A file that is
+/// missing or damaged gives a null picture, which a cell shows as nothing.
 class ImagesRDV {
   public:
     ImagesRDV(const StoredPaths &chemins, QString racine) : m_chemins(chemins), m_racine(std::move(racine)) {}

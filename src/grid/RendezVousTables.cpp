@@ -29,10 +29,11 @@ QList<RendezVous> rendezVousDe(const Records &rows) {
 
 } // namespace
 
-QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien, long fauteuil) {
-    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
-                                  << texte(InverseDate(premier)) << " AND DateInv<= "
-                                  << texte(InverseDate(dernier)) << " AND clng(NumPraticien) = "
-                                  << nombre(praticien) << " AND clng(Fauteuil) = " << nombre(fauteuil)
-                                  << " order by DateInv, HeureDebut"));
+QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
+                                  long fauteuil) {
+    return rendezVousDe(
+        rdv.query(SqlText("Select * from RDV Where DateInv >= ")
+                  << texte(InverseDate(premier)) << " AND DateInv<= " << texte(InverseDate(dernier))
+                  << " AND clng(NumPraticien) = " << nombre(praticien)
+                  << " AND clng(Fauteuil) = " << nombre(fauteuil) << " order by DateInv, HeureDebut"));
 }

@@ -12,7 +12,8 @@ bool LitEmplacements(VariablesGlobales &v, const QString &fichier) {
         const auto lus = LitChemin(chemin);
         if (!lus || lus->LeChemin.isEmpty()) {
             v.messages->error(
-                QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.").arg(fichier));
+                QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
+                    .arg(fichier));
             return false;
         }
         v.CheminRacine = lus->LeChemin;
@@ -55,9 +56,10 @@ void LitTransmissionSuite(VariablesGlobales &v) {
         v.NumPatientCourant = QString::number(lue.NumPatient);
     }
     if (!lue.NumPraticien.isEmpty() && CLng(lue.NumPraticien) <= 0) {
-        v.messages->error(QStringLiteral("Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est "
-                                         "pas un numéro valable : le carnet s'ouvre sur le premier praticien.")
-                              .arg(lue.NumPraticien.left(50)));
+        v.messages->error(
+            QStringLiteral("Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est "
+                           "pas un numéro valable : le carnet s'ouvre sur le premier praticien.")
+                .arg(lue.NumPraticien.left(50)));
         return;
     }
     v.PraticienCourant = lue.NumPraticien;

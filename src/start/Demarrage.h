@@ -18,6 +18,6 @@ bool MetBaseANiveau(VariablesGlobales &v);
 /// Reads what the suite hands over; without it the book opens on the first practitioner.
 void LitTransmissionSuite(VariablesGlobales &v);
 
-/// Reads the practitioners, whether the current one uses the word processor and how many they are; chooses the
-/// first when the suite named none. Empty when there is nobody to open the book on.
+/// Reads the practitioners, whether the current one uses the word processor and how many they are; chooses
+/// the first when the suite named none. Empty when there is nobody to open the book on.
 QList<Praticien> LitPraticiens(VariablesGlobales &v);

@@ -22,9 +22,8 @@ namespace {
 QRect enPixels(const Rectangle &twips) {
     const int gauche = pixelsFromTwips(twips.gauche);
     const int haut = pixelsFromTwips(twips.haut);
-    return {QPoint(gauche, haut),
-            QSize(pixelsFromTwips(twips.gauche + twips.largeur) - gauche,
-                  pixelsFromTwips(twips.haut + twips.hauteur) - haut)};
+    return {QPoint(gauche, haut), QSize(pixelsFromTwips(twips.gauche + twips.largeur) - gauche,
+                                        pixelsFromTwips(twips.haut + twips.hauteur) - haut)};
 }
 
 } // namespace
@@ -51,8 +50,8 @@ FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
     for (QAction *action : {ui->mnuquitter, ui->mnuAPropos}) {
         active(action, true);
     }
-    for (QPushButton *bouton : {ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant, ui->BtnRafraichir,
-                                ui->BtnMois}) {
+    for (QPushButton *bouton :
+         {ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant, ui->BtnRafraichir, ui->BtnMois}) {
         bouton->setEnabled(false);
     }
     ui->mnuDocteur->setVisible(false);
@@ -157,8 +156,9 @@ void FrmEntree::choisitConfiguration(int fauteuilDeRepli) {
         chargeConfig(base, *repli, fauteuilDeRepli);
     } else {
         v.config = {};
-        v.messages->error(QStringLiteral("Ce praticien n'a pas de configuration et la configuration « Défaut » "
-                                         "n'existe pas : le carnet ne peut pas être affiché."));
+        v.messages->error(
+            QStringLiteral("Ce praticien n'a pas de configuration et la configuration « Défaut » "
+                           "n'existe pas : le carnet ne peut pas être affiché."));
     }
     v.ConfigExiste = !ConfigsDuPraticien(base, v.numPraticien()).isEmpty();
     for (QAction *action : {ui->mnuSauver, ui->mnutranche, ui->mnuexclure}) {
@@ -177,15 +177,15 @@ void FrmEntree::chargeConfig(Database &base, const QString &nomConfig, int faute
     v.config = *lue;
     const QString defaut = DefautConfiguration(v.config);
     if (!defaut.isEmpty()) {
-        v.messages->error(
-            QStringLiteral("La configuration « %1 » ne peut pas être affichée : %2.").arg(nomConfig.left(100), defaut));
+        v.messages->error(QStringLiteral("La configuration « %1 » ne peut pas être affichée : %2.")
+                              .arg(nomConfig.left(100), defaut));
     }
 }
 
 void FrmEntree::montreVueSemaine() {
     v.VueSemaine = true;
-    for (QWidget *w : QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui,
-                                       ui->BtnSuivant}) {
+    for (QWidget *w :
+         QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant}) {
         w->setVisible(true);
     }
     for (QWidget *w : QList<QWidget *>{ui->GrilleRDV02, ui->GrilleRDV03, ui->Frame4, ui->BtnPrecedent2,
@@ -256,14 +256,22 @@ void FrmEntree::Form_Resize() {
         return;
     }
     const std::initializer_list<std::pair<QWidget *, const Rectangle *>> places{
-        {ui->GrilleRDV, &d->GrilleRDV},         {ui->Frame1, &d->Frame1},
-        {ui->BtnPrecedent, &d->BtnPrecedent},   {ui->BtnAujourdhui, &d->BtnAujourdhui},
-        {ui->BtnSuivant, &d->BtnSuivant},       {ui->Frame2, &d->Frame2},
-        {ui->BtnRafraichir, &d->BtnRafraichir}, {ui->BtnMois, &d->BtnMois},
-        {ui->Frame3, &d->Frame3},               {ui->BtnQuitter, &d->BtnQuitter},
-        {ui->Frame4, &d->Frame1},               {ui->BtnPrecedent2, &d->BtnPrecedent},
-        {ui->BtnAujourdhui2, &d->BtnAujourdhui}, {ui->BtnSuivant2, &d->BtnSuivant},
-        {ui->GrilleRDV02, &d->GrilleRDV02},     {ui->GrilleRDV03, &d->GrilleRDV03}};
+        {ui->GrilleRDV, &d->GrilleRDV},
+        {ui->Frame1, &d->Frame1},
+        {ui->BtnPrecedent, &d->BtnPrecedent},
+        {ui->BtnAujourdhui, &d->BtnAujourdhui},
+        {ui->BtnSuivant, &d->BtnSuivant},
+        {ui->Frame2, &d->Frame2},
+        {ui->BtnRafraichir, &d->BtnRafraichir},
+        {ui->BtnMois, &d->BtnMois},
+        {ui->Frame3, &d->Frame3},
+        {ui->BtnQuitter, &d->BtnQuitter},
+        {ui->Frame4, &d->Frame1},
+        {ui->BtnPrecedent2, &d->BtnPrecedent},
+        {ui->BtnAujourdhui2, &d->BtnAujourdhui},
+        {ui->BtnSuivant2, &d->BtnSuivant},
+        {ui->GrilleRDV02, &d->GrilleRDV02},
+        {ui->GrilleRDV03, &d->GrilleRDV03}};
     for (const auto &[controle, place] : places) {
         controle->setGeometry(enPixels(*place));
     }

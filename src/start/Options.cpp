@@ -25,7 +25,8 @@ Options LitOptions(const QStringList &arguments) {
     const QCommandLineOption lecteur(QStringLiteral("lecteur"), {}, QStringLiteral("D=DOSSIER"));
     const QCommandLineOption maintenant(QStringLiteral("maintenant"), {}, QStringLiteral("INSTANT"));
     const QCommandLineOption capture(QStringLiteral("capture"), {}, QStringLiteral("FICHIER"));
-    const QCommandLineOption aide(QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
+    const QCommandLineOption aide(
+        QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
     QCommandLineParser ligne;
     ligne.addOptions({chemin, lecteur, maintenant, capture, aide});
 
@@ -34,14 +35,15 @@ Options LitOptions(const QStringList &arguments) {
     options.aide = ligne.isSet(aide);
     if (!comprise || !ligne.positionalArguments().isEmpty()) {
         const QStringList inconnues = ligne.unknownOptionNames() + ligne.positionalArguments();
-        options.erreur = inconnues.isEmpty()
-                             ? QStringLiteral("il manque la valeur d'une option")
-                             : QStringLiteral("option inconnue : %1").arg(inconnues.join(QStringLiteral(", ")));
+        options.erreur =
+            inconnues.isEmpty()
+                ? QStringLiteral("il manque la valeur d'une option")
+                : QStringLiteral("option inconnue : %1").arg(inconnues.join(QStringLiteral(", ")));
         return options;
     }
     options.chemin = ligne.isSet(chemin) ? ligne.value(chemin) : cheminFixe();
-    options.lecteurs = ligne.isSet(lecteur) ? ligne.values(lecteur).join(u';')
-                                            : qEnvironmentVariable("TAVELIN_LECTEURS");
+    options.lecteurs =
+        ligne.isSet(lecteur) ? ligne.values(lecteur).join(u';') : qEnvironmentVariable("TAVELIN_LECTEURS");
     options.capture = ligne.value(capture);
     if (ligne.isSet(maintenant)) {
         options.maintenant = QDateTime::fromString(ligne.value(maintenant), Qt::ISODate);

@@ -5,16 +5,16 @@
 
 /// What the command line asks for.
 struct Options {
-    QString chemin;   ///< the path database; never empty
-    QString lecteurs; ///< drives, "D=/srv/cabinet;E=/srv/base"
+    QString chemin;       ///< the path database; never empty
+    QString lecteurs;     ///< drives, "D=/srv/cabinet;E=/srv/base"
     QDateTime maintenant; ///< where the clock starts; invalid: the machine's
-    QString capture;  ///< picture to write before quitting; empty: run on
+    QString capture;      ///< picture to write before quitting; empty: run on
     bool aide = false;
     QString erreur; ///< why the line is refused, in French; empty when it is not
 };
 
-/// Reads the arguments (program name included); environment variables and the fixed place of the path database
-/// fill what is not given.
+/// Reads the arguments (program name included); environment variables and the fixed place of the path
+/// database fill what is not given.
 Options LitOptions(const QStringList &arguments);
 
 /// The help text.

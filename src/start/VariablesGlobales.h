@@ -32,10 +32,10 @@ struct VariablesGlobales {
 
     // Loaded configuration
     Configuration config;
-    bool ConfigExiste = false;    ///< the practitioner has a configuration of his own
-    bool AvecFauteuils = false;   ///< one of his configurations has a chair other than 0
-    int ConfigGrilleJour = -1;    ///< day grid (0 or 1) whose chair's configuration is loaded, -1 for none
-    int intervalleSansZoom = 0;   ///< slot length to come back to, 0 until the first zoom
+    bool ConfigExiste = false;  ///< the practitioner has a configuration of his own
+    bool AvecFauteuils = false; ///< one of his configurations has a chair other than 0
+    int ConfigGrilleJour = -1;  ///< day grid (0 or 1) whose chair's configuration is loaded, -1 for none
+    int intervalleSansZoom = 0; ///< slot length to come back to, 0 until the first zoom
 
     // View
     bool VueSemaine = true;

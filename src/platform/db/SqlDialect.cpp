@@ -175,7 +175,8 @@ constexpr std::array<Call, 4> calls{{{u"clng", u"CAST", u" AS INTEGER"},
                                      {u"InverseDate", u"replace", u", '-', ''"}}};
 
 const Call *callNamed(const Token &function) {
-    const auto *found = std::ranges::find_if(calls, [&](const Call &call) { return function.isWord(call.dialect); });
+    const auto *found =
+        std::ranges::find_if(calls, [&](const Call &call) { return function.isWord(call.dialect); });
     return found != calls.end() ? found : nullptr;
 }
 

@@ -7,7 +7,8 @@ class SqlDialect {
   public:
     /// SQLite text for `sql`:
     /// - pieces that were joined without a blank ("=1and", "'…*'order by") are set apart;
-    /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT), InverseDate(x) the eight digits
+    /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT), InverseDate(x) the eight
+    /// digits
     ///   of a stored date; cstr and ucase stay, as functions that the engine registers (see SqliteFunctions);
     /// - #MM dd yyyy# becomes 'YYYY-MM-DD', #HH:MM# and #HH:MM:SS# become 'HH:MM:SS';
     /// - True and False become 1 and 0; & becomes ||; a text between double quotes gets single ones;

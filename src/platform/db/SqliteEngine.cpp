@@ -14,7 +14,7 @@ constexpr int waitForOthersMs = 5000;
 /// Root may write anything; a file that nobody is allowed to write is read-only for the book all the same.
 bool isMarkedReadOnly(const QString &file) {
     const QFileInfo info(file);
-    const auto anyWriter = QFile::WriteOwner | QFile::WriteUser | QFile::WriteGroup | QFile::WriteOther;
+    const auto anyWriter = QFile::WriteOwner | QFile::WriteGroup | QFile::WriteOther;
     return !(info.permissions() & anyWriter) || !info.isWritable();
 }
 
@@ -28,7 +28,7 @@ QString typeName(FieldType type) {
     case FieldType::AutoNumber:
         return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
     case FieldType::Boolean:
-        return QStringLiteral("INTEGER NOT NULL DEFAULT 0");
+        return QStringLiteral("INTEGER DEFAULT 0");
     case FieldType::Int16:
     case FieldType::Int32:
         return QStringLiteral("INTEGER");

@@ -38,7 +38,8 @@ class SqliteEngine : public Engine {
     class Statement;
     SqliteEngine(const QString &file, int openFlags);
 
-    /// The prepared statement for `nativeSql`, made once per connection: a bulk load runs one text many times.
+    /// The prepared statement for `nativeSql`, made once per connection: a bulk load runs one text many
+    /// times.
     sqlite3_stmt *prepared(const QString &nativeSql);
     /// Binds `values` from parameter 1 on, then `key` when given, and runs the statement to its end.
     void run(const QString &nativeSql, const Fields &values, const qint64 *key = nullptr);

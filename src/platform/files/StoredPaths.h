@@ -12,7 +12,8 @@ class StoredPaths {
     bool addDrives(const QString &entries);
 
     /// Backslashes turned, a mapped drive letter replaced, each component matched without regard to letter
-    /// case. A component that is not there is kept as spelled, so that the path can still be named or created.
+    /// case. A component that is not there is kept as spelled, so that the path can still be named or
+    /// created.
     QString real(const QString &stored) const;
 
     /// real() of a database, whose extension may be left out: ".mdb" then.

@@ -1,0 +1,168 @@
+#include "platform/db/SqlDialect.h"
+#include "platform/db/SqliteFunctions.h"
+
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+
+namespace {
+
+std::string translated(const char *sql) {
+    return SqlDialect::sqlite(QString::fromUtf8(sql)).toStdString();
+}
+
+/// A book in memory, asked in the book's dialect.
+class Book {
+  public:
+    Book() {
+        sqlite3_open(":memory:", &m_connection);
+        registerSqliteFunctions(m_connection);
+        for (const char *sql :
+             {"Create Table RDV (RefRDV INTEGER, NumPraticien INTEGER, Fauteuil INTEGER, NumPatient INTEGER, "
+              "DateInv TEXT, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, Nom TEXT, Prenom TEXT, Present "
+              "INTEGER)",
+              "Create Table Config (NomConfig TEXT, NumPraticien TEXT, Fauteuil TEXT)",
+              "Create Table TabPat (Cptid TEXT, Nom TEXT, Prenom TEXT, Titre TEXT, RDVNonHonoré INTEGER)",
+              "Create Table Impression (Heure TEXT, HeurePM TEXT)",
+              "Create Table Actes (NumActe INTEGER, NumPatient INTEGER, Libellé TEXT, AFaire INTEGER)",
+              "Create Index RDVSemaine on RDV (clng(NumPraticien), DateInv, HeureDebut)",
+              "Insert into RDV Values (1, 1, 0, 7, '20260311', #03 11 2026#, #09:00#, #09:30#, 'D''Arc', "
+              "'Jean', False)",
+              "Insert into RDV Values (2, 1, 2, 8, '20260312', #03 12 2026#, #14:15:00#, #15:00#, 'Émile', "
+              "Null, True)",
+              "Insert into Config Values ('Défaut', '1', '2')"}) {
+            EXPECT_EQ(run(sql), "") << sql;
+        }
+    }
+    ~Book() { sqlite3_close(m_connection); }
+
+    /// The last column of every row, joined; the engine's message when it refuses.
+    std::string run(const char *sql) {
+        sqlite3_stmt *statement = nullptr;
+        if (sqlite3_prepare_v2(m_connection, translated(sql).c_str(), -1, &statement, nullptr) != SQLITE_OK) {
+            return sqlite3_errmsg(m_connection);
+        }
+        std::string result;
+        while (sqlite3_step(statement) == SQLITE_ROW) {
+            const int last = sqlite3_column_count(statement) - 1;
+            const auto *text = reinterpret_cast<const char *>(sqlite3_column_text(statement, last));
+            result += (result.empty() ? "" : ",") + std::string(text != nullptr ? text : "Null");
+        }
+        sqlite3_finalize(statement);
+        return result;
+    }
+
+  private:
+    sqlite3 *m_connection = nullptr;
+};
+
+struct Row {
+    const char *name;
+    const char *source;
+    const char *expected;
+};
+
+std::string nameOf(const testing::TestParamInfo<Row> &info) {
+    return info.param.name;
+}
+
+class SqlDialectTest : public testing::TestWithParam<Row> {};
+
+TEST_P(SqlDialectTest, translates) {
+    EXPECT_EQ(translated(GetParam().source), GetParam().expected);
+}
+
+const Row translations[] = {
+    {"joinedNumber", "Select * from Config Where clng(NumPraticien) =1and clng(Fauteuil)=2",
+     "Select * from Config Where CAST(NumPraticien AS INTEGER) = 1 and CAST(Fauteuil AS INTEGER) = 2"},
+    {"comparedText", "Select * from Config Where NomConfig ='Défaut'",
+     "Select * from Config Where NomConfig = 'Défaut' COLLATE TEXTE"},
+    {"textOnTheLeft", "'Défaut'<>NomConfig", "'Défaut' COLLATE TEXTE <> NomConfig"},
+    {"textBetweenComparisons", "a < 'x' = b", "a < 'x' COLLATE TEXTE = b"},
+    {"accentAlone", "Nom>='É'", "Nom >= 'É' COLLATE TEXTE"},
+    {"digitsAndLike", "DateInv<= '20260315'or nom like 'DU*'order by nom",
+     "DateInv <= '20260315' or nom like 'DU*' order by nom"},
+    {"assigned", "Update TabPat Set Nom='a', Prenom = 'b' Where Nom='c'",
+     "Update TabPat Set Nom = 'a', Prenom = 'b' Where Nom = 'c' COLLATE TEXTE"},
+    {"comparedInsideAssignment", "update X set A = (select 1 where B = 'b'), C = 'c'",
+     "update X set A = (select 1 where B = 'b' COLLATE TEXTE), C = 'c'"},
+    {"insertedTexts", "Insert into X (A,B) Values ('a','b')", "Insert into X (A, B) Values ('a', 'b')"},
+    {"dateAndTimes", "Date1 = #03 25 2005# And Heure <= #09:30# or Heure>#23:59:58#",
+     "Date1 = '2005-03-25' And Heure <= '09:30:00' or Heure > '23:59:58'"},
+    {"hashThatIsNoDate", "#13 45 2005# or #25:00#or a#", "#13 45 2005# or #25:00#or a#"},
+    {"hashInText", "a = '#09:30#' and b = ''", "a = '#09:30#' and b = ''"},
+    {"nestedFunctions", "ucase( str (x) )='A1' and CINT((a)+str(b))=1",
+     "ucase(CAST (x AS TEXT)) = 'A1' COLLATE TEXTE and CAST((a) + CAST(b AS TEXT) AS INTEGER) = 1"},
+    {"functionNameAlone", "Select str, [clng](x) from T", "Select str, [clng](x) from T"},
+    {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
+     "Present = 0 and x = 1 and [True] = 'True' COLLATE TEXTE and TrueX"},
+    {"names", "A1.DateCréationFicheInv=[Nom d'usage]and A2 . *",
+     "A1.DateCréationFicheInv = [Nom d'usage] and A2.*"},
+    {"quotes", R"(a like "l'""eau" & 'd''arc')", R"(a like 'l''"eau' || 'd''arc')"},
+    {"minusIsNoComment", "5--3", "5 - - 3"},
+    {"numbers", "1.5and .5or 2E-3and 3e", "1.5 and .5 or 2E-3 and 3 e"},
+    {"blankRuns", "  Select\t1 ,\n 2 ;", "Select 1, 2;"},
+    {"neverClosed", "a = 'b  c", "a = 'b  c"},
+    {"bracketNeverClosed", "[a", "[a"},
+    {"parenthesesOutOfBalance", ") clng(x", ") CAST(x"},
+    {"nothing", "", ""},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, SqlDialectTest, testing::ValuesIn(translations), nameOf);
+
+class SqlDialectRunTest : public testing::TestWithParam<Row> {};
+
+TEST_P(SqlDialectRunTest, givesTheRightRows) {
+    EXPECT_EQ(Book().run(GetParam().source), GetParam().expected);
+}
+
+const Row runs[] = {
+    {"week",
+     "Select RefRDV from RDV Where DateInv >= '20260309' AND DateInv<= '20260315' AND clng(NumPraticien) = 1 "
+     "AND clng(Fauteuil) = 0 order by DateInv, HeureDebut",
+     "1"},
+    {"weekUsesItsIndex",
+     "Explain Query Plan Select * from RDV Where clng(NumPraticien)=1 And DateInv >= '20260309'",
+     "SEARCH RDV USING INDEX RDVSemaine (<expr>=? AND DateInv>?)"},
+    {"overlap",
+     "Select RefRDV from RDV Where Date1 = #03 11 2026# AND clng(NumPraticien) = 1 AND "
+     "((HeureDebut <= #09:00:00# And HeureFin > #09:00:00#) OR (HeureDebut < #09:30# And HeureFin >= "
+     "#09:30#))",
+     "1"},
+    {"absent",
+     "select RefRDV from RDV where clng(NumPraticien) = 1 and CLng(DateInv) = 20260311 and Present = False "
+     "order by HeureDebut",
+     "1"},
+    {"upperNames",
+     "Select NumPatient from RDV Where ucase(Nom) = 'D''ARC' AND ucase(Prenom) = 'JEAN'order by DateInv Desc",
+     "7"},
+    {"hourBand",
+     "SELECT RefRDV FROM RDV  WHERE clng(NumPraticien) = 1 AND Fauteuil = 2 AND DateInv = '20260312' AND ( "
+     "(str(HeureDebut) >= '09:00:00' AND str(HeureDebut) < '10:00:00' ) OR (str(HeureDebut) >= '14:00:00' "
+     "AND str(HeureDebut) < '15:00:00' ))",
+     "2"},
+    {"castAgainstText", "Select NomConfig from Config where cint(NumPraticien)='1'", "Défaut"},
+    {"comparedWithoutCase", "Select NumPraticien from Config where NomConfig = 'DÉFAUT'", "1"},
+    {"orderedWithoutCase", "Select RefRDV from RDV where Nom >= 'd''a'", "1,2"},
+    {"accentsCompared", "Select NumPraticien from Config where NomConfig = 'Defaut'", ""},
+    {"printing", "Select * from Impression where Heure= '09:00' or HeurePM='09:00'", ""},
+    {"lastActs",
+     "SELECT Libellé, NumActe FROM Actes as A1 WHERE A1.NumActe IN ( SELECT max(NumActe) FROM Actes as A2 "
+     "WHERE A2.NumPatient = 12 AND A2.AFaire <> 0)",
+     ""},
+    {"accentedField", "Select RDVNonHonoré from TabPat where clng(Cptid)=12", ""},
+    {"distinctTitles", "select distinct(Titre) from TabPat", ""},
+    {"quoteInLike", "select RefRDV from RDV where nom like 'D''AR*'order by nom asc, prenom asc", "1"},
+    {"accentInLike", "select RefRDV from RDV where nom like 'é*' and ucase(nom) = 'ÉMILE'", "2"},
+    {"noAccentInLike", "select RefRDV from RDV where nom like 'e*' or nom = 'EMILE'", ""},
+    {"likeAndNull", "select RefRDV from RDV where not (Prenom like 'X*')", "1"},
+    {"nullStaysNull", "select ucase(Prenom) from RDV where RefRDV = 2", "Null"},
+    {"joinedTexts", "select Nom & ' ' & Prenom from RDV where RefRDV = 1", "D'Arc Jean"},
+    {"datesAsText", "select cstr(Date1) from RDV", "11/03/2026,12/03/2026"},
+    {"othersAsText",
+     "select cstr(DateInv) & cstr(7) & cstr('2026-13-45') & cstr(Prenom) from RDV where RefRDV = 2",
+     "2026031272026-13-45"},
+};
+
+INSTANTIATE_TEST_SUITE_P(Rows, SqlDialectRunTest, testing::ValuesIn(runs), nameOf);
+
+} // namespace
