@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QtGlobal>
+#include <cstddef>
+#include <iterator>
+#include <random>
+#include <span>
+#include <utility>
+
+/// Chance that repeats: the same seed draws the same numbers with every compiler and library, which the
+/// standard promises for the generator but not for its distributions.
+class Hasard {
+  public:
+    explicit Hasard(quint32 graine) : m_source(graine) {}
+
+    /// 0 … n-1
+    int entier(int n) { return int((quint64(m_source()) * quint64(n)) >> 32); }
+    /// a … b
+    int entre(int a, int b) { return a + entier(b - a + 1); }
+    bool chance(int pourMille) { return entier(1000) < pourMille; }
+
+    template <typename Liste>
+    const auto &choix(const Liste &valeurs) {
+        return valeurs[std::size_t(entier(int(std::size(valeurs))))];
+    }
+
+    template <typename T>
+    void melange(std::span<T> valeurs) {
+        for (std::size_t i = valeurs.size(); i > 1; --i) {
+            std::swap(valeurs[i - 1], valeurs[std::size_t(entier(int(i)))]);
+        }
+    }
+
+  private:
+    std::mt19937 m_source;
+};
