@@ -127,3 +127,11 @@ bool SupprimeConfig(Database &rdv, const QString &nomConfig) {
     transaction.commit();
     return true;
 }
+
+std::optional<std::array<int, 7>> JourAffichDuFauteuil(Database &rdv, int fauteuil) {
+    const Records rows = rdv.query(SqlText("Select * from Config Where clng(Fauteuil) = ") << nombre(fauteuil));
+    if (rows.isEmpty()) {
+        return std::nullopt;
+    }
+    return configurationDe(rows.first()).JourAffich;
+}

@@ -22,6 +22,9 @@ std::optional<QString> NomConfigParDefaut(Database &rdv, long praticien);
 /// NomConfig of the first configuration of practitioner 0, who owns the fall-back.
 std::optional<QString> NomConfigDeRepli(Database &rdv);
 
+/// The displayed days of the first configuration of a chair, whoever owns it.
+std::optional<std::array<int, 7>> JourAffichDuFauteuil(Database &rdv, int fauteuil);
+
 /// NomConfig of the practitioner's first configuration for that chair.
 std::optional<QString> NomConfigDuFauteuil(Database &rdv, long praticien, int fauteuil);
 

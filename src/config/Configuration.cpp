@@ -14,7 +14,7 @@ QString DefautConfiguration(const Configuration &config) {
         return QStringLiteral("les horaires ne se suivent pas");
     }
     const auto displayed = std::ranges::count_if(config.JourAffich, [](int jour) { return jour != 0; });
-    if (displayed == 0 || displayed != config.NbJours) {
+    if (displayed == 0 || config.NbJours < 1 || config.NbJours > 7) {
         return QStringLiteral("le nombre de jours affichés est faux");
     }
     return {};

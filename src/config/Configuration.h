@@ -23,7 +23,7 @@ struct Configuration {
 
 /// Why a grid cannot be drawn from `config`, as the end of a French sentence; empty when it can:
 /// a slot of at least 1 minute, four hours in order, an afternoon end after the morning start,
-/// and as many displayed days as NbJours says.
+/// a displayed day, and 1 to 7 columns.
 QString DefautConfiguration(const Configuration &config);
 
 /// Whether the weekday number is one of the seven entries (of JourAffich: whether that day is displayed).

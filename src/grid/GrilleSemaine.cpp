@@ -39,7 +39,7 @@ void GrilleSemaine::grise() {
     const int midi = PremiereLigneMidi(v.config);
     const int finMidi = DerniereLigneMidi(v.config);
     for (int jour = 1; jour <= 7; ++jour) {
-        const int col = ColonneDuJour(jour, v.config.JourAffich);
+        const int col = colonne(jour);
         if (col == 0) {
             continue;
         }
@@ -59,7 +59,7 @@ void GrilleSemaine::AfficheDate() {
     v.JourSemaineCourant = Jour(v.txtNumJourEnCours);
     const QDate lundi = Lundi(v.txtNumJourEnCours);
     for (int jour = 1; jour <= 7; ++jour) {
-        const int col = ColonneDuJour(jour, v.config.JourAffich);
+        const int col = colonne(jour);
         if (col > 0) {
             m_grille.cells().at(0, col) = {DatesFr::enteteJour(lundi.addDays(jour - 1)),
                                            QColor(couleurWindows(CouleurJour(jour))), Qt::white,
@@ -82,12 +82,25 @@ void GrilleSemaine::AfficheRDV() {
     const QDateTime maintenant = v.maintenant();
     for (const RendezVous &rdv : semaine) {
         v.prendRendezVous(rdv);
-        const int col = ColonneDuJour(Jour(rdv.Date1), v.config.JourAffich);
+        const int col = colonne(Jour(rdv.Date1));
         if (col > 0) {
             v.ColonneJour = col;
             AfficheFourchette(m_grille.cells(), CreneauxSemaine(v.config), rdv, col, m_images, maintenant);
         }
     }
+}
+
+void GrilleSemaine::ChangeSemaine() {
+    const Sablier sablier;
+    const FlexGridWriting ecriture(m_grille.cells());
+    AfficheDate();
+    ErazeGrilleRDV();
+    AfficheRDV();
+}
+
+int GrilleSemaine::colonne(int jour) const {
+    const int col = ColonneDuJour(jour, v.config.JourAffich);
+    return col <= v.config.NbJours ? col : 0;
 }
 
 void GrilleSemaine::ResizingGrille() {

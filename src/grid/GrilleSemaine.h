@@ -24,6 +24,8 @@ class GrilleSemaine : public QObject {
     void ErazeGrilleRDV();
     /// Draws the week's appointments.
     void AfficheRDV();
+    /// Another week in the grid that stands: headers and appointment cells only.
+    void ChangeSemaine();
     /// Column widths for the grid's current width.
     void ResizingGrille();
     /// Brings the current hour into sight when the shown week holds today.
@@ -36,6 +38,8 @@ class GrilleSemaine : public QObject {
   private:
     /// Lunch break and greyed half-days.
     void grise();
+    /// The column of a displayed weekday, 0 for any other.
+    int colonne(int jour) const;
 
     FlexGrid &m_grille;
     VariablesGlobales &v;

@@ -37,3 +37,16 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
                   << " AND clng(NumPraticien) = " << nombre(praticien)
                   << " AND clng(Fauteuil) = " << nombre(fauteuil) << " order by DateInv, HeureDebut"));
 }
+
+QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour, long praticien) {
+    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv = ")
+                                  << texte(InverseDate(jour)) << " AND clng(NumPraticien) = "
+                                  << nombre(praticien) << " order by DateInv, HeureDebut"));
+}
+
+QList<RendezVous> RendezVousALaDate(Database &rdv, QDate jour, long praticien, long fauteuil) {
+    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where Date1 = ")
+                                  << dateSql(jour) << " AND clng(NumPraticien) = " << nombre(praticien)
+                                  << " AND clng(Fauteuil) =" << nombre(fauteuil)
+                                  << " order by Date1 , HeureDebut"));
+}

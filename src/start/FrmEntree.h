@@ -1,11 +1,11 @@
 #pragma once
 
-#include "config/ConfigTables.h"
 #include "config/PraticienTables.h"
 
 #include <QLabel>
 #include <QMainWindow>
 #include <QSet>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -13,6 +13,10 @@ namespace Ui {
 class FrmEntree;
 }
 class GrilleSemaine;
+class GrillesJour;
+class MenusPraticien;
+class QPushButton;
+class SelectionRendezVous;
 struct VariablesGlobales;
 
 /// The main window: wires menus and buttons to the subsystems and owns no rule.
@@ -29,24 +33,41 @@ class FrmEntree : public QMainWindow {
   protected:
     void resizeEvent(QResizeEvent *event) override;
     void showEvent(QShowEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
 
   private:
-    // Start-up, in its order
+    // Construction
     void construitBarreEtat();
-    void construitMenuPraticiens(const QList<Praticien> &praticiens);
-    void construitMenuFauteuils();
-    void choisitConfiguration(int fauteuilDeRepli);
-    void montreVueSemaine();
+    void construitBoutonsVue();
+    void relieMenus();
+    void relieBoutons();
+    void relieClavier();
 
     // Handlers, in screen order
     void mnuDocteur_Click(int index);
     void mnuFauteuil_Click(int index);
+    void BtnSemaine_Click();
+    void BtnJour_Click();
+    void BtnRafraichir_Click();
+    void mnuZoom_Click();
+    void mnutranche_Click();
+    void mnuexclure_Click();
+    void mnuSauver_Click();
+    void menuSuppConfig_Click();
     void mnuAPropos_Click();
+    void BtnMois_Click();
+    /// Week and day buttons: to `jour`, in the view that is shown.
+    void vaAu(QDate jour);
+    void Timer1_Timer();
 
-    void redessineSemaine();
-    void metTitre();
+    void decale(int jours);
+    void changePraticien();
+    void metMenusConfiguration();
+    void metMenusSelection();
+    void AfficheSelection();
+    void montreVue();
+    void redessine();
     void Form_Resize();
-    void chargeConfig(Database &base, const QString &nomConfig, int fauteuil);
 
     /// Connects an action to its handler, which makes it an action that may be enabled.
     void relie(QAction *action, const std::function<void()> &gestionnaire);
@@ -58,9 +79,13 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<Ui::FrmEntree> ui;
     VariablesGlobales &v;
     std::unique_ptr<GrilleSemaine> m_semaine;
-    QList<QAction *> m_docteurs;
-    QList<QAction *> m_fauteuils;
-    QSet<QAction *> m_reliees;
-    int m_fauteuilParDefaut = 0;
+    std::unique_ptr<GrillesJour> m_jour;
+    std::unique_ptr<SelectionRendezVous> m_selection;
+    std::unique_ptr<MenusPraticien> m_menus;
+    QPushButton *BtnSemaine = nullptr;
+    QPushButton *BtnJour = nullptr;
     QList<QLabel *> m_panneaux; ///< StatusBar1's panels 1 to 4
+    QSet<QAction *> m_reliees;
+    QTimer Timer1;
+    bool m_charge = false; ///< the start-up went through
 };

@@ -40,10 +40,12 @@ std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
     return [decalage] { return QDateTime::currentDateTime().addMSecs(decalage); };
 }
 
-void donneSaTaille(QWidget &fenetre) {
+/// A comfortable size, or the whole of a smaller screen.
+void montre(QWidget &fenetre) {
     constexpr QSize confortable(1280, 940);
-    const QSize disponible = fenetre.screen()->availableSize();
-    fenetre.resize(confortable.boundedTo(disponible));
+    const QSize taille = confortable.boundedTo(fenetre.screen()->availableSize());
+    fenetre.resize(taille);
+    taille == confortable ? fenetre.show() : fenetre.showMaximized();
 }
 
 void ecritImageEtQuitte(QWidget &fenetre, const QString &fichier) {
@@ -80,15 +82,13 @@ int Lance(int argc, char **argv) {
 
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavelin"));
-    QApplication::setApplicationDisplayName(QStringLiteral("Tavelin"));
     parleFrancais();
     if (!LitEmplacements(v, options.chemin)) {
         return codeErreur;
     }
     FrmEntree FrmEntree(v);
     FrmEntree.Form_Load();
-    donneSaTaille(FrmEntree);
-    FrmEntree.show();
+    montre(FrmEntree);
     if (!options.capture.isEmpty()) {
         QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });
     }

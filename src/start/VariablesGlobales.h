@@ -53,6 +53,18 @@ struct VariablesGlobales {
     bool PresentRDV = false;
     int ColonneJour = 1;
 
+    // Selection
+    int LigneDebut = 0; ///< rows and columns of the last selection; 0: nothing was selected yet
+    int LigneFin = 0;
+    int ColonneDebut = 0;
+    int ColonneFin = 0;
+    int ChoixHoraire = 0; ///< the selection against the working hours, see HoraireProf
+    qint64 RefRDVCourant = 0;
+    bool SelectionLibre = true;
+    bool RDVPartiel = false;
+    bool RDVHorsGrille = false;
+    QString txtUnPatientBelmor;
+
     /// The current practitioner's number, as every query writes it.
     long numPraticien() const { return CLng(PraticienCourant); }
     /// Copies an appointment into the values above.

@@ -50,6 +50,7 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setTabKeyNavigation(false);
+    setAutoScroll(false); // a redraw keeps the rows in sight
     setWordWrap(false);
     setCornerButtonEnabled(false);
 
@@ -58,14 +59,12 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
 
 void FlexGrid::setRow(int row) {
     if (row != m_row) {
-        m_dragging = false;
         select(row, m_col, row, m_col);
     }
 }
 
 void FlexGrid::setCol(int col) {
     if (col != m_col) {
-        m_dragging = false;
         select(m_row, col, m_row, col);
     }
 }
@@ -83,9 +82,16 @@ void FlexGrid::showAtTop(int row) {
 }
 
 void FlexGrid::select(int row, int col, int rowSel, int colSel) {
+    change(row, col, rowSel, colSel, false);
+}
+
+void FlexGrid::change(int row, int col, int rowSel, int colSel, bool startsDrag) {
     const bool same = row == m_row && col == m_col && rowSel == m_rowSel && colSel == m_colSel;
     if (same) {
         return;
+    }
+    if (row != m_row || col != m_col) {
+        m_dragging = startsDrag; // a handler that moves the beginning ends the drag
     }
     m_row = row;
     m_col = col;
@@ -155,7 +161,7 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (event->button() == Qt::LeftButton) {
         m_dragging = true;
         const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
-        select(extend ? m_row : under.row(), extend ? m_col : under.column(), under.row(), under.column());
+        change(extend ? m_row : under.row(), extend ? m_col : under.column(), under.row(), under.column(), true);
     } else if (event->button() == Qt::RightButton && !inSelection) {
         select(under.row(), under.column(), under.row(), under.column());
     }
@@ -184,7 +190,7 @@ void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     const QModelIndex under = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && under.isValid()) {
-        emit doubleClicked(under);
+        emit activatedSelection();
     }
 }
 
@@ -203,6 +209,10 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
     case Qt::Key_Right:
         moveBy(0, 1, false);
         break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+        emit activatedSelection();
+        break;
     default:
         event->ignore(); // shortcuts and the window's own keys
     }
@@ -219,4 +229,12 @@ void FlexGrid::moveBy(int rows, int cols, bool extend) {
     const int col = std::clamp(m_col + cols, area.left(), area.right());
     select(extend ? m_row : row, col, row, col);
     scrollTo(m_cells.index(m_rowSel, m_colSel));
+}
+
+void FlexGrid::wheelEvent(QWheelEvent *event) {
+    if (event->modifiers().testFlag(Qt::ControlModifier)) {
+        event->ignore(); // the window zooms
+        return;
+    }
+    QTableView::wheelEvent(event);
 }

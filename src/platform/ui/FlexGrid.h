@@ -26,11 +26,13 @@ class FlexGrid : public QTableView {
     void setCol(int col);
     void setRowSel(int row);
     void setColSel(int col);
+    /// Both corners at once: one change, or none.
+    void select(int row, int col, int rowSel, int colSel);
     /// The cells that the arrow keys reach: columns and rows as x and y.
     void setKeyboardArea(const QRect &cells) { m_keyboardArea = cells; }
 
-    /// True from the press of the left button in a cell to its release, or until a handler moves the
-    /// beginning of the selection, which ends the drag.
+    /// True from the press of the left button in a cell to its release, or until a handler moves the beginning
+    /// of the selection, which ends the drag.
     bool isDragging() const { return m_dragging; }
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
@@ -38,6 +40,8 @@ class FlexGrid : public QTableView {
   signals:
     void selectionChanging();
     void clicked();
+    /// Double click, or Enter, on the selection.
+    void activatedSelection();
     void buttonReleased(Qt::MouseButton button, const QPoint &globalPosition);
 
   protected:
@@ -46,11 +50,12 @@ class FlexGrid : public QTableView {
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
 
   private:
-    friend class FlexHeader;
-    void select(int row, int col, int rowSel, int colSel);
+    /// The one place where the selection changes.
+    void change(int row, int col, int rowSel, int colSel, bool startsDrag);
     void showSelection();
     void afterReset();
     int leastRowHeight() const;
@@ -61,10 +66,10 @@ class FlexGrid : public QTableView {
     void moveBy(int rows, int cols, bool extend);
 
     FlexGridModel m_cells;
-    int m_row = 1;
-    int m_col = 1;
-    int m_rowSel = 1;
-    int m_colSel = 1;
+    int m_row = 0; ///< 0: nothing but the hidden header row, until somebody selects
+    int m_col = 0;
+    int m_rowSel = 0;
+    int m_colSel = 0;
     bool m_dragging = false;
     QRect m_keyboardArea;
 };

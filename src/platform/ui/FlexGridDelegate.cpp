@@ -6,9 +6,7 @@
 
 void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, const QPalette &palette,
                    bool selected) {
-    if (cell.back.isValid()) {
-        painter.fillRect(rect, cell.back);
-    }
+    painter.fillRect(rect, cell.back.isValid() ? cell.back : palette.color(QPalette::Base));
     if (selected) {
         QColor veil = palette.color(QPalette::Highlight);
         veil.setAlphaF(cell.back.isValid() ? 0.55F : 0.35F); // the cell's own colour still shows through
@@ -19,7 +17,7 @@ void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, c
     painter.drawLine(rect.topRight(), rect.bottomRight());
     int pictureWidth = 0;
     if (!cell.picture.isNull()) {
-        pictureWidth = cell.picture.width() * rect.height() / cell.picture.height();
+        pictureWidth = cell.picture.width();
         painter.setRenderHint(QPainter::SmoothPixmapTransform);
         painter.drawImage(QRect(rect.left(), rect.top(), pictureWidth, rect.height()), cell.picture);
     }

@@ -8,7 +8,7 @@ namespace {
 constexpr int longestText = 2000; // a box taller than the screen has no reachable button
 
 void prepare(QMessageBox &box, const QString &text, const QString &title) {
-    box.setWindowTitle(title.isEmpty() ? QApplication::applicationDisplayName() : title);
+    box.setWindowTitle(title.isEmpty() ? QStringLiteral("Tavelin") : title);
     box.setTextFormat(Qt::PlainText);
     box.setText(text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text);
 }

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "config/TrancheHoraire.h"
+
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class FrmTrancheHoraire;
+}
+class QButtonGroup;
+class QLineEdit;
+class UpDown;
+struct VariablesGlobales;
+
+/// Slot length and hours of the loaded configuration, in memory only. It opens on any configuration, since a
+/// faulty one is repaired here.
+class FrmTrancheHoraire : public QDialog {
+    Q_OBJECT
+  public:
+    explicit FrmTrancheHoraire(VariablesGlobales &v, QWidget *parent = nullptr);
+    ~FrmTrancheHoraire() override;
+
+  signals:
+    /// The loaded configuration has new values: the grid is to be drawn again.
+    void configurationModifiee();
+
+  private:
+    void remplit();
+    void selectionneIntervalle(int minutes);
+    void majInfoBulles();
+    void deplace(size_t champ, Fleche fleche);
+    void BtnOK_Click();
+    /// What the screen says, when it says four hours in order and a slot length; else it tells what is wrong.
+    std::optional<Configuration> configurationSaisie();
+    Horaires horairesSaisis() const;
+    void refuse(const QString &texte, QWidget *fautif);
+
+    std::unique_ptr<Ui::FrmTrancheHoraire> ui;
+    VariablesGlobales &v;
+    QButtonGroup *m_intervalles; ///< each option's id is its length in minutes
+    std::array<QLineEdit *, 4> m_textes{};
+};
