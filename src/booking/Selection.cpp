@@ -70,7 +70,8 @@ ContexteSelection AnalyseSelection(const Configuration &config, const PlageHorai
 
 QString InfoBulleRDV(const QString &nom, const QString &prenom, const QString &description,
                      const QString &debut, const QString &fin) {
-    return QStringLiteral("RDV: %1 à %2 pour %3 %4, descripif : %5").arg(debut, fin, nom, prenom, description);
+    return QStringLiteral("RDV: %1 à %2 pour %3 %4, descripif : %5")
+        .arg(debut, fin, nom, prenom, description);
 }
 
 QString TexteEtatRDV(const QString &nom, const QString &prenom, const QString &description) {

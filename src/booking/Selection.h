@@ -52,8 +52,8 @@ struct ContexteSelection {
     int derniereLigne = 0;
 };
 
-/// `jour` holds the day's appointments of the practitioner and chair, by start; `lignes` counts the week grid's
-/// rows. The overlap is the half-open one: what ends when the selection begins does not overlap.
+/// `jour` holds the day's appointments of the practitioner and chair, by start; `lignes` counts the week
+/// grid's rows. The overlap is the half-open one: what ends when the selection begins does not overlap.
 ContexteSelection AnalyseSelection(const Configuration &config, const PlageHoraire &selection,
                                    const QList<RendezVous> &jour, int lignes);
 

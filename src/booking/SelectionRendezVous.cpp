@@ -21,7 +21,8 @@ SelectionRendezVous::SelectionRendezVous(FlexGrid &GrilleRDV, FlexGrid &GrilleRD
                                          VariablesGlobales &etat, QObject *parent)
     : QObject(parent), m_semaine(GrilleRDV), m_jour2(GrilleRDV02), m_jour3(GrilleRDV03),
       m_jourCourant(&GrilleRDV02), v(etat) {
-    connect(&m_semaine, &FlexGrid::selectionChanging, this, [this] { traite([this] { selectionSemaine(); }); });
+    connect(&m_semaine, &FlexGrid::selectionChanging, this,
+            [this] { traite([this] { selectionSemaine(); }); });
     connect(&m_semaine, &FlexGrid::clicked, this, &SelectionRendezVous::metInfoBulle);
     for (FlexGrid *grille : {&m_jour2, &m_jour3}) {
         connect(grille, &FlexGrid::selectionChanging, this,
@@ -140,8 +141,8 @@ void SelectionRendezVous::HoraireSelection(QTime depart) {
     v.HeureDebutCourante = plage.debut;
     v.HeureFinCourante = plage.fin;
     if (v.VueSemaine) { // a day grid keeps the day that it shows
-        v.txtNumJourEnCours =
-            JourDeColonne(v.txtNumJourEnCours, v.config.JourAffich, v.ColonneDebut).value_or(v.txtNumJourEnCours);
+        v.txtNumJourEnCours = JourDeColonne(v.txtNumJourEnCours, v.config.JourAffich, v.ColonneDebut)
+                                  .value_or(v.txtNumJourEnCours);
         v.ColonneJour = v.ColonneDebut;
     }
     v.JourSemaineCourant = Jour(v.txtNumJourEnCours);
@@ -149,10 +150,10 @@ void SelectionRendezVous::HoraireSelection(QTime depart) {
 
 void SelectionRendezVous::AnalyseSelection() {
     Database base = v.ouvre(v.CheminBaseRDV);
-    const QList<RendezVous> jour = RendezVousALaDate(base, v.txtNumJourEnCours, v.numPraticien(),
-                                                     CLng(v.config.FauteuilCourant));
-    const ContexteSelection contexte =
-        ::AnalyseSelection(v.config, {v.HeureDebutCourante, v.HeureFinCourante}, jour, m_semaine.cells().rows());
+    const QList<RendezVous> jour =
+        RendezVousALaDate(base, v.txtNumJourEnCours, v.numPraticien(), CLng(v.config.FauteuilCourant));
+    const ContexteSelection contexte = ::AnalyseSelection(
+        v.config, {v.HeureDebutCourante, v.HeureFinCourante}, jour, m_semaine.cells().rows());
     const QString numPatient = v.NumPatientCourant;
     v.prendRendezVous(contexte.rdv);
     v.HeureDebutCourante = contexte.horaire.debut;

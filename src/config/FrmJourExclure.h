@@ -16,7 +16,7 @@ struct VariablesGlobales;
 class FrmJourExclure : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmJourExclure(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmJourExclure(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmJourExclure() override;
 
   signals:

@@ -14,7 +14,7 @@ struct VariablesGlobales;
 class FrmSauvegarde : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmSauvegarde(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmSauvegarde(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmSauvegarde() override;
 
   private:

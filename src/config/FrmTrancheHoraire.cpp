@@ -100,8 +100,7 @@ std::optional<Configuration> FrmTrancheHoraire::configurationSaisie() {
     const Horaires horaires = horairesSaisis();
     for (size_t i = 0; i < horaires.size(); ++i) {
         if (!horaires[i].isValid()) {
-            refuse(QStringLiteral("« %1 » n'est pas une heure. Veuillez la saisir sous la forme 08:00.")
-                       .arg(m_textes[i]->text().left(50)),
+            refuse(QStringLiteral("Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00."),
                    m_textes[i]);
             return std::nullopt;
         }

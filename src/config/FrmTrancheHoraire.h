@@ -18,7 +18,7 @@ struct VariablesGlobales;
 class FrmTrancheHoraire : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmTrancheHoraire(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmTrancheHoraire(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmTrancheHoraire() override;
 
   signals:

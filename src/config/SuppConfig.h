@@ -12,7 +12,7 @@ struct VariablesGlobales;
 class SuppConfig : public QDialog {
     Q_OBJECT
   public:
-    explicit SuppConfig(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit SuppConfig(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~SuppConfig() override;
 
   private:

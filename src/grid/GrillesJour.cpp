@@ -25,7 +25,8 @@ void ecritEtiquette(FlexCell &cellule, const QString &texte) {
 
 } // namespace
 
-GrillesJour::GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &etat, QObject *parent)
+GrillesJour::GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &etat,
+                         QObject *parent)
     : QObject(parent), m_volets{{{&GrilleRDV02, {}}, {&GrilleRDV03, {}}}}, v(etat),
       m_images(v.chemins, v.CheminRacine) {}
 
@@ -68,7 +69,8 @@ void GrillesJour::AffichageParJour(int index) {
     TraceGrille(m_volets[1], base, int(CLng(fauteuilB)));
     AfficheDate2Et3(fauteuilA, fauteuilB);
     if (!deux) {
-        v.config.JourAffich = JourAffichDuFauteuil(base, int(CLng(configs[0].Fauteuil))).value_or(v.config.JourAffich);
+        v.config.JourAffich =
+            JourAffichDuFauteuil(base, int(CLng(configs[0].Fauteuil))).value_or(v.config.JourAffich);
     }
     const QDate jour = v.txtNumJourEnCours;
     dessine(m_volets[0], RendezVousEntre(base, jour, jour, v.numPraticien(), CLng(fauteuilA)));

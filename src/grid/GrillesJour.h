@@ -16,7 +16,8 @@ struct VariablesGlobales;
 class GrillesJour : public QObject {
     Q_OBJECT
   public:
-    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &v, QObject *parent = nullptr);
+    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &v,
+                QObject *parent = nullptr);
 
     /// Draws the current day. `fauteuilCoche` is the place of the chair menu's ticked item, -1 for none: with
     /// chairs, nothing is drawn then.

@@ -49,7 +49,8 @@ FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
     construitBoutonsVue();
     m_semaine = std::make_unique<GrilleSemaine>(*ui->GrilleRDV, v);
     m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, v);
-    m_selection = std::make_unique<SelectionRendezVous>(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, v);
+    m_selection =
+        std::make_unique<SelectionRendezVous>(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, v);
     m_menus = std::make_unique<MenusPraticien>(*ui->mnuPraticien, *ui->menuFaut, v);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
@@ -179,7 +180,8 @@ void FrmEntree::Form_Load() {
     for (QPushButton *bouton : findChildren<QPushButton *>()) {
         bouton->setEnabled(true);
     }
-    for (QAction *action : {ui->mnusemaine, ui->mnuJour, ui->mnuRafraichir, ui->mnuZoom, ui->menuSuppConfig}) {
+    for (QAction *action :
+         {ui->mnusemaine, ui->mnuJour, ui->mnuRafraichir, ui->mnuZoom, ui->menuSuppConfig}) {
         active(action, true);
     }
     essaie([this] {
@@ -286,7 +288,8 @@ void FrmEntree::mnutranche_Click() {
 
 void FrmEntree::mnuexclure_Click() {
     FrmJourExclure fenetre(v, this);
-    connect(&fenetre, &FrmJourExclure::configurationModifiee, this, [this] { essaie([this] { redessine(); }); });
+    connect(&fenetre, &FrmJourExclure::configurationModifiee, this,
+            [this] { essaie([this] { redessine(); }); });
     fenetre.exec();
 }
 
@@ -317,8 +320,9 @@ void FrmEntree::BtnMois_Click() {
 void FrmEntree::decale(int jours) {
     const QDate jour = DecaleDate(v.txtNumJourEnCours, jours);
     if (!jour.isValid()) {
-        v.messages->show(QStringLiteral("Le carnet va du %1 au %2.")
-                             .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
+        v.messages->show(
+            QStringLiteral("Le carnet va du %1 au %2.")
+                .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
         return;
     }
     vaAu(jour);
@@ -339,7 +343,8 @@ void FrmEntree::vaAu(QDate jour) {
 void FrmEntree::Timer1_Timer() {
     const bool glisse =
         ui->GrilleRDV->isDragging() || ui->GrilleRDV02->isDragging() || ui->GrilleRDV03->isDragging();
-    if (glisse || QApplication::activeModalWidget() != nullptr || QApplication::activePopupWidget() != nullptr) {
+    if (glisse || QApplication::activeModalWidget() != nullptr ||
+        QApplication::activePopupWidget() != nullptr) {
         Timer1.start(attenteTimer1); // a redraw would rewrite what the user is working on
         return;
     }
@@ -360,8 +365,8 @@ void FrmEntree::metMenusSelection() {
 
 void FrmEntree::AfficheSelection() {
     const QString debut = DatesFr::heure(v.HeureDebutCourante);
-    m_panneaux[2]->setText(debut.isEmpty() ? QString()
-                                           : debut + QStringLiteral("  /  ") + DatesFr::heure(v.HeureFinCourante));
+    m_panneaux[2]->setText(
+        debut.isEmpty() ? QString() : debut + QStringLiteral("  /  ") + DatesFr::heure(v.HeureFinCourante));
     m_panneaux[3]->setText(DatesFr::etat(v.txtNumJourEnCours));
     m_panneaux[0]->setText(TexteEtatRDV(v.NomRDV, v.PrenomRDV, v.DescriptionRDV));
 }
@@ -371,7 +376,8 @@ void FrmEntree::AfficheSelection() {
 /// Grids and navigation buttons of the current view.
 void FrmEntree::montreVue() {
     const bool semaine = v.VueSemaine;
-    for (QWidget *w : QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant}) {
+    for (QWidget *w :
+         QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant}) {
         w->setVisible(semaine);
     }
     for (QWidget *w : QList<QWidget *>{ui->GrilleRDV02, ui->GrilleRDV03, ui->Frame4, ui->BtnPrecedent2,
@@ -401,14 +407,22 @@ void FrmEntree::Form_Resize() {
         return;
     }
     const std::initializer_list<std::pair<QWidget *, const Rectangle *>> places{
-        {ui->GrilleRDV, &d->GrilleRDV},          {ui->Frame1, &d->Frame1},
-        {ui->BtnPrecedent, &d->BtnPrecedent},    {ui->BtnAujourdhui, &d->BtnAujourdhui},
-        {ui->BtnSuivant, &d->BtnSuivant},        {ui->Frame2, &d->Frame2},
-        {ui->BtnRafraichir, &d->BtnRafraichir},  {ui->BtnMois, &d->BtnMois},
-        {ui->Frame3, &d->Frame3},                {ui->BtnQuitter, &d->BtnQuitter},
-        {ui->Frame4, &d->Frame1},                {ui->BtnPrecedent2, &d->BtnPrecedent},
-        {ui->BtnAujourdhui2, &d->BtnAujourdhui}, {ui->BtnSuivant2, &d->BtnSuivant},
-        {ui->GrilleRDV02, &d->GrilleRDV02},      {ui->GrilleRDV03, &d->GrilleRDV03}};
+        {ui->GrilleRDV, &d->GrilleRDV},
+        {ui->Frame1, &d->Frame1},
+        {ui->BtnPrecedent, &d->BtnPrecedent},
+        {ui->BtnAujourdhui, &d->BtnAujourdhui},
+        {ui->BtnSuivant, &d->BtnSuivant},
+        {ui->Frame2, &d->Frame2},
+        {ui->BtnRafraichir, &d->BtnRafraichir},
+        {ui->BtnMois, &d->BtnMois},
+        {ui->Frame3, &d->Frame3},
+        {ui->BtnQuitter, &d->BtnQuitter},
+        {ui->Frame4, &d->Frame1},
+        {ui->BtnPrecedent2, &d->BtnPrecedent},
+        {ui->BtnAujourdhui2, &d->BtnAujourdhui},
+        {ui->BtnSuivant2, &d->BtnSuivant},
+        {ui->GrilleRDV02, &d->GrilleRDV02},
+        {ui->GrilleRDV03, &d->GrilleRDV03}};
     for (const auto &[controle, place] : places) {
         controle->setGeometry(enPixels(*place));
     }
