@@ -129,7 +129,8 @@ bool SupprimeConfig(Database &rdv, const QString &nomConfig) {
 }
 
 std::optional<std::array<int, 7>> JourAffichDuFauteuil(Database &rdv, int fauteuil) {
-    const Records rows = rdv.query(SqlText("Select * from Config Where clng(Fauteuil) = ") << nombre(fauteuil));
+    const Records rows =
+        rdv.query(SqlText("Select * from Config Where clng(Fauteuil) = ") << nombre(fauteuil));
     if (rows.isEmpty()) {
         return std::nullopt;
     }

@@ -169,10 +169,12 @@ struct Call {
     QStringView ending;
 };
 
-constexpr std::array<Call, 4> calls{{{u"clng", u"CAST", u" AS INTEGER"},
+constexpr std::array<Call, 6> calls{{{u"clng", u"CAST", u" AS INTEGER"},
                                      {u"cint", u"CAST", u" AS INTEGER"},
                                      {u"str", u"CAST", u" AS TEXT"},
-                                     {u"InverseDate", u"replace", u", '-', ''"}}};
+                                     {u"InverseDate", u"replace", u", '-', ''"},
+                                     {u"TexteTri", u"", u" COLLATE TEXTE"},
+                                     {u"TexteIndex", u"", u" COLLATE NOCASE"}}};
 
 const Call *callNamed(const Token &function) {
     const auto *found =

@@ -1,6 +1,7 @@
 #include "platform/db/SqliteFunctions.h"
 
 #include "platform/db/LikePattern.h"
+#include "platform/db/TextOrder.h"
 #include "platform/db/Value.h"
 
 #include <QStringView>
@@ -8,14 +9,10 @@
 
 namespace {
 
-QStringView utf16(const void *text, int bytes) {
-    return {static_cast<const char16_t *>(text), bytes / int(sizeof(char16_t))};
-}
-
 QStringView textOf(sqlite3_value *value) {
     // Conversion first: the length is that of the form last asked for.
-    const void *text = sqlite3_value_text16(value);
-    return utf16(text, sqlite3_value_bytes16(value));
+    const auto *text = static_cast<const char16_t *>(sqlite3_value_text16(value));
+    return {text, sqlite3_value_bytes16(value) / int(sizeof(char16_t))};
 }
 
 bool isNull(sqlite3_value *value) {
@@ -46,8 +43,10 @@ void cstr(sqlite3_context *context, int, sqlite3_value **arguments) {
     giveText(context, date.isValid() ? date.toString(QStringLiteral("dd/MM/yyyy")) : text);
 }
 
-int compareIgnoringCase(void *, int leftBytes, const void *left, int rightBytes, const void *right) {
-    return utf16(left, leftBytes).compare(utf16(right, rightBytes), Qt::CaseInsensitive);
+/// Straight on the stored bytes: asking for UTF-16 would convert both texts at every comparison of a sort.
+int collate(void *, int leftBytes, const void *left, int rightBytes, const void *right) {
+    return compareTexts({static_cast<const char *>(left), leftBytes},
+                        {static_cast<const char *>(right), rightBytes});
 }
 
 } // namespace
@@ -60,5 +59,5 @@ void registerSqliteFunctions(sqlite3 *connection) {
     add("like", 2, like);
     add("ucase", 1, ucase);
     add("cstr", 1, cstr);
-    sqlite3_create_collation_v2(connection, "TEXTE", SQLITE_UTF16, nullptr, compareIgnoringCase, nullptr);
+    sqlite3_create_collation_v2(connection, "TEXTE", SQLITE_UTF8, nullptr, collate, nullptr);
 }

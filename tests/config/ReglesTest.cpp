@@ -1,0 +1,132 @@
+#include "LivreDEssai.h"
+#include "config/NomConfiguration.h"
+#include "config/TrancheHoraire.h"
+
+#include <climits>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// Four hours, any of which may be missing ("-").
+Configuration config(int intervalle, const char *horaires) {
+    const QStringList mots = QString::fromLatin1(horaires).split(u' ');
+    const auto heure = [&](int i) { return QTime::fromString(mots[i], QStringLiteral("HH:mm")); };
+    Configuration c;
+    c.Intervalle = intervalle;
+    c.HeureMatDebut = heure(0);
+    c.HeureMatFin = heure(1);
+    c.HeurePMDebut = heure(2);
+    c.HeurePMFin = heure(3);
+    return c;
+}
+
+Horaires heures(const char *texte) {
+    return HorairesDe(config(0, texte));
+}
+
+} // namespace
+
+TEST(TrancheHoraire, ReadsTypedHours) {
+    EXPECT_EQ(LitHeure(QStringLiteral("08:00")), QTime(8, 0));
+    EXPECT_EQ(LitHeure(QStringLiteral(" 8:05 ")), QTime(8, 5));
+    EXPECT_EQ(LitHeure(QStringLiteral("23:59")), QTime(23, 59));
+    for (const char *texte :
+         {"24:00", "99:99", "8h", "", ":", "8:5", "-8:00", "08:00:00", "12:60", "١٢:٠٠"}) {
+        EXPECT_EQ(LitHeure(QString::fromUtf8(texte)), std::nullopt) << texte;
+    }
+}
+
+TEST(TrancheHoraire, ArrowsStopAtTheirBounds) {
+    constexpr Fleche haut = Fleche::Augmenter;
+    constexpr Fleche bas = Fleche::Diminuer;
+    struct {
+        const char *nom = nullptr, *horaires = nullptr;
+        size_t champ = 0;
+        Fleche fleche = haut;
+        QTime apres{};
+    } const cas[] = {{"a step down over the hour", "08:00 12:00 14:00 18:00", 2, bas, QTime(13, 55)},
+                     {"morning start meets its end", "12:00 12:00 14:00 18:00", 0, haut, {}},
+                     {"morning start at midnight", "00:00 12:00 14:00 18:00", 0, bas, {}},
+                     {"an empty day stays", "08:00 08:00 08:00 08:00", 0, bas, {}},
+                     {"morning end meets the afternoon", "08:00 14:00 14:00 18:00", 1, haut, {}},
+                     {"morning end comes down to its start", "08:00 08:05 14:00 18:00", 1, bas, QTime(8, 0)},
+                     {"and not below", "08:00 08:00 14:00 18:00", 1, bas, {}},
+                     {"afternoon start meets its end", "08:00 12:00 18:00 18:00", 2, haut, {}},
+                     {"afternoon start meets the morning", "08:00 12:00 12:00 18:00", 2, bas, {}},
+                     {"afternoon end up to 23:00", "08:00 12:00 14:00 22:55", 3, haut, QTime(23, 0)},
+                     {"and not beyond", "08:00 12:00 14:00 23:00", 3, haut, {}},
+                     {"afternoon end meets its start", "08:00 12:00 14:00 14:00", 3, bas, {}},
+                     {"a typed hour does not jump its neighbour", "08:03 08:06 14:00 18:00", 0, haut, {}},
+                     {"nor midnight", "00:03 12:00 14:00 18:00", 0, bas, {}},
+                     {"nor 23:00 above a missing hour", "08:00 12:00 23:00 -", 2, haut, {}},
+                     {"a missing hour stays missing", "- 12:00 14:00 18:00", 0, haut, {}}};
+    for (const auto &c : cas) {
+        EXPECT_EQ(HeureApresFleche(heures(c.horaires), c.champ, c.fleche).value_or(QTime()), c.apres)
+            << c.nom;
+    }
+}
+
+TEST(TrancheHoraire, TipsShowTheNextSlotBoundary) {
+    struct {
+        int intervalle;
+        const char *horaires, *bulles;
+    } const cas[] = {{25, "08:00 12:00 14:00 18:00", "12:10 14:15 18:00"},
+                     {60, "08:30 12:00 12:00 23:50", "12:30 12:30 00:30"},
+                     {15, "08:00 - 14:05 07:00", " 14:15 14:15"},
+                     {0, "08:00 12:00 14:00 18:00", "  "},
+                     {15, "- 12:00 14:00 18:00", "  "}};
+    for (const auto &c : cas) {
+        const auto bulles = MajInfoBulles(heures(c.horaires), c.intervalle);
+        EXPECT_EQ((QStringList{bulles[0], bulles[1], bulles[2]}).join(u' '), QString::fromLatin1(c.bulles))
+            << c.intervalle << ' ' << c.horaires;
+    }
+}
+
+TEST(TrancheHoraire, BoundsSitOnTheSlotGrid) {
+    struct {
+        int intervalle;
+        const char *horaires, *message;
+    } const cas[] = {
+        {15, "08:00 12:00 14:00 18:00", ""},
+        {60, "08:00 08:00 08:00 10:00", ""},
+        {25, "08:00 12:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."},
+        {20, "08:00 12:00 13:50 18:00",
+         "Incohérence entre l'intervalle et l'heure de début de l'après-midi."},
+        {45, "08:00 23:45 23:50 23:55",
+         "Incohérence entre l'intervalle et l'heure de début de l'après-midi."},
+        {20, "08:00 12:00 14:00 18:10", "Incohérence entre l'intervalle et l'heure de fin de l'après-midi."},
+        {INT_MAX, "12:00 08:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."},
+        {0, "08:00 12:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."}};
+    for (const auto &c : cas) {
+        EXPECT_EQ(VerifieCoherence(config(c.intervalle, c.horaires)), QString::fromUtf8(c.message))
+            << c.intervalle << ' ' << c.horaires;
+    }
+}
+
+TEST(TrancheHoraire, NeedsTwoSlotsAndOrder) {
+    EXPECT_TRUE(TropRapproches(config(60, "08:00 12:00 14:00 15:00")));
+    EXPECT_FALSE(TropRapproches(config(60, "08:00 12:00 14:00 16:00")));
+    EXPECT_EQ(PremierDesordre(heures("08:00 08:00 08:00 08:00")), 0U);
+    EXPECT_EQ(PremierDesordre(heures("08:00 15:00 14:00 18:00")), 2U);
+    EXPECT_EQ(PremierDesordre(heures("08:00 12:00 14:00 13:59")), 3U);
+}
+
+TEST(NomConfiguration, AcceptsLettersDigitsAndBlanks) {
+    for (const char *nom : {"Cabinet 2", "été", "ÿ", "÷", " ", "09AZaz"}) {
+        EXPECT_TRUE(IsAlphaNum(QString::fromUtf8(nom))) << nom;
+    }
+    for (const char *nom : {"", "Été", "ß", "l'autre", "a_b", "a@", "a[", "a{", "a/", "a:", "œuf", "€", "Ω",
+                            "😀", "tab\t", "a\u00A0b", "Ā"}) {
+        EXPECT_FALSE(IsAlphaNum(QString::fromUtf8(nom))) << nom;
+    }
+    EXPECT_TRUE(NomValide(QString(255, u'x')));
+    EXPECT_FALSE(NomValide(QString(256, u'x')));
+}
+
+TEST(NomConfiguration, AChairIsOneDigit) {
+    EXPECT_TRUE(FauteuilValide(QStringLiteral("0")));
+    EXPECT_TRUE(FauteuilValide(QStringLiteral("9")));
+    for (const char *fauteuil : {"", "12", "-1", "1,5", "1a", "a", " 1", "٣", "²"}) {
+        EXPECT_FALSE(FauteuilValide(QString::fromUtf8(fauteuil))) << fauteuil;
+    }
+}
