@@ -17,7 +17,7 @@ std::vector<IndexDef> indexRDV() {
         // one practitioner's week or day, in drawing order
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
         // the day under the selection
-        {QStringLiteral("RDVParDate"), SqlText("clng(NumPraticien), Date1, HeureDebut")},
+        {QStringLiteral("RDVParDate"), SqlText("Date1")},
         // usually empty: every start looks for these rows, and must not read the whole book for that
         {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
     };

@@ -25,6 +25,10 @@ QString enteteJourLong(QDate date) {
     return spelled(date, u"dddd dd MMMM");
 }
 
+QString jourComplet(QDate date) {
+    return spelled(date, u"dddd dd MMM yyyy");
+}
+
 QString etat(QDate date) {
     return spelled(date, u"dd MMM yyyy");
 }

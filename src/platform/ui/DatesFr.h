@@ -13,6 +13,8 @@ QString courte(QDate date);
 QString enteteJour(QDate date);
 /// "dddd dd MMMM": a day grid's header
 QString enteteJourLong(QDate date);
+/// "dddd dd MMM yyyy"
+QString jourComplet(QDate date);
 /// "dd MMM yyyy": the status bar
 QString etat(QDate date);
 /// "hh:mm", 24 hours; empty for an invalid time

@@ -12,9 +12,9 @@ void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, c
         veil.setAlphaF(cell.back.isValid() ? 0.55F : 0.35F); // the cell's own colour still shows through
         painter.fillRect(rect, veil);
     }
-    painter.setPen(palette.color(QPalette::Mid));
-    painter.drawLine(rect.bottomLeft(), rect.bottomRight());
-    painter.drawLine(rect.topRight(), rect.bottomRight());
+    const QColor line = palette.color(QPalette::Mid);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, line);
+    painter.fillRect(rect.right(), rect.top(), 1, rect.height(), line);
     int pictureWidth = 0;
     if (!cell.picture.isNull()) {
         pictureWidth = cell.picture.width();
