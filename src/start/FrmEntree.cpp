@@ -2,6 +2,7 @@
 
 #include "ui_FrmEntree.h"
 
+#include "booking/ActionsRDV.h"
 #include "booking/SelectionRendezVous.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
@@ -51,11 +52,13 @@ FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
     m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, v);
     m_selection =
         std::make_unique<SelectionRendezVous>(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, v);
+    m_actions = std::make_unique<ActionsRDV>(v, *this);
     m_menus = std::make_unique<MenusPraticien>(*ui->mnuPraticien, *ui->menuFaut, v);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
     relieMenus();
+    relieRendezVous();
     relieBoutons();
     relieClavier();
     montreVue();
@@ -122,6 +125,32 @@ void FrmEntree::relieMenus() {
     active(ui->mnuAPropos, true);
 }
 
+/// The selection, and what is done with it.
+void FrmEntree::relieRendezVous() {
+    const auto relieAction = [this](QAction *action, void (ActionsRDV::*gestionnaire)()) {
+        relie(action, [this, gestionnaire] { (m_actions.get()->*gestionnaire)(); });
+    };
+    relieAction(ui->mnuAjouter, &ActionsRDV::mnuAjouter_Click);
+    relieAction(ui->mnuEditer, &ActionsRDV::mnuEditer_Click);
+    relieAction(ui->mnuReporter, &ActionsRDV::mnuReporter_Click);
+    relieAction(ui->mnuSupprimer, &ActionsRDV::mnuSupprimer_Click);
+    relieAction(ui->mnuPresent, &ActionsRDV::mnuPresent_Click);
+    ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
+    connect(m_selection.get(), &SelectionRendezVous::contexteChange, this, [this] {
+        metMenusSelection();
+        AfficheSelection();
+    });
+    connect(m_selection.get(), &SelectionRendezVous::menuDemande, this,
+            [this](const QPoint &position) { ui->mnupatient->popup(position); });
+    connect(m_selection.get(), &SelectionRendezVous::ouvertureDemandee, this, [this] {
+        QAction *action = v.SelectionLibre ? ui->mnuAjouter : ui->mnuEditer;
+        if (action->isEnabled()) {
+            action->trigger();
+        }
+    });
+    connect(m_actions.get(), &ActionsRDV::rdvEcrit, this, [this] { essaie([this] { redessine(); }); });
+}
+
 void FrmEntree::relieBoutons() {
     connect(BtnSemaine, &QPushButton::clicked, this, &FrmEntree::BtnSemaine_Click);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
@@ -137,12 +166,6 @@ void FrmEntree::relieBoutons() {
     const auto montreDate = [this](QDate date) { m_panneaux[3]->setText(DatesFr::etat(date)); };
     connect(m_semaine.get(), &GrilleSemaine::dateAffichee, this, montreDate);
     connect(m_jour.get(), &GrillesJour::dateAffichee, this, montreDate);
-    connect(m_selection.get(), &SelectionRendezVous::contexteChange, this, [this] {
-        metMenusSelection();
-        AfficheSelection();
-    });
-    connect(m_selection.get(), &SelectionRendezVous::menuDemande, this,
-            [this](const QPoint &position) { ui->mnupatient->popup(position); });
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
 }
 

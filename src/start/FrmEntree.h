@@ -12,6 +12,7 @@
 namespace Ui {
 class FrmEntree;
 }
+class ActionsRDV;
 class GrilleSemaine;
 class GrillesJour;
 class MenusPraticien;
@@ -40,6 +41,7 @@ class FrmEntree : public QMainWindow {
     void construitBarreEtat();
     void construitBoutonsVue();
     void relieMenus();
+    void relieRendezVous();
     void relieBoutons();
     void relieClavier();
 
@@ -81,6 +83,7 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<GrilleSemaine> m_semaine;
     std::unique_ptr<GrillesJour> m_jour;
     std::unique_ptr<SelectionRendezVous> m_selection;
+    std::unique_ptr<ActionsRDV> m_actions;
     std::unique_ptr<MenusPraticien> m_menus;
     QPushButton *BtnSemaine = nullptr;
     QPushButton *BtnJour = nullptr;

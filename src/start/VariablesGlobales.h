@@ -78,6 +78,11 @@ struct VariablesGlobales {
         NumPatientCourant = rdv.NumPatient;
         PresentRDV = rdv.Present;
     }
+    /// The appointment under the selection, as the values above say.
+    RendezVous rdvSelectionne() const {
+        return {RefRDVCourant,     NomRDV,           PrenomRDV,          TelephoneRDV,  DescriptionRDV,
+                NumPatientCourant, txtNumJourEnCours, HeureDebutCourante, HeureFinCourante, PresentRDV};
+    }
     /// Opens the database stored at `chemin`; throws DbError.
     Database ouvre(const QString &chemin) const { return Database::open(chemins.realDatabase(chemin)); }
 };

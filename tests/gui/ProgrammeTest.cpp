@@ -198,7 +198,7 @@ TEST(Programme, CommandLine) {
         {{QStringLiteral("fichier.mdb")}, 2, QStringLiteral("option inconnue : fichier.mdb")},
         {{QStringLiteral("--chemin")}, 2, QStringLiteral("il manque la valeur d'une option")},
         {{QStringLiteral("--maintenant"), QStringLiteral("hier")}, 2, QStringLiteral("« hier »")},
-        {{QStringLiteral("--lecteur"), QStringLiteral("DD=/tmp")}, 2, QStringLiteral("D=DOSSIER")},
+        {{QStringLiteral("--lecteur"), QStringLiteral("DD=dossier")}, 2, QStringLiteral("D=DOSSIER")},
     };
     for (const Ligne &ligne : lignes) {
         SCOPED_TRACE(qPrintable(ligne.arguments.join(u' ')));

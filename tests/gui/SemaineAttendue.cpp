@@ -8,7 +8,7 @@ struct JourDeSemaine {
     QStringView nom;
     QStringView champ;
     QStringView image;
-    QRgb couleur;
+    QRgb couleur = 0;
 };
 constexpr std::array<JourDeSemaine, 7> semaine{{{u"lundi", u"Lun", u"Bleu", qRgb(0, 128, 255)},
                                                 {u"mardi", u"Mar", u"Violet", qRgb(128, 0, 128)},

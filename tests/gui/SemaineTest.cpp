@@ -139,7 +139,7 @@ struct Ouverture {
     const char *panneau4;
     int lignes;
     int colonnes;
-    SqlText config = SqlText("Update Config Set Fauteuil = Fauteuil");
+    QList<SqlText> changements = {}; ///< of the appointment database
 };
 void PrintTo(const Ouverture &ouverture, std::ostream *sortie) {
     *sortie << ouverture.nom;
@@ -149,6 +149,17 @@ QDateTime mars(int jour, int heure, int minute) {
     return {QDate(2026, 3, jour), QTime(heure, minute)};
 }
 
+using Changements = QList<SqlText>;
+const Changements pasEntiers{SqlText(
+    "Update Config Set HeureMatFin = #12:10:00#, HeurePMFin = #18:50:00#, LunAffich = 0, NbJours = 5, "
+    "MerGrise = 1, JeuGrise = 3 Where clng(NumPraticien) = 1 and clng(Fauteuil) = 1")};
+const Changements journeeCourte{
+    SqlText("Update Config Set HeureMatDebut = #09:10:00#, HeurePMFin = #15:10:00# "
+            "Where clng(NumPraticien) = 1 and clng(Fauteuil) = 1")};
+const Changements dimanche{
+    SqlText("Update Config Set DimAffich = 7, NbJours = 6 Where clng(NumPraticien) = 2"),
+    SqlText("Update RDV Set Date1 = #03 15 2026#, DateInv = '20260315' Where Date1 = #03 13 2026#")};
+
 const Ouverture ouvertures[] = {
     {"MercrediMatin", 1, 1, mars(11, 10, 5), {2026, 3, 11}, "11 mars 2026", 42, 8},
     {"LeSoirToutEstEnRetard", 2, 0, mars(11, 20, 0), {2026, 3, 11}, "11 mars 2026", 42, 7},
@@ -156,27 +167,9 @@ const Ouverture ouvertures[] = {
     {"LeSamediEstAffiche", 1, 1, mars(14, 9, 0), {2026, 3, 14}, "14 mars 2026", 42, 8},
     {"DuDimancheAuLundi", 1, 1, mars(15, 9, 0), {2026, 3, 16}, "16 mars 2026", 42, 8},
     {"DuSamediAuLundi", 2, 0, mars(7, 9, 0), {2026, 3, 9}, "09 mars 2026", 42, 7},
-    {"HorairesQuiTombentMal",
-     1,
-     1,
-     mars(11, 10, 5),
-     {2026, 3, 11},
-     "11 mars 2026",
-     46,
-     7,
-     SqlText(
-         "Update Config Set HeureMatFin = #12:10:00#, HeurePMFin = #18:50:00#, LunAffich = 0, NbJours = 5, "
-         "MerGrise = 1, JeuGrise = 3 Where clng(NumPraticien) = 1 and clng(Fauteuil) = 1")},
-    {"RendezVousCoupesParLesBords",
-     1,
-     1,
-     mars(11, 10, 5),
-     {2026, 3, 11},
-     "11 mars 2026",
-     26,
-     8,
-     SqlText("Update Config Set HeureMatDebut = #09:10:00#, HeurePMFin = #15:10:00# "
-             "Where clng(NumPraticien) = 1 and clng(Fauteuil) = 1")},
+    {"HorairesQuiTombentMal", 1, 1, mars(11, 10, 5), {2026, 3, 11}, "11 mars 2026", 46, 7, pasEntiers},
+    {"RendezVousCoupes", 1, 1, mars(11, 10, 5), {2026, 3, 11}, "11 mars 2026", 26, 8, journeeCourte},
+    {"LeDimancheAussi", 2, 0, mars(11, 18, 0), {2026, 3, 11}, "11 mars 2026", 42, 8, dimanche},
 };
 
 class SemaineOuverte : public Semaine, public testing::WithParamInterface<Ouverture> {};
@@ -184,7 +177,9 @@ class SemaineOuverte : public Semaine, public testing::WithParamInterface<Ouvert
 TEST_P(SemaineOuverte, EveryCellIsWhatTheDatabaseSays) {
     const Ouverture &o = GetParam();
     cabinet.maintenant = o.maintenant;
-    cabinet.ouvre(Base::RendezVous).execute(o.config);
+    for (const SqlText &changement : o.changements) {
+        cabinet.ouvre(Base::RendezVous).execute(changement);
+    }
     cabinet.ouvre(Base::PatientTransmis)
         .execute(SqlText("Update LePraticien Set NumPraticien = ")
                  << texte(QStringLiteral("0%1").arg(o.praticien)));

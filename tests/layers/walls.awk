@@ -1,5 +1,6 @@
 # Reads the names of source files and CMake lists; prints file:line of each line that breaks a wall.
 # A subsystem's file is rules, tables or windows: its library tells, else its name, else it is rules.
+# (A header without a .cpp has a library once that library's SOURCES list it.)
 
 function base(path) {
     sub(/.*\//, "", path)

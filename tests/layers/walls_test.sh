@@ -14,7 +14,7 @@ check() { # FILE WALL LINE
 tavelin_library(grid_rules SOURCES Creneaux.cpp LINK Qt6::Core)
 tavelin_library(grid_tables SOURCES RendezVousTables.cpp EtatsTables.cpp FrmSql.cpp LINK grid_rules)
 tavelin_library(grid_windows
-  SOURCES Dessin.cpp FrmZoom.cpp # drawing
+  SOURCES Dessin.cpp FrmZoom.cpp Panneau.h # drawing
   LINK grid_tables platform_ui)
 END
     echo 'tavelin_library(start_windows SOURCES FrmEntree.cpp Lancement.cpp)' >"$tree/src/start/CMakeLists.txt"
@@ -51,6 +51,7 @@ src/grid/Creneaux.cpp|rules include|#include "Dessin.h"
 src/grid/Creneaux.cpp|rules include|#include "../grid/FrmZoom.h"
 src/grid/Creneaux.cpp|rules include|#include "ui_FrmZoom.h"
 src/grid/Creneaux.cpp|rules include|#include "start/VariablesGlobales.h"
+src/grid/Panneau.h|-|#include <QPushButton>
 src/grid/EnteteSeule.h|rules include|#include <QPushButton>
 src/grid/Creneaux.cpp|the time comes|    const QDate jour = QDate::currentDate();
 src/grid/RendezVousTables.cpp|the time comes|    depuis(QTime::currentTime());

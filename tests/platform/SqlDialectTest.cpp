@@ -24,6 +24,7 @@ class Book {
               "Create Table TabPat (Cptid TEXT, Nom TEXT, Prenom TEXT, Titre TEXT, RDVNonHonoré INTEGER)",
               "Create Table Impression (Heure TEXT, HeurePM TEXT)",
               "Create Table Actes (NumActe INTEGER, NumPatient INTEGER, Libellé TEXT, AFaire INTEGER)",
+              "Create Index ParNom on TabPat (TexteIndex(Nom))",
               "Create Index RDVSemaine on RDV (clng(NumPraticien), DateInv, HeureDebut)",
               "Insert into RDV Values (1, 1, 0, 7, '20260311', #03 11 2026#, #09:00#, #09:30#, 'D''Arc', "
               "'Jean', False)",
@@ -93,6 +94,8 @@ const Row translations[] = {
     {"nestedFunctions", "ucase( str (x) )='A1' and CINT((a)+str(b))=1",
      "ucase(CAST (x AS TEXT)) = 'A1' COLLATE TEXTE and CAST((a) + CAST(b AS TEXT) AS INTEGER) = 1"},
     {"functionNameAlone", "Select str, [clng](x) from T", "Select str, [clng](x) from T"},
+    {"textOrders", "TexteIndex(nom)>='du'order by TexteTri(nom)asc,DateInv",
+     "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv"},
     {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
      "Present = 0 and x = 1 and [True] = 'True' COLLATE TEXTE and TrueX"},
     {"names", "A1.DateCréationFicheInv=[Nom d'usage]and A2 . *",
@@ -123,6 +126,13 @@ const Row runs[] = {
     {"weekUsesItsIndex",
      "Explain Query Plan Select * from RDV Where clng(NumPraticien)=1 And DateInv >= '20260309'",
      "SEARCH RDV USING INDEX RDVSemaine (<expr>=? AND DateInv>?)"},
+    {"namesUseTheirIndex",
+     "Explain Query Plan Select Nom from TabPat Where TexteIndex(Nom) >= 'du' and TexteIndex(Nom) < 'dv'",
+     "SEARCH TabPat USING COVERING INDEX ParNom (Nom>? AND Nom<?)"},
+    {"daysComeSortedFromTheirIndex",
+     "Explain Query Plan Select * from RDV Where clng(NumPraticien)=1 order by DateInv, HeureDebut",
+     "SEARCH RDV USING INDEX RDVSemaine (<expr>=?)"},
+    {"alphabetical", "Select RefRDV from RDV order by TexteTri(Nom & 'x') desc", "2,1"},
     {"overlap",
      "Select RefRDV from RDV Where Date1 = #03 11 2026# AND clng(NumPraticien) = 1 AND "
      "((HeureDebut <= #09:00:00# And HeureFin > #09:00:00#) OR (HeureDebut < #09:30# And HeureFin >= "

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+#include <optional>
+
+/// What a patient's non-attendance flag asks for: nothing where there is no such patient.
+using NonHonore = std::optional<bool>;
+
+/// The text colour of the fields that name a patient.
+enum class CouleurPatient { Inchangee, ParDefaut, Rouge };
+
+inline const QString messageNonHonore =
+    QStringLiteral("Le patient est inscrit comme n'honorant pas ses rendez-vous !!!");
+inline const QString titreNonHonore = QStringLiteral("MESSAGE ALERTE");
+
+/// A pick in the list: the message says it, and the name loses the red of an earlier patient.
+inline bool AlerteAuChoix(NonHonore drapeau) {
+    return drapeau == true;
+}
+inline CouleurPatient CouleurAuChoix(NonHonore drapeau) {
+    return drapeau == false ? CouleurPatient::ParDefaut : CouleurPatient::Inchangee;
+}
+
+/// A patient whom the suite handed over: the colour says it, without a message.
+inline CouleurPatient CouleurALActivation(NonHonore drapeau) {
+    if (!drapeau) {
+        return CouleurPatient::Inchangee;
+    }
+    return *drapeau ? CouleurPatient::Rouge : CouleurPatient::ParDefaut;
+}

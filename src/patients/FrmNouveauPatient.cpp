@@ -1,0 +1,161 @@
+#include "patients/FrmNouveauPatient.h"
+
+#include "ui_FrmNouveauPatient.h"
+
+#include "patients/BasesPatients.h"
+#include "patients/DateNaissance.h"
+#include "patients/NumeroSecu.h"
+#include "patients/TexteSaisi.h"
+#include "platform/db/DbError.h"
+#include "platform/ui/Messages.h"
+#include "platform/ui/Sablier.h"
+
+#include <QDir>
+
+namespace {
+
+constexpr int longueurTitre = 20;
+
+} // namespace
+
+FrmNouveauPatient::FrmNouveauPatient(VariablesGlobales &etat, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmNouveauPatient>()), v(etat) {
+    ui->setupUi(this);
+    ui->Titre->lineEdit()->setMaxLength(longueurTitre);
+
+    connect(ui->txtNomPatient, &QLineEdit::editingFinished, this,
+            &FrmNouveauPatient::txtNomPatient_LostFocus);
+    connect(ui->txtPrenomPatient, &QLineEdit::editingFinished, this,
+            &FrmNouveauPatient::txtPrenomPatient_LostFocus);
+    connect(ui->txtNumSecu, &QLineEdit::editingFinished, this, &FrmNouveauPatient::txtNumSecu_LostFocus);
+    // A click into the middle of an empty mask would leave the first digits blank.
+    connect(ui->txtDateNaissance, &QLineEdit::cursorPositionChanged, this, [this](int, int place) {
+        if (place > 0 && DateNaissanceSaisie(ui->txtDateNaissance->text()).isEmpty()) {
+            ui->txtDateNaissance->setCursorPosition(0);
+        }
+    });
+    connect(ui->cmdValiderActe, &QPushButton::clicked, this, &FrmNouveauPatient::cmdValiderActe_Click);
+    connect(ui->cmdAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+
+    remplit();
+}
+
+FrmNouveauPatient::~FrmNouveauPatient() = default;
+
+// ---- Filling
+
+void FrmNouveauPatient::remplit() {
+    try {
+        const Sablier sablier;
+        Database base = OuvrePatients(v);
+        ui->Titre->addItems(Titres(base));
+    } catch (const DbError &erreur) {
+        v.messages->error(erreur.message());
+    }
+    ui->Titre->setCurrentIndex(-1);
+}
+
+// ---- Handlers
+
+void FrmNouveauPatient::txtNomPatient_LostFocus() {
+    ui->txtNomPatient->setText(TexteSaisi(ui->txtNomPatient->text()).toUpper());
+}
+
+void FrmNouveauPatient::txtPrenomPatient_LostFocus() {
+    const QString prenom = TexteSaisi(ui->txtPrenomPatient->text());
+    ui->txtPrenomPatient->setText(prenom.left(1).toUpper() + prenom.mid(1));
+}
+
+void FrmNouveauPatient::txtNumSecu_LostFocus() {
+    const QString numero = TexteSaisi(ui->txtNumSecu->text());
+    ui->txtNumSecu->setText(numero);
+    if (!NumeroSecuValide(numero)) {
+        v.messages->show(QStringLiteral("Le numéro de Sécurité Sociale n'est pas valide !"),
+                         QStringLiteral("ATTENTION"), Messages::Icon::Critical);
+    }
+}
+
+void FrmNouveauPatient::cmdValiderActe_Click() {
+    // Enter presses the button without leaving the field.
+    txtNomPatient_LostFocus();
+    txtPrenomPatient_LostFocus();
+    if (!saisieAcceptee()) {
+        return;
+    }
+    const FichePatient nouveau = fiche();
+    try {
+        if (!accepteDoublon(nouveau)) {
+            reject();
+            return;
+        }
+        cree(nouveau);
+    } catch (const DbError &erreur) {
+        v.messages->error(erreur.message());
+        return;
+    }
+    accept();
+}
+
+bool FrmNouveauPatient::saisieAcceptee() {
+    for (QLineEdit *champ : {ui->txtNomPatient, ui->txtPrenomPatient}) {
+        if (champ->text().isEmpty()) {
+            refuse(QStringLiteral("Vous devez saisir le Nom, le Prénom !"), *champ);
+            return false;
+        }
+    }
+    const QString date = DateNaissanceSaisie(ui->txtDateNaissance->text());
+    const QString defaut = DefautDateNaissance(date, v.maintenant().date());
+    if (!defaut.isEmpty()) {
+        refuse(defaut, *ui->txtDateNaissance);
+        return false;
+    }
+    return true;
+}
+
+void FrmNouveauPatient::refuse(const QString &texte, QLineEdit &champ) {
+    v.messages->show(texte, QStringLiteral("Action Impossible"), Messages::Icon::Critical);
+    champ.setFocus();
+}
+
+FichePatient FrmNouveauPatient::fiche() const {
+    return {TexteSaisi(ui->txtNomPatient->text()),
+            TexteSaisi(ui->txtPrenomPatient->text()),
+            TexteSaisi(ui->Titre->currentText()),
+            TexteSaisi(ui->txtAdresse1->text()),
+            TexteSaisi(ui->txtAdresse2->text()),
+            TexteSaisi(ui->txtCodePostal->text()),
+            TexteSaisi(ui->txtVille->text()),
+            TexteSaisi(ui->txtNumTel->text()),
+            {DateNaissanceSaisie(ui->txtDateNaissance->text()), TexteSaisi(ui->txtNumSecu->text())}};
+}
+
+bool FrmNouveauPatient::accepteDoublon(const FichePatient &nouveau) {
+    QList<Identite> homonymes;
+    {
+        const Sablier sablier;
+        Database base = OuvrePatients(v); // closed again while the user thinks
+        homonymes = Homonymes(base, nouveau);
+    }
+    const QString libelle = LibelleDoublon(homonymes, nouveau.identite);
+    return libelle.isEmpty() || v.messages->ask(QuestionDoublon(libelle), QStringLiteral("Message"));
+}
+
+void FrmNouveauPatient::cree(const FichePatient &nouveau) {
+    Creation creation;
+    QString fichierListing;
+    {
+        const Sablier sablier;
+        Database patient = OuvrePatients(v);
+        Database listing = OuvrePatientsCrees(v);
+        fichierListing = listing.path();
+        creation = CreePatient(patient, listing, nouveau, v.maintenant().date());
+    }
+    if (!creation.inscrite) {
+        v.messages->error(
+            QStringLiteral(
+                "Le patient est créé sous le numéro %1, mais il n'a pas pu être inscrit dans la liste "
+                "des patients créés (fichier « %2 »). Ne le créez pas une seconde fois.")
+                .arg(creation.cptid)
+                .arg(QDir::toNativeSeparators(fichierListing)));
+    }
+}

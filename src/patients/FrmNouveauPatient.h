@@ -1,0 +1,38 @@
+#pragma once
+
+#include "patients/TabPatTables.h"
+
+#include <QDialog>
+#include <memory>
+
+namespace Ui {
+class FrmNouveauPatient;
+}
+class QLineEdit;
+struct VariablesGlobales;
+
+/// Adds a patient to the suite's patient file and to the listing of those created here. It is accepted when
+/// the patient is added; rejected, nothing was written.
+class FrmNouveauPatient : public QDialog {
+    Q_OBJECT
+  public:
+    explicit FrmNouveauPatient(VariablesGlobales &etat, QWidget *parent = nullptr);
+    ~FrmNouveauPatient() override;
+
+  private:
+    void remplit();
+    void txtNomPatient_LostFocus();
+    void txtPrenomPatient_LostFocus();
+    void txtNumSecu_LostFocus();
+    void cmdValiderActe_Click();
+    /// Whether the fields may be kept; what may not is told, and gets the focus.
+    bool saisieAcceptee();
+    void refuse(const QString &texte, QLineEdit &champ);
+    FichePatient fiche() const;
+    /// False when the user will not have a second patient of that name.
+    bool accepteDoublon(const FichePatient &nouveau);
+    void cree(const FichePatient &nouveau);
+
+    std::unique_ptr<Ui::FrmNouveauPatient> ui;
+    VariablesGlobales &v;
+};

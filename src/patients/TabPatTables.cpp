@@ -1,0 +1,150 @@
+#include "patients/TabPatTables.h"
+
+#include "platform/db/DbError.h"
+#include "start/DateInverse.h"
+
+namespace {
+
+const QString tableTabPat = QStringLiteral("TabPat");
+
+/// "dd/mm/yyyy", also of a file that keeps dates of birth as dates.
+QString dateAffichee(const Value &valeur) {
+    const QDate date = valeur.toDate();
+    return date.isValid() ? date.toString(QStringLiteral("dd/MM/yyyy")) : valeur.toText();
+}
+
+/// Only the four fields that are listed: reading all thirty takes twice as long.
+SqlText requete() {
+    return SqlText("select nom, PreNom, cptid, DateNais from TabPat where ");
+}
+
+/// The bounds let the index serve; the pattern decides.
+SqlText requeteNom(const QString &debut) {
+    const Plage plage = PlageDebut(debut);
+    return requete() << "TexteIndex(nom) >= " << texte(plage.de) << " and TexteIndex(nom) < "
+                     << texte(plage.jusqua) << " and nom like " << texte(MotifDebut(debut))
+                     << "order by TexteTri(nom) asc, TexteTri(prenom) asc";
+}
+
+QList<PatientTrouve> patientsDe(const Records &rows) {
+    QList<PatientTrouve> patients;
+    patients.reserve(rows.count());
+    for (const Record row : rows) {
+        patients.append(
+            {row.at(0).toText(), row.at(1).toText(), row.at(2).toText(), dateAffichee(row.at(3))});
+    }
+    return patients;
+}
+
+Fields champsDe(const FichePatient &fiche) {
+    Fields champs{{QStringLiteral("nom"), fiche.nom},
+                  {QStringLiteral("PreNom"), fiche.PreNom},
+                  {QStringLiteral("Titre"), fiche.Titre},
+                  {QStringLiteral("adresse1"), fiche.adresse1},
+                  {QStringLiteral("adresse2"), fiche.adresse2},
+                  {QStringLiteral("CodePostal"), fiche.CodePostal},
+                  {QStringLiteral("ville"), fiche.ville},
+                  {QStringLiteral("telephone"), fiche.telephone},
+                  {QStringLiteral("DateNais"), fiche.identite.DateNais},
+                  {QStringLiteral("NumeroSS"), fiche.identite.NumeroSS},
+                  {QStringLiteral("cmu"), QStringLiteral("N")}};
+    for (const QString &vide : {QStringLiteral("Profession"), QStringLiteral("telephone1"),
+                                QStringLiteral("NomJF"), QStringLiteral("CAM"), QStringLiteral("medecin"),
+                                QStringLiteral("AdrPar"), QStringLiteral("mutuelle")}) {
+        champs.emplace_back(vide, QStringLiteral(""));
+    }
+    for (const QString &nul :
+         {QStringLiteral("TauxCam"), QStringLiteral("TauxMut"), QStringLiteral("PenChargeTp"),
+          QStringLiteral("Option"), QStringLiteral("Filler1"), QStringLiteral("Filler2")}) {
+        champs.emplace_back(nul, 0);
+    }
+    return champs;
+}
+
+/// The listing's row, copied from the patient's as the file keeps it.
+Fields ligneListing(Database &patient, qint64 cptid, QDate aujourdhui) {
+    const Records rows = patient.query(SqlText("select * from TabPat where Cptid=") << nombre(cptid));
+    const Record row = rows.first();
+    Fields champs{
+        {QStringLiteral("DateCréationFicheInv"), InverseDate(aujourdhui)},
+        {QStringLiteral("DateCréationFiche"), aujourdhui.toString(QStringLiteral("dd/MM/yyyy"))},
+        {QStringLiteral("NumPatient"), cptid},
+    };
+    for (const QString &champ :
+         {QStringLiteral("nom"), QStringLiteral("PreNom"), QStringLiteral("telephone"),
+          QStringLiteral("Portable"), QStringLiteral("adresse1"), QStringLiteral("adresse2"),
+          QStringLiteral("CodePostal"), QStringLiteral("ville"), QStringLiteral("DateNais"),
+          QStringLiteral("DateDerLg"), QStringLiteral("MontantHis")}) {
+        champs.emplace_back(champ, row[champ]);
+    }
+    const QString numero = row[u"NumeroSS"].toText();
+    champs.emplace_back(QStringLiteral("NumeroSS"), numero.isEmpty() ? QStringLiteral(" ") : numero);
+    return champs;
+}
+
+} // namespace
+
+QList<PatientTrouve> CherchePatients(Database &patient, const Critere &critere) {
+    if (const auto *numero = std::get_if<qint64>(&critere)) {
+        return patientsDe(patient.query(requete() << "cptid = " << nombre(*numero)));
+    }
+    if (const auto *debut = std::get_if<QString>(&critere)) {
+        return patientsDe(patient.query(requeteNom(*debut)));
+    }
+    return {};
+}
+
+void CreeIndexPatients(Database &patient) {
+    const IndexDef index{QStringLiteral("PatientsParNom"), SqlText("TexteIndex(nom)")};
+    TableDef tabPat = patient.tableDef(tableTabPat);
+    if (tabPat.isUpdatable() && !tabPat.hasIndex(index.name)) {
+        tabPat.createIndex(index);
+    }
+}
+
+NonHonore RDVNonHonoré(Database &patient, qint64 numPatient) {
+    const Records rows =
+        patient.query(SqlText("select RDVNonHonoré from TabPat where Cptid=") << nombre(numPatient));
+    if (rows.isEmpty()) {
+        return std::nullopt;
+    }
+    return rows.first().at(0).toText() == u"O";
+}
+
+QStringList Titres(Database &patient) {
+    const Records rows = patient.query(SqlText("select distinct(Titre) from TabPat"));
+    QStringList titres;
+    for (const Record row : rows) {
+        const QString titre = row.at(0).toText();
+        if (!titre.trimmed().isEmpty()) {
+            titres << titre;
+        }
+    }
+    return titres;
+}
+
+QList<Identite> Homonymes(Database &patient, const FichePatient &fiche) {
+    const Records rows = patient.query(SqlText("select Nom,Prenom,DateNais,NumeroSS from TabPat where Nom = ")
+                                       << texte(fiche.nom) << " and Prenom =" << texte(fiche.PreNom));
+    QList<Identite> homonymes;
+    for (const Record row : rows) {
+        homonymes.append({dateAffichee(row[u"DateNais"]), row[u"NumeroSS"].toText()});
+    }
+    return homonymes;
+}
+
+Creation CreePatient(Database &patient, Database &listing, const FichePatient &fiche, QDate aujourdhui) {
+    Transaction ecritPatient(patient);
+    Transaction ecritListing(listing);
+    Creation creation;
+    creation.cptid = patient.insert(tableTabPat, champsDe(fiche));
+    listing.insert(QStringLiteral("LesPatients"), ligneListing(patient, creation.cptid, aujourdhui));
+    ecritPatient.commit();
+    try {
+        ecritListing.commit();
+        creation.inscrite = true;
+    } catch (const DbError &) {
+        creation.inscrite = false; // the patient is kept: the caller says which half is missing
+    }
+    return creation;
+}

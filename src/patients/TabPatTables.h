@@ -1,0 +1,56 @@
+#pragma once
+
+#include "patients/AlerteNonHonore.h"
+#include "patients/Critere.h"
+#include "patients/Doublons.h"
+#include "platform/db/Database.h"
+
+#include <QStringList>
+
+/// A patient as the lookup lists him.
+struct PatientTrouve {
+    QString nom;
+    QString prenom;
+    QString numero;
+    QString dateNais; ///< "dd/mm/yyyy"
+};
+
+/// The patients asked for: the one of that number, or those whose name begins with the text, by name, then
+/// first name.
+QList<PatientTrouve> CherchePatients(Database &patient, const Critere &critere);
+
+/// Creates the index that a search by name uses, where the file can be written and lacks it. Searches find
+/// the same patients without it, later.
+void CreeIndexPatients(Database &patient);
+
+/// Whether the patient is marked as one who does not keep his appointments.
+NonHonore RDVNonHonoré(Database &patient, qint64 numPatient);
+
+/// The titles that patients bear, none of them empty.
+QStringList Titres(Database &patient);
+
+/// A new patient, as the screen says.
+struct FichePatient {
+    QString nom;
+    QString PreNom;
+    QString Titre;
+    QString adresse1;
+    QString adresse2;
+    QString CodePostal;
+    QString ville;
+    QString telephone;
+    Identite identite;
+};
+
+/// Those who bear the name and first name of `fiche`.
+QList<Identite> Homonymes(Database &patient, const FichePatient &fiche);
+
+struct Creation {
+    qint64 cptid = 0;      ///< the new patient's number
+    bool inscrite = false; ///< the creation listing has its row
+};
+
+/// Adds the patient to `patient` and the row of `aujourdhui` to `listing`. Both are written before either is
+/// made to last, so that what fails leaves both files as they were; when only the listing's last step fails,
+/// the patient is there and `inscrite` says so.
+Creation CreePatient(Database &patient, Database &listing, const FichePatient &fiche, QDate aujourdhui);
