@@ -32,6 +32,7 @@ ChampsRDV::ChampsRDV(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui:
     connect(ui->Text1, &QLineEdit::textEdited, this, &ChampsRDV::nomTape);
     connect(ui->BtnInit, &QPushButton::clicked, this, &ChampsRDV::remiseAZero);
     connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this, &ChampsRDV::patientChoisi);
+    setFocusProxy(ui->recherchePatient); // the patient comes first
     ui->DTPicker1->setLocale(QLocale(QLocale::French, QLocale::France));
 }
 

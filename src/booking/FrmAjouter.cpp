@@ -18,6 +18,7 @@ FrmAjouter::FrmAjouter(VariablesGlobales &etat, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmAjouter>()), v(etat) {
     ui->setupUi(this);
     ui->champs->utilise(v);
+    ui->champs->setFocus();
     connect(ui->champs, &ChampsRDV::nomTape, this, [this] { v.NumPatientTransmis = 0; });
     connect(ui->champs, &ChampsRDV::remiseAZero, this, &FrmAjouter::BtnInit_Click);
     connect(ui->champs, &ChampsRDV::patientChoisi, this, &FrmAjouter::choisit);

@@ -23,6 +23,7 @@ FrmEditer::FrmEditer(VariablesGlobales &etat, qint64 refRDV, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmEditer>()), v(etat), RefRDVEdite(refRDV) {
     ui->setupUi(this);
     ui->champs->utilise(v);
+    ui->champs->setFocus();
     connect(ui->champs, &ChampsRDV::remiseAZero, this, &FrmEditer::BtnInit_Click);
     connect(ui->champs, &ChampsRDV::patientChoisi, this, &FrmEditer::choisit);
     connect(ui->BtnMettreAJour, &QPushButton::clicked, this, &FrmEditer::BtnMettreAJour_Click);

@@ -76,7 +76,7 @@ void FrmNouveauPatient::txtNumSecu_LostFocus() {
 }
 
 void FrmNouveauPatient::cmdValiderActe_Click() {
-    // Enter presses the button without leaving the field.
+    // However the fields were filled and the button pressed, names are kept in their form.
     txtNomPatient_LostFocus();
     txtPrenomPatient_LostFocus();
     if (!saisieAcceptee()) {

@@ -16,6 +16,7 @@
 RecherchePatient::RecherchePatient(QWidget *parent)
     : QWidget(parent), ui(std::make_unique<Ui::RecherchePatient>()) {
     ui->setupUi(this);
+    setFocusProxy(ui->TxtPatient);
     ui->Grille1->setModel(&m_liste);
     ui->Grille1->verticalHeader()->setDefaultSectionSize(ui->Grille1->fontMetrics().height() + 4);
     int largeur = ui->Grille1->verticalScrollBar()->sizeHint().width() + 2 * ui->Grille1->frameWidth();

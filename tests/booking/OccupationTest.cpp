@@ -25,11 +25,11 @@ RendezVous rdv(const char *debut, const char *fin) {
 
 TEST(Occupation, OneAppointmentAgainstARange) {
     struct Row {
-        const char *name;
+        const char *name = nullptr;
         RendezVous present;
         PlageHoraire voulu;
-        bool libre;
-        bool here;
+        bool libre = false;
+        bool here = false;
     };
     const Row rows[] = {
         {"begins at its end", rdv("09:00", "09:30"), {h("09:30"), h("10:00")}, true, false},

@@ -1,6 +1,5 @@
 #include "PatientsDEssai.h"
 #include "patients/ActesTables.h"
-#include "platform/db/DbError.h"
 
 #include <gtest/gtest.h>
 
@@ -8,7 +7,7 @@ namespace {
 
 class TabPatTest : public testing::Test, public PatientsDEssai {
   protected:
-    /// "name first-name" of the found, or their numbers alone.
+    /// "name first-name" of the found.
     QString cherche(const char *texte) const {
         Database base = ouvre(Base::Patients);
         QStringList trouves;
@@ -88,7 +87,6 @@ TEST_F(TabPatTest, FindsByNumberOrByTheBeginningOfTheName) {
             EXPECT_EQ(cherche(c.texte), QString::fromUtf8(c.trouves)) << c.texte << " index " << avecIndex;
         }
     }
-    EXPECT_EQ(cherche(QByteArray(10'000, '[').constData()), QString());
 }
 
 TEST_F(TabPatTest, ListsInAlphabeticalOrder) {
@@ -125,30 +123,6 @@ TEST_F(TabPatTest, ReadsTheFlagOfOnePatient) {
     EXPECT_EQ(RDVNonHonoré(base, 0), std::nullopt);
 }
 
-TEST_F(TabPatTest, ListsEachTitleOnce) {
-    Database base = ouvre(Base::Patients);
-    for (const char *titre : {"Mme", "", "M.", " ", "Mme"}) {
-        base.insert(QStringLiteral("TabPat"), {{QStringLiteral("Titre"), QString::fromUtf8(titre)}});
-    }
-    base.insert(QStringLiteral("TabPat"), {{QStringLiteral("Titre"), Value()}});
-    QStringList titres = Titres(base);
-    titres.sort();
-    EXPECT_EQ(titres, (QStringList{QStringLiteral("M."), QStringLiteral("Mme")}));
-}
-
-TEST_F(TabPatTest, FindsThoseOfTheSameNameAndFirstName) {
-    ajoute("d'arc", "ÉLISE", "25/03/1980", "1");
-    ajoute("D'ARC", "Elise");
-    ajoute("D'ARC-ROUX", "Élise");
-    ajoute("D'ARC", "Élise", nullptr, nullptr);
-    Database base = ouvre(Base::Patients);
-    QStringList trouves;
-    for (const Identite &homonyme : Homonymes(base, fiche)) {
-        trouves << homonyme.DateNais + u'|' + homonyme.NumeroSS;
-    }
-    EXPECT_EQ(trouves, (QStringList{QStringLiteral("25/03/1980|1"), QStringLiteral("|")}));
-}
-
 TEST_F(TabPatTest, WritesBothRowsWhole) {
     const Creation creation = cree(fiche); // the file is empty: its first patient is one like any other
     EXPECT_EQ(creation.cptid, 1);
@@ -177,21 +151,6 @@ TEST_F(TabPatTest, NumbersTheNewPatientItself) {
     ASSERT_EQ(lignes.count(), 1);
     EXPECT_EQ(lignes.first()[u"NumPatient"].toInteger(), parti + 1);
     EXPECT_EQ(lignes.first()[u"NumeroSS"].toText(), QStringLiteral(" "));
-}
-
-TEST_F(TabPatTest, ARefusedHalfLeavesNeither) {
-    const std::function<void()> pannes[] = {
-        [this] { ouvre(Base::PatientsCrees).execute(SqlText("drop table LesPatients")); },
-        [this] {
-            QFile::remove(fichier(Base::PatientsCrees));
-            creeBase(fichier(Base::PatientsCrees), schema(Base::PatientsCrees));
-            protege(Base::PatientsCrees);
-        }};
-    for (const auto &panne : pannes) {
-        panne();
-        EXPECT_THROW(cree(fiche), DbError);
-        EXPECT_EQ(nombreDe(Base::Patients), 0);
-    }
 }
 
 TEST_F(TabPatTest, TheLatestActStillToDo) {
