@@ -9,23 +9,27 @@
 
 namespace {
 
-Livre livre(const QString &nom, bool ancien) {
+Livre livre(const QString &nom, int patients, int rdv, bool ancien) {
     const QDir dossier(dossierBench().filePath(nom));
     const Livre fait{dossier.filePath(QStringLiteral("CheminBelmor.mdb")),
                      dossier.filePath(QStringLiteral("Base/Fichiers/Tavelin.mdb"))};
     if (!QFile::exists(fait.chemin)) { // written last: without it, what is there was interrupted
-        QTextStream(stderr) << "Création du carnet " << dossier.path() << " (500 000 rendez-vous)...\n";
+        QTextStream(stderr) << "Création du cabinet " << dossier.path() << " (" << patients << " patients, "
+                            << rdv << " rendez-vous)...\n";
         QDir(dossier).removeRecursively();
         OptionsCabinet options;
-        options.patients = 20'000;
+        options.patients = patients;
         options.annees = 20;
-        options.rdv = 500'000;
+        options.rdv = rdv;
         options.aujourdhui = instant().date();
         options.ancien = ancien;
         ecritCabinet(dossier.path(), options);
     }
     return fait;
 }
+
+constexpr int patientsDuLivre = 20'000;
+constexpr int rendezVousDuLivre = 500'000;
 
 } // namespace
 
@@ -42,14 +46,19 @@ QDateTime instant() {
 }
 
 Livre livreCourant() {
-    const Livre courant = livre(QStringLiteral("courant"), false);
+    const Livre courant = livre(QStringLiteral("courant"), patientsDuLivre, rendezVousDuLivre, false);
     Database rdv = Database::open(courant.rendezVous);
     MetANiveau(rdv); // its indexes; a glance from the second time on
     return courant;
 }
 
 Livre livreAncien() {
-    return livre(QStringLiteral("ancien"), true);
+    return livre(QStringLiteral("ancien"), patientsDuLivre, rendezVousDuLivre, true);
+}
+
+QString livrePatients() {
+    livre(QStringLiteral("patients"), 100'000, 1'000, false);
+    return dossierBench().filePath(QStringLiteral("patients/Base/Fichiers"));
 }
 
 QStringList optionsLivreCourant() {

@@ -21,6 +21,9 @@ struct Livre {
 Livre livreCourant(); ///< up to date, with its indexes
 Livre livreAncien();  ///< from before chairs and day keys; measures upgrade copies of it
 
+/// The folder of a suite with 100,000 patients, as CheminFichiers.
+QString livrePatients();
+
 /// What opens the current book in the program itself.
 QStringList optionsLivreCourant();
 

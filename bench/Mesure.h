@@ -24,10 +24,16 @@ struct Mesure {
     std::function<Cotes()> prepare; ///< makes what both sides need; not timed
 };
 
+Mesure ajout();
+Mesure changementSemaine();
 Mesure demarrage();
+Mesure frappe1();
+Mesure frappe3();
+Mesure listeNumero();
 Mesure memoire();
 Mesure miseANiveau();
 Mesure peintureSemaine();
+Mesure selection();
 Mesure traceSemaine();
 
 /// Why a measure would be worth nothing.

@@ -25,7 +25,8 @@ QTextStream &sortie() {
 }
 
 std::vector<Mesure> mesures() {
-    return {traceSemaine(), peintureSemaine(), memoire(), demarrage(), miseANiveau()};
+    return {traceSemaine(), peintureSemaine(), changementSemaine(), selection(), ajout(),      frappe1(),
+            frappe3(),      listeNumero(),     memoire(),           demarrage(), miseANiveau()};
 }
 
 constexpr QStringView debutAide = uR"(Utilisation : tavelin-bench [NOM]

@@ -10,7 +10,7 @@ class ActionsRDV : public QObject {
     Q_OBJECT
   public:
     /// `fenetre` is the windows' parent.
-    ActionsRDV(VariablesGlobales &v, QWidget &fenetre);
+    ActionsRDV(VariablesGlobales &etat, QWidget &fenetre);
 
     void mnuAjouter_Click();
     void mnuEditer_Click();

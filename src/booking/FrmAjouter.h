@@ -16,7 +16,7 @@ struct VariablesGlobales;
 class FrmAjouter : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmAjouter(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmAjouter(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmAjouter() override;
 
   signals:

@@ -15,7 +15,7 @@ class FrmEditer : public QDialog {
     Q_OBJECT
   public:
     /// `refRDV` is the appointment's key, found again in the book before the window opens.
-    FrmEditer(VariablesGlobales &v, qint64 refRDV, QWidget *parent = nullptr);
+    FrmEditer(VariablesGlobales &etat, qint64 refRDV, QWidget *parent = nullptr);
     ~FrmEditer() override;
 
   signals:

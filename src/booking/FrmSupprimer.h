@@ -12,7 +12,7 @@ struct VariablesGlobales;
 class FrmSupprimer : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmSupprimer(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmSupprimer(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmSupprimer() override;
 
   signals:

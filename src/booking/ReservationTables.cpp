@@ -115,7 +115,8 @@ int WithCote(const QString &texte) {
 std::optional<qint64> RetrouveRDV(Database &rdv, const RendezVous &selection, long praticien) {
     SqlText sql("SELECT * FROM RDV WHERE ( ");
     if (WithCote(selection.Nom) == 0) {
-        sql << "(Nom = " << texte(selection.Nom) << " ) AND (Prenom = " << texte(selection.Prenom)
+        // a Null name reads as an empty one, in the grid as here
+        sql << "(cstr(Nom) = " << texte(selection.Nom) << " ) AND (cstr(Prenom) = " << texte(selection.Prenom)
             << ") AND ";
     }
     sql << "(Date1 = " << dateSql(selection.Date1) << ") AND (clng(NumPraticien) = " << nombre(praticien)

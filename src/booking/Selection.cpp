@@ -50,7 +50,8 @@ ContexteSelection AnalyseSelection(const Configuration &config, const PlageHorai
                                    const QList<RendezVous> &jour, int lignes) {
     ContexteSelection contexte;
     contexte.horaire = {enMinutes(selection.debut), enMinutes(selection.fin)};
-    const auto &[debut, fin] = contexte.horaire;
+    const QTime debut = contexte.horaire.debut;
+    const QTime fin = contexte.horaire.fin;
     const auto chevauche = [&](const RendezVous &rdv) {
         return rdv.aUneDuree() && rdv.HeureDebut < fin && rdv.HeureFin > debut;
     };

@@ -14,7 +14,7 @@ class SelectionRendezVous : public QObject {
     Q_OBJECT
   public:
     SelectionRendezVous(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03,
-                        VariablesGlobales &v, QObject *parent = nullptr);
+                        VariablesGlobales &etat, QObject *parent = nullptr);
 
     /// Looks again at what the last selection holds, after a redraw.
     void rafraichit();

@@ -13,7 +13,7 @@ struct VariablesGlobales;
 class GrilleSemaine : public QObject {
     Q_OBJECT
   public:
-    GrilleSemaine(FlexGrid &GrilleRDV, VariablesGlobales &v, QObject *parent = nullptr);
+    GrilleSemaine(FlexGrid &GrilleRDV, VariablesGlobales &etat, QObject *parent = nullptr);
 
     /// Builds the whole grid from the loaded configuration and draws the week's appointments. A configuration
     /// that cannot be drawn gives a grid without rows.

@@ -16,7 +16,7 @@ struct VariablesGlobales;
 class GrillesJour : public QObject {
     Q_OBJECT
   public:
-    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &v,
+    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, VariablesGlobales &etat,
                 QObject *parent = nullptr);
 
     /// Draws the current day. `fauteuilCoche` is the place of the chair menu's ticked item, -1 for none: with
@@ -36,7 +36,7 @@ class GrillesJour : public QObject {
   private:
     /// One of the two grids, and the slots that it shows.
     struct Volet {
-        FlexGrid *grille;
+        FlexGrid *grille = nullptr;
         Creneaux creneaux;
     };
     void TraceGrille2Et3Jour(Database &base);

@@ -37,6 +37,16 @@ RecherchePatient::RecherchePatient(QWidget *parent)
 
 RecherchePatient::~RecherchePatient() = default;
 
+void RecherchePatient::utilise(VariablesGlobales &etat) {
+    v = &etat;
+    try {
+        Database patients = OuvrePatients(etat);
+        CreeIndexPatients(patients);
+    } catch (const DbError &) { // what is wrong with the file is told by the first search
+        return;
+    }
+}
+
 // ---- Filling
 
 void RecherchePatient::montre(const QList<PatientTrouve> &patients) {

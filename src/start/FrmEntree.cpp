@@ -41,10 +41,18 @@ QRect enPixels(const Rectangle &twips) {
                                         pixelsFromTwips(twips.haut + twips.hauteur) - haut)};
 }
 
+/// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
+QFont sansMiseEnForme(QFont police) {
+    police.setStyleStrategy(QFont::PreferNoShaping);
+    police.setKerning(false);
+    return police;
+}
+
 } // namespace
 
 FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
     : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), v(etat) {
+    setFont(sansMiseEnForme(font()));
     ui->setupUi(this);
     construitBarreEtat();
     construitBoutonsVue();

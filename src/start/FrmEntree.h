@@ -25,7 +25,7 @@ class FrmEntree : public QMainWindow {
     Q_OBJECT
   public:
     /// The data locations of `v` are read already; `v` outlives the window.
-    explicit FrmEntree(VariablesGlobales &v, QWidget *parent = nullptr);
+    explicit FrmEntree(VariablesGlobales &etat, QWidget *parent = nullptr);
     ~FrmEntree() override;
 
     /// The start-up, from the upgrade to the drawn week. What fails is told and leaves the window usable.

@@ -34,14 +34,6 @@ void parleFrancais() {
     }
 }
 
-/// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
-void ecritSansMiseEnForme() {
-    QFont police = QApplication::font();
-    police.setStyleStrategy(QFont::PreferNoShaping);
-    police.setKerning(false);
-    QApplication::setFont(police);
-}
-
 /// A clock that shows `depart` now and goes on from there.
 std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
     const qint64 decalage = QDateTime::currentDateTime().msecsTo(depart);
@@ -92,7 +84,6 @@ int Lance(int argc, char **argv) {
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
-    ecritSansMiseEnForme();
     if (!LitEmplacements(v, options.chemin)) {
         return codeErreur;
     }

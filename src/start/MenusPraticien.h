@@ -15,7 +15,7 @@ class MenusPraticien : public QObject {
     Q_OBJECT
   public:
     /// Item 0 of each menu is there already; the others come and go.
-    MenusPraticien(QMenu &mnuPraticien, QMenu &menuFaut, VariablesGlobales &v, QObject *parent = nullptr);
+    MenusPraticien(QMenu &mnuPraticien, QMenu &menuFaut, VariablesGlobales &etat, QObject *parent = nullptr);
 
     void construitPraticiens(const QList<Praticien> &praticiens);
     /// The current practitioner's chairs; the menu shows when one of them is not 0.

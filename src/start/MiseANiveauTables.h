@@ -12,4 +12,4 @@ QString ModifieTable(TableDef table, ActionTable action, const FieldDef &champ);
 /// their values where they are empty, and the indexes of the hot queries. An up-to-date one is only looked
 /// at. Gives the message of the step that failed because its table cannot be changed, else an empty text;
 /// throws DbError for every other failure.
-QString MetANiveau(Database &rdv);
+QString MetANiveau(Database &base);

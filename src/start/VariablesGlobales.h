@@ -80,8 +80,11 @@ struct VariablesGlobales {
     }
     /// The appointment under the selection, as the values above say.
     RendezVous rdvSelectionne() const {
-        return {RefRDVCourant,     NomRDV,           PrenomRDV,          TelephoneRDV,  DescriptionRDV,
-                NumPatientCourant, txtNumJourEnCours, HeureDebutCourante, HeureFinCourante, PresentRDV};
+        return {RefRDVCourant,     NomRDV,
+                PrenomRDV,         TelephoneRDV,
+                DescriptionRDV,    NumPatientCourant,
+                txtNumJourEnCours, HeureDebutCourante,
+                HeureFinCourante,  PresentRDV};
     }
     /// Opens the database stored at `chemin`; throws DbError.
     Database ouvre(const QString &chemin) const { return Database::open(chemins.realDatabase(chemin)); }

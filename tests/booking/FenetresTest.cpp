@@ -288,6 +288,16 @@ TEST_F(FenetresRDV, DeletingTakesTheSelectedOneOnly) {
     EXPECT_EQ(rdv().count(), 1) << "never another patient's appointment";
 }
 
+TEST_F(FenetresRDV, AnAppointmentWithoutFirstNameCanBeDeleted) {
+    const qint64 ref = reserve("09:00", "09:30");
+    cabinet.ouvre(Base::RendezVous)
+        .update(QStringLiteral("RDV"), QStringLiteral("RefRDV"), ref, {{QStringLiteral("Prenom"), Value()}});
+    selectionne(ref);
+    FrmSupprimer f(v);
+    presse(f, "BtnOK");
+    EXPECT_EQ(rdv().count(), 0) << qPrintable(message().text);
+}
+
 TEST_F(FenetresRDV, TheWorkingHoursQuestion) {
     FrmQuelHoraire f;
     EXPECT_EQ(f.ChoixHoraire(), 1);

@@ -39,9 +39,9 @@ ContexteSelection analyse(const char *debut, const char *fin, const QList<Rendez
 
 TEST(Selection, WhatTheGridMustCorrectFirst) {
     struct Row {
-        const char *name;
+        const char *name = nullptr;
         CoinsSelection coins;
-        Correction attendue;
+        Correction attendue = Correction::Aucune;
     };
     for (const Row &row :
          {Row{"one slot", {5, 2, 5, 2}, Correction::Aucune},

@@ -124,10 +124,10 @@ TEST_F(FrmEntreeTest, HandOffWithoutRowsOpensOnTheFirstPractitioner) {
 
 TEST_F(FrmEntreeTest, TellsAndGoesOnWhenTheDataIsOdd) {
     struct Row {
-        const char *name;
+        const char *name = nullptr;
         std::function<void(Essai &)> damage;
-        const char *message;
-        bool avecGrille;
+        const char *message = nullptr;
+        bool avecGrille = false;
     };
     const auto remove = [](Base base) {
         return [base](Essai &t) { QFile::remove(t.cabinet.fichier(base)); };
@@ -204,7 +204,7 @@ TEST_F(FrmEntreeTest, HardTextIsDrawnAsItIs) {
 
 TEST_F(FrmEntreeTest, PathDatabaseWithoutDataRootEndsTheProgram) {
     struct Row {
-        const char *name;
+        const char *name = nullptr;
         SqlText sql;
     };
     for (const Row &row : {Row{"empty table", SqlText("delete from Chemin")},

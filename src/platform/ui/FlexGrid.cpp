@@ -161,7 +161,8 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (event->button() == Qt::LeftButton) {
         m_dragging = true;
         const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
-        change(extend ? m_row : under.row(), extend ? m_col : under.column(), under.row(), under.column(), true);
+        change(extend ? m_row : under.row(), extend ? m_col : under.column(), under.row(), under.column(),
+               true);
     } else if (event->button() == Qt::RightButton && !inSelection) {
         select(under.row(), under.column(), under.row(), under.column());
     }

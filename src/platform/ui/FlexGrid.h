@@ -31,8 +31,8 @@ class FlexGrid : public QTableView {
     /// The cells that the arrow keys reach: columns and rows as x and y.
     void setKeyboardArea(const QRect &cells) { m_keyboardArea = cells; }
 
-    /// True from the press of the left button in a cell to its release, or until a handler moves the beginning
-    /// of the selection, which ends the drag.
+    /// True from the press of the left button in a cell to its release, or until a handler moves the
+    /// beginning of the selection, which ends the drag.
     bool isDragging() const { return m_dragging; }
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
