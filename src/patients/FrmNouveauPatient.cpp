@@ -40,7 +40,13 @@ FrmNouveauPatient::FrmNouveauPatient(VariablesGlobales &etat, QWidget *parent)
     remplit();
 }
 
-FrmNouveauPatient::~FrmNouveauPatient() = default;
+FrmNouveauPatient::~FrmNouveauPatient() {
+    // A field that goes while it has the focus says once more that it was left, when this window is half
+    // gone.
+    for (QLineEdit *champ : findChildren<QLineEdit *>()) {
+        champ->disconnect(this);
+    }
+}
 
 // ---- Filling
 

@@ -178,7 +178,7 @@ void FrmEntree::relieBoutons() {
 }
 
 void FrmEntree::relieClavier() {
-    const auto touche = [this](QKeySequence suite, auto operation) {
+    const auto touche = [this](const QKeySequence &suite, auto operation) {
         connect(new QShortcut(suite, this), &QShortcut::activated, this, [this, operation] {
             if (m_charge) {
                 operation();

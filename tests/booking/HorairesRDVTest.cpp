@@ -13,10 +13,10 @@ HorairesRDV h(const char *debut, const char *fin) {
 
 TEST(HorairesRDV, ArrowsMoveByASlotAndStop) {
     struct Row {
-        const char *name;
+        const char *name = nullptr;
         HorairesRDV avant;
-        Deplace quoi;
-        Sens sens;
+        Deplace quoi = Deplace::Debut;
+        Sens sens = Sens::PlusTard;
         HorairesRDV apres;
     };
     using enum Deplace;

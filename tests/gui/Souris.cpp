@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QDialog>
+#include <QElapsedTimer>
 #include <QMainWindow>
 #include <QMenu>
 #include <QMenuBar>
@@ -37,6 +38,18 @@ QStringList vers(const QWidget &widget, QPoint point) {
 bool estPrete(const QWidget &fenetre) {
     return fenetre.isVisible() && fenetre.windowHandle() != nullptr && fenetre.windowHandle()->isExposed() &&
            fenetre.isActiveWindow();
+}
+
+/// Two clicks in one place, one soon after the other, are a double click, also when they are those of two
+/// tests: waits until this one is no more.
+void laisseLeDoubleClic(QPoint ecran) {
+    static QElapsedTimer depuis;
+    static QPoint dernier;
+    if (depuis.isValid() && dernier == ecran) {
+        waitUntil([] { return depuis.hasExpired(qint64{2} * QApplication::doubleClickInterval()); });
+    }
+    dernier = ecran;
+    depuis.start();
 }
 
 QMenu *menuDe(const QAction &action) {
@@ -76,6 +89,7 @@ void relache(int bouton) {
 }
 
 void clic(const QWidget &widget, QPoint point, int bouton) {
+    laisseLeDoubleClic(widget.mapToGlobal(point));
     agit(vers(widget, point) << QStringLiteral("click") << QString::number(bouton));
 }
 
@@ -84,6 +98,7 @@ void clic(const QWidget &widget) {
 }
 
 void doubleClic(const QWidget &widget, QPoint point) {
+    laisseLeDoubleClic(widget.mapToGlobal(point));
     agit(vers(widget, point) << QStringLiteral("click") << QStringLiteral("--repeat") << QStringLiteral("2")
                              << QStringLiteral("--delay") << QStringLiteral("40") << QStringLiteral("1"));
 }

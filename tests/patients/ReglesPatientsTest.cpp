@@ -95,8 +95,9 @@ TEST(AlerteNonHonore, MessageOnAPickAndColourOnActivation) {
     using enum CouleurPatient;
     struct {
         NonHonore drapeau;
-        bool alerte;
-        CouleurPatient auChoix, alActivation;
+        bool alerte = false;
+        CouleurPatient auChoix = Inchangee;
+        CouleurPatient alActivation = Inchangee;
     } const cas[] = {{std::nullopt, false, Inchangee, Inchangee},
                      {false, false, ParDefaut, ParDefaut},
                      {true, true, Inchangee, Rouge}};
