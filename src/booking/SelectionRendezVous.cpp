@@ -121,7 +121,9 @@ void SelectionRendezVous::selectionJour(FlexGrid &grille) {
 void SelectionRendezVous::rafraichit() {
     traite([this] {
         const bool semaine = v.VueSemaine && m_semaine.row() > 0 && m_semaine.cells().rows() > 0;
-        const bool jour = !v.VueSemaine && m_jourCourant->row() > (m_jourCourant == &m_jour2 ? 1 : 0);
+        // a day grid whose configuration is not loaded has slots that nothing here knows yet
+        const bool jour = !v.VueSemaine && v.ConfigGrilleJour >= 0 &&
+                          m_jourCourant->row() > (m_jourCourant == &m_jour2 ? 1 : 0);
         if (semaine) {
             selectionSemaine();
         } else if (jour) {
@@ -188,15 +190,23 @@ void SelectionRendezVous::boutonRelache(FlexGrid &grille, Qt::MouseButton bouton
 }
 
 bool SelectionRendezVous::prendFauteuil(const FlexGrid &grille) {
-    const int place = &grille == &m_jour2 ? 0 : 1;
-    if (!v.AvecFauteuils || v.ConfigGrilleJour == place) {
+    const int place = v.AvecFauteuils && &grille == &m_jour3 ? 1 : 0;
+    if (v.ConfigGrilleJour == place) {
         return false;
     }
-    const int fauteuil = NumeroFauteuil(grille.cells().cell(0, 1).text);
     Database base = v.ouvre(v.CheminBaseRDV);
-    if (const auto nom = NomConfigDuFauteuil(base, v.numPraticien(), fauteuil)) {
+    const QList<LigneConfig> configs = ConfigsDuPraticien(base, v.numPraticien());
+    // Without chairs both grids show the practitioner's first configuration, or the fall-back.
+    const int fauteuil = v.AvecFauteuils     ? NumeroFauteuil(grille.cells().cell(0, 1).text)
+                         : configs.isEmpty() ? -1
+                                             : int(CLng(configs.first().Fauteuil));
+    const auto nom =
+        configs.isEmpty() ? NomConfigDeRepli(base) : NomConfigDuFauteuil(base, v.numPraticien(), fauteuil);
+    if (nom) {
         v.config = LitConfig(base, *nom, v.numPraticien(), fauteuil).value_or(v.config);
+        v.intervalleSansZoom = 0;
     }
+    v.ConfigExiste = !configs.isEmpty();
     v.ConfigGrilleJour = place;
     return true;
 }

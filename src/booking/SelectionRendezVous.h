@@ -35,7 +35,7 @@ class SelectionRendezVous : public QObject {
     void HoraireSelection(QTime depart);
     void AnalyseSelection();
     void boutonRelache(FlexGrid &grille, Qt::MouseButton bouton, const QPoint &position);
-    /// With chairs, a day grid's chair becomes the current one. True when the configuration changed.
+    /// Loads the configuration that a day grid shows, and with it its chair. True when it was not loaded yet.
     bool prendFauteuil(const FlexGrid &grille);
     void metInfoBulle();
     /// Runs a handler, which its own changes of the selection may run again inside.

@@ -304,6 +304,7 @@ void FrmEntree::BtnRafraichir_Click() {
 
 void FrmEntree::mnuZoom_Click() {
     v.config.Intervalle = BasculeZoom(v.config.Intervalle, v.intervalleSansZoom);
+    v.ConfigGrilleJour = -1; // the day grids keep their own slots
     essaie([this] { redessine(); });
     m_semaine->MontreHeureCourante();
 }
@@ -312,6 +313,7 @@ void FrmEntree::mnutranche_Click() {
     FrmTrancheHoraire fenetre(v, this);
     connect(&fenetre, &FrmTrancheHoraire::configurationModifiee, this, [this] {
         v.intervalleSansZoom = 0;
+        v.ConfigGrilleJour = -1;
         essaie([this] { redessine(); });
     });
     fenetre.exec();

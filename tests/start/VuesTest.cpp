@@ -272,6 +272,20 @@ TEST_F(VuesTest, TheAfternoonGridCountsFromTheAfternoon) {
     EXPECT_EQ(v.HeureFinCourante, v.config.HeurePMDebut.addSecs(2 * 60 * v.config.Intervalle));
 }
 
+TEST_F(VuesTest, ADaySelectionCountsInTheSlotsThatAreShown) {
+    cabinet.ouvre(Base::RendezVous)
+        .execute(SqlText("update Config set Intervalle = 30, HeureMatDebut = #07:00#, HeureMatFin = #12:00#, "
+                         "HeurePMDebut = #14:00#, HeurePMFin = #18:00# where clng(NumPraticien) = 2"));
+    start();
+    press("BtnJour");
+    fenetre->findChild<QMenu *>(QStringLiteral("mnuPraticien"))->actions()[1]->trigger();
+    grille("GrilleRDV02").select(3, 1, 3, 1);
+    EXPECT_EQ(panneau(3), QStringLiteral("08:00  /  08:30")) << "the other practitioner's slots";
+    action("mnuZoom").trigger();
+    grille("GrilleRDV02").select(4, 1, 4, 1);
+    EXPECT_EQ(panneau(3), QStringLiteral("08:30  /  09:00")) << "the zoom is the week grid's";
+}
+
 TEST_F(VuesTest, ZoomLastsUntilTheConfigurationIsLoadedAgain) {
     start();
     const int lignes = grille("GrilleRDV").cells().rows();
