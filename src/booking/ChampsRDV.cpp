@@ -122,3 +122,12 @@ std::optional<SaisieRDV> ChampsRDV::saisie() {
     saisie.HeureFin = *fin;
     return saisie;
 }
+
+void ChampsRDV::garde(const SaisieRDV &saisie) {
+    v->HeureDebutCourante = saisie.HeureDebut;
+    v->HeureFinCourante = saisie.HeureFin;
+    v->NomRDV = saisie.Nom;
+    v->PrenomRDV = saisie.Prenom;
+    v->TelephoneRDV = saisie.Telephone;
+    v->DescriptionRDV = saisie.Description;
+}

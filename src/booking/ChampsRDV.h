@@ -35,6 +35,8 @@ class ChampsRDV : public QWidget {
 
     /// What the screen says. What it must not say is told, gets the focus, and gives nothing.
     std::optional<SaisieRDV> saisie();
+    /// Copies what was said into the selection context.
+    void garde(const SaisieRDV &saisie);
 
   signals:
     void nomTape();

@@ -159,12 +159,7 @@ void FrmAjouter::ajoute(SaisieRDV saisie) {
         estLibre(saisie); // somebody took it in between: the same refusal
         return;
     }
-    v.HeureDebutCourante = saisie.HeureDebut;
-    v.HeureFinCourante = saisie.HeureFin;
-    v.NomRDV = saisie.Nom;
-    v.PrenomRDV = saisie.Prenom;
-    v.TelephoneRDV = saisie.Telephone;
-    v.DescriptionRDV = saisie.Description;
+    ui->champs->garde(saisie);
     emit rdvEcrit();
     accept();
 }

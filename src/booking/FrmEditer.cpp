@@ -6,19 +6,6 @@
 #include "start/VariablesGlobales.h"
 #include "ui_FrmEditer.h"
 
-namespace {
-
-void prendSaisie(VariablesGlobales &v, const SaisieRDV &saisie) {
-    v.HeureDebutCourante = saisie.HeureDebut;
-    v.HeureFinCourante = saisie.HeureFin;
-    v.NomRDV = saisie.Nom;
-    v.PrenomRDV = saisie.Prenom;
-    v.TelephoneRDV = saisie.Telephone;
-    v.DescriptionRDV = saisie.Description;
-}
-
-} // namespace
-
 FrmEditer::FrmEditer(VariablesGlobales &etat, qint64 refRDV, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmEditer>()), v(etat), RefRDVEdite(refRDV) {
     ui->setupUi(this);
@@ -52,7 +39,7 @@ void FrmEditer::choisit(const PatientTrouve &patient) {
 void FrmEditer::ValideSaisie() {
     v.txtUnPatientBelmor.clear();
     if (const auto saisie = ui->champs->saisie()) {
-        prendSaisie(v, *saisie);
+        ui->champs->garde(*saisie);
     }
 }
 
@@ -73,7 +60,7 @@ void FrmEditer::BtnMettreAJour_Click() {
             v.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
             break;
         case ResultatEdition::Fait:
-            prendSaisie(v, *saisie);
+            ui->champs->garde(*saisie);
             v.NumPatientCourant = saisie->NumPatient;
             break;
         }

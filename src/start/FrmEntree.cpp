@@ -34,13 +34,6 @@ namespace {
 constexpr int periodeTimer1 = 65535; // ms
 constexpr int attenteTimer1 = 500;   // ms, while a dialog is open or the mouse drags
 
-QRect enPixels(const Rectangle &twips) {
-    const int gauche = pixelsFromTwips(twips.gauche);
-    const int haut = pixelsFromTwips(twips.haut);
-    return {QPoint(gauche, haut), QSize(pixelsFromTwips(twips.gauche + twips.largeur) - gauche,
-                                        pixelsFromTwips(twips.haut + twips.hauteur) - haut)};
-}
-
 /// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
 QFont sansMiseEnForme(QFont police) {
     police.setStyleStrategy(QFont::PreferNoShaping);
@@ -457,7 +450,7 @@ void FrmEntree::Form_Resize() {
         {ui->GrilleRDV02, &d->GrilleRDV02},
         {ui->GrilleRDV03, &d->GrilleRDV03}};
     for (const auto &[controle, place] : places) {
-        controle->setGeometry(enPixels(*place));
+        controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
     }
     m_semaine->ResizingGrille();
     m_jour->Dimensionne();
