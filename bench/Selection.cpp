@@ -9,7 +9,7 @@ Cotes prepare() {
     const auto bas = std::make_shared<bool>(false);
     return {[=] {
                 *bas = !*bas;
-                const int ligne = *bas ? 30 : 10;
+                const int ligne = *bas ? 45 : 10;
                 return millisecondes([&] { carnet->GrilleRDV->select(ligne, 3, ligne, 3); });
             },
             {},

@@ -13,6 +13,9 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <fontconfig/fontconfig.h>
+#include <thread>
+
 namespace {
 
 constexpr int codeErreur = 1;
@@ -81,7 +84,9 @@ int Lance(int argc, char **argv) {
     }
 
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
+    std::jthread polices([] { FcInit(); });   // the list of fonts is read while the window system answers
     QApplication application(argc, argv);
+    polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
     if (!LitEmplacements(v, options.chemin)) {
