@@ -291,6 +291,7 @@ TEST_F(VuesTest, ZoomLastsUntilTheConfigurationIsLoadedAgain) {
     const int lignes = grille("GrilleRDV").cells().rows();
     action("mnuZoom").trigger();
     EXPECT_EQ(grille("GrilleRDV").cells().rows(), (lignes - 2) * 3 + 2);
+    EXPECT_EQ(grille("GrilleRDV").rowAt(0), 24) << "two rows above 10:05, the hour of today";
     press("BtnSuivant");
     EXPECT_EQ(grille("GrilleRDV").cells().rows(), (lignes - 2) * 3 + 2) << "another week, same zoom";
     press("BtnRafraichir");

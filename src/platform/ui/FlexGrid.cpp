@@ -78,6 +78,8 @@ void FlexGrid::setColSel(int col) {
 }
 
 void FlexGrid::showAtTop(int row) {
+    executeDelayedItemsLayout(); // right after a redraw the scroll bar still has the old range
+    updateGeometries();
     scrollTo(m_cells.index(row, 0), QAbstractItemView::PositionAtTop);
 }
 
