@@ -123,6 +123,8 @@ void FrmAjouter::BtnAjouter_Click() {
     try {
         if (estLibre(*saisie)) {
             ajoute(*saisie);
+        } else {
+            refuseOccupe();
         }
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());
@@ -133,13 +135,13 @@ bool FrmAjouter::estLibre(const SaisieRDV &saisie) {
     const CreneauRDV voulu{
         saisie.Date1, {saisie.HeureDebut, saisie.HeureFin}, v.numPraticien(), CLng(v.config.FauteuilCourant)};
     Database base = v.ouvre(v.CheminBaseRDV);
-    const bool libre = HoraireLibre(base, voulu) && !RDVHere(base, voulu);
-    if (!libre) {
-        v.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
-                                        "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage."),
-                         QStringLiteral("Horaire occupé"));
-    }
-    return libre;
+    return HoraireLibre(base, voulu) && !RDVHere(base, voulu);
+}
+
+void FrmAjouter::refuseOccupe() {
+    v.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
+                                    "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage."),
+                     QStringLiteral("Horaire occupé"));
 }
 
 void FrmAjouter::ajoute(SaisieRDV saisie) {
@@ -156,7 +158,7 @@ void FrmAjouter::ajoute(SaisieRDV saisie) {
     saisie.NumPatient = v.NumPatientCourant;
     Database base = v.ouvre(v.CheminBaseRDV);
     if (!AjouteRDV(base, {saisie, v.PraticienCourant, v.config.FauteuilCourant, v.ChoixHoraire != 0})) {
-        estLibre(saisie); // somebody took it in between: the same refusal
+        refuseOccupe(); // somebody took it in between
         return;
     }
     ui->champs->garde(saisie);

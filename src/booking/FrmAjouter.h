@@ -37,8 +37,8 @@ class FrmAjouter : public QDialog {
     void BtnAjouter_Click();
     void choisit(const PatientTrouve &patient);
 
-    /// False, and told, when the range is not free.
     bool estLibre(const SaisieRDV &saisie);
+    void refuseOccupe();
     void ajoute(SaisieRDV saisie);
 
     std::unique_ptr<Ui::FrmAjouter> ui;
