@@ -3,7 +3,7 @@
 #include "Schema.h"
 #include "booking/ReservationTables.h"
 #include "platform/db/DbError.h"
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 #include "start/MiseANiveauTables.h"
 
 #include <QCommandLineParser>

@@ -2,7 +2,7 @@
 // query through the database's own interface, which opens and closes its file as the lookup does.
 #include "Livres.h"
 #include "Mesure.h"
-#include "patients/BasesPatients.h"
+#include "start/VariablesGlobales.h"
 #include "patients/RecherchePatient.h"
 #include "platform/db/SqlDialect.h"
 #include "platform/db/SqliteFunctions.h"
@@ -28,7 +28,7 @@ struct Recherche {
         v.messages = &messages;
         v.CheminFichiers = livrePatients();
         fichier = v.chemins.realDatabase(v.CheminFichiers + QStringLiteral("\\Patient.mdb")).toUtf8();
-        Database patients = OuvrePatients(v);
+        Database patients = v.ouvrePatients();
         CreeIndexPatients(patients);
         composant.utilise(v);
         composant.resize(420, 320);

@@ -2,9 +2,9 @@
 // opens its database for each action, so both sides open and close it.
 #include "Livres.h"
 #include "Mesure.h"
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 #include "grid/GrilleSemaine.h"
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 
 #include <sqlite3.h>
 

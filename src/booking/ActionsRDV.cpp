@@ -29,7 +29,7 @@ void ActionsRDV::mnuAjouter_Click() {
 void ActionsRDV::mnuEditer_Click() {
     std::optional<qint64> ref;
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         ref = RetrouveRDV(base, v.rdvSelectionne(), v.numPraticien());
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());
@@ -57,7 +57,7 @@ void ActionsRDV::mnuSupprimer_Click() {
 
 void ActionsRDV::mnuPresent_Click() {
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         if (!BasculePresent(base, v.RefRDVCourant)) {
             v.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
         }

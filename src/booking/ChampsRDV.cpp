@@ -1,6 +1,6 @@
 #include "booking/ChampsRDV.h"
 
-#include "config/TrancheHoraire.h"
+#include "schedule/TrancheHoraire.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "start/VariablesGlobales.h"

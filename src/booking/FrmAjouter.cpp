@@ -3,12 +3,12 @@
 #include "booking/CodesRapidesDescription.h"
 #include "booking/ReservationTables.h"
 #include "patients/ActesTables.h"
-#include "patients/BasesPatients.h"
+#include "start/VariablesGlobales.h"
 #include "patients/FrmNouveauPatient.h"
 #include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
-#include "start/EmplacementsTables.h"
+#include "patients/TransmissionTables.h"
 #include "start/VariablesGlobales.h"
 #include "ui_FrmAjouter.h"
 
@@ -44,7 +44,7 @@ bool FrmAjouter::event(QEvent *event) {
 void FrmAjouter::litTransmission() {
     Transmission lue;
     try {
-        Database transmission = v.ouvre(v.CheminRacine + QStringLiteral("\\Fichiers\\PatientTavelin.mdb"));
+        Database transmission = v.ouvreTransmission();
         lue = LitTransmission(transmission);
     } catch (const DbError &erreur) {
         if (!m_numLu) { // told once, not each time the window comes back
@@ -64,7 +64,7 @@ void FrmAjouter::litTransmission() {
     v.NumPatientCourant = QString::number(lue.NumPatient);
     ui->champs->montrePatient(lue.NomPatient, lue.PrenomPatient, QString(), QString());
     try {
-        Database patients = OuvrePatients(v);
+        Database patients = v.ouvrePatients();
         ui->champs->colore(CouleurALActivation(RDVNonHonoré(patients, v.NumPatientTransmis)));
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());
@@ -100,7 +100,7 @@ void FrmAjouter::choisit(const PatientTrouve &patient) {
         NonHonore drapeau;
         {
             const Sablier sablier;
-            Database patients = OuvrePatients(v);
+            Database patients = v.ouvrePatients();
             drapeau = RDVNonHonoré(patients, CLng(patient.numero));
         }
         ui->champs->coloreNom(CouleurAuChoix(drapeau));
@@ -134,7 +134,7 @@ void FrmAjouter::BtnAjouter_Click() {
 bool FrmAjouter::estLibre(const SaisieRDV &saisie) {
     const CreneauRDV voulu{
         saisie.Date1, {saisie.HeureDebut, saisie.HeureFin}, v.numPraticien(), CLng(v.config.FauteuilCourant)};
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     return HoraireLibre(base, voulu) && !RDVHere(base, voulu);
 }
 
@@ -151,12 +151,12 @@ void FrmAjouter::ajoute(SaisieRDV saisie) {
     if (saisie.Description.trimmed().isEmpty()) {
         saisie.Description = v.DescriptionRDV;
         if (v.NumPatientTransmis != 0) {
-            Database actes = OuvreActes(v);
+            Database actes = v.ouvreActes();
             saisie.Description = DernierActeAFaire(actes, v.NumPatientTransmis);
         }
     }
     saisie.NumPatient = v.NumPatientCourant;
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     if (!AjouteRDV(base, {saisie, v.PraticienCourant, v.config.FauteuilCourant, v.ChoixHoraire != 0})) {
         refuseOccupe(); // somebody took it in between
         return;

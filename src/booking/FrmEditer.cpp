@@ -50,7 +50,7 @@ void FrmEditer::BtnMettreAJour_Click() {
     }
     saisie->NumPatient = ui->txtNumPatient->text();
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         switch (ModifieRDV(base, RefRDVEdite, *saisie, v.numPraticien(), CLng(v.config.FauteuilCourant))) {
         case ResultatEdition::Occupe:
             v.messages->show(QStringLiteral("Le créneau choisit n'est pas libre!"),

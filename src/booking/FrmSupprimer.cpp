@@ -24,7 +24,7 @@ FrmSupprimer::~FrmSupprimer() = default;
 void FrmSupprimer::BtnOK_Click() {
     bool supprime = false;
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         const auto ref = RetrouveRDV(base, v.rdvSelectionne(), v.numPraticien());
         supprime = ref && SupprimeRDV(base, *ref);
     } catch (const DbError &erreur) {

@@ -1,6 +1,6 @@
 #include "booking/Occupation.h"
 
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 #include "booking/ReservationTables.h"
 
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 
 namespace {
 

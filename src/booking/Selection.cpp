@@ -1,6 +1,6 @@
 #include "booking/Selection.h"
 
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 
 Correction CorrigeSelection(const CoinsSelection &coins, int lignes, int colonnes) {
     if (coins.premiereColonne() != coins.derniereColonne()) {

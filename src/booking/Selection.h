@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Creneaux.h"
 #include "grid/RendezVous.h"
 
 #include <QList>
@@ -32,10 +32,6 @@ enum class Correction {
 Correction CorrigeSelection(const CoinsSelection &coins, int lignes, int colonnes);
 
 /// Times of rows `ligneDebut` … `ligneFin` of slots that begin at `depart`, `intervalle` minutes each.
-struct PlageHoraire {
-    QTime debut;
-    QTime fin;
-};
 PlageHoraire HorairesDesLignes(QTime depart, int intervalle, int ligneDebut, int ligneFin);
 
 /// The displayed day of column `colonne` in the week of `courant`; nothing when the week has no such column.

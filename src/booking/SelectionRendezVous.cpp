@@ -1,7 +1,7 @@
 #include "booking/SelectionRendezVous.h"
 
 #include "config/ConfigTables.h"
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 #include "grid/RendezVousTables.h"
 #include "platform/db/DbError.h"
 #include "platform/ui/DatesFr.h"
@@ -151,7 +151,7 @@ void SelectionRendezVous::HoraireSelection(QTime depart) {
 }
 
 void SelectionRendezVous::AnalyseSelection() {
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     const QList<RendezVous> jour =
         RendezVousALaDate(base, v.txtNumJourEnCours, v.numPraticien(), CLng(v.config.FauteuilCourant));
     const ContexteSelection contexte = ::AnalyseSelection(
@@ -194,7 +194,7 @@ bool SelectionRendezVous::prendFauteuil(const FlexGrid &grille) {
     if (v.ConfigGrilleJour == place) {
         return false;
     }
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     const QList<LigneConfig> configs = ConfigsDuPraticien(base, v.numPraticien());
     // Without chairs both grids show the practitioner's first configuration, or the fall-back.
     const int fauteuil = v.AvecFauteuils     ? NumeroFauteuil(grille.cells().cell(0, 1).text)

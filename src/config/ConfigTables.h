@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 #include "platform/db/Database.h"
 
 #include <QList>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/JoursExclus.h"
+#include "schedule/JoursExclus.h"
 
 #include <QDialog>
 #include <memory>

@@ -3,9 +3,9 @@
 #include "ui_FrmSauvegarde.h"
 
 #include "config/ConfigTables.h"
-#include "config/JoursExclus.h"
-#include "config/NomConfiguration.h"
-#include "grid/Creneaux.h"
+#include "schedule/JoursExclus.h"
+#include "schedule/NomConfiguration.h"
+#include "schedule/Creneaux.h"
 #include "platform/db/DbError.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/FlexGridModel.h"
@@ -91,7 +91,7 @@ void FrmSauvegarde::enregistre(const QString &nom) {
                                   ui->Check1->isChecked()};
     Enregistrement resultat{};
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         resultat = EnregistreConfig(base, nouvelle, v.config);
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/TrancheHoraire.h"
+#include "schedule/TrancheHoraire.h"
 
 #include <QDialog>
 #include <memory>

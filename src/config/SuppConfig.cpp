@@ -20,7 +20,7 @@ SuppConfig::~SuppConfig() = default;
 
 void SuppConfig::remplit() {
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         for (const LigneConfig &ligne : ConfigsDuPraticien(base, v.numPraticien())) {
             ui->ListDesConfig->addItem(ligne.NomConfig);
         }
@@ -40,7 +40,7 @@ void SuppConfig::cmdSupprimer_Click() {
     const QList<QListWidgetItem *> choisies = ui->ListDesConfig->selectedItems();
     try {
         if (!choisies.isEmpty()) {
-            Database base = v.ouvre(v.CheminBaseRDV);
+            Database base = v.ouvreCarnet();
             SupprimeConfig(base, choisies.first()->text()); // one already gone ends the program all the same
         }
     } catch (const DbError &erreur) {

@@ -76,7 +76,7 @@ void GrilleSemaine::ErazeGrilleRDV() {
 
 void GrilleSemaine::AfficheRDV() {
     const QDate lundi = Lundi(v.txtNumJourEnCours);
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     const QList<RendezVous> semaine =
         RendezVousEntre(base, lundi, lundi.addDays(6), v.numPraticien(), CLng(v.config.FauteuilCourant));
     const QDateTime maintenant = v.maintenant();

@@ -40,7 +40,7 @@ void GrillesJour::AffichageJournée(int fauteuilCoche) {
     const Sablier sablier;
     const FlexGridWriting ecriture2(m_volets[0].grille->cells());
     const FlexGridWriting ecriture3(m_volets[1].grille->cells());
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     TraceGrille2Et3Jour(base);
     AfficheDate2_3();
     const QList<RendezVous> jour = RendezVousDuJour(base, v.txtNumJourEnCours, v.numPraticien());
@@ -53,7 +53,7 @@ void GrillesJour::AffichageParJour(int index) {
     const Sablier sablier;
     const FlexGridWriting ecriture2(m_volets[0].grille->cells());
     const FlexGridWriting ecriture3(m_volets[1].grille->cells());
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     const QList<LigneConfig> configs = ConfigsDuPraticien(base, v.numPraticien());
     const int nombre = int(configs.size());
     if (nombre < 2) {

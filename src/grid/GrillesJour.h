@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 #include "grid/ImagesRDV.h"
 
 #include <QObject>

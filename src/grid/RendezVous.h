@@ -16,6 +16,8 @@ struct RendezVous {
     QTime HeureDebut;
     QTime HeureFin;
     bool Present = false;
+    long NumPraticien = 0;
+    long Fauteuil = 0;
 
     /// Whether the end follows the start; an appointment that has no length is not drawn.
     bool aUneDuree() const { return HeureDebut.isValid() && HeureFin.isValid() && HeureFin > HeureDebut; }

@@ -1,6 +1,6 @@
 #include "grid/RendezVousTables.h"
 
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 
 namespace {
 
@@ -15,6 +15,8 @@ QList<RendezVous> rendezVousDe(const Records &rows) {
     const int heureDebut = rows.field(u"HeureDebut");
     const int heureFin = rows.field(u"HeureFin");
     const int present = rows.field(u"Present");
+    const int praticien = rows.field(u"NumPraticien");
+    const int fauteuil = rows.field(u"Fauteuil");
     QList<RendezVous> liste;
     liste.reserve(rows.count());
     for (const Record row : rows) {
@@ -22,7 +24,7 @@ QList<RendezVous> rendezVousDe(const Records &rows) {
                                 row.at(telephone).toText(), row.at(description).toText(),
                                 row.at(numPatient).toText(), row.at(date1).toDate(),
                                 row.at(heureDebut).toTime(), row.at(heureFin).toTime(),
-                                row.at(present).toBoolean()});
+                                row.at(present).toBoolean(), long(row.at(praticien).toInteger()), long(row.at(fauteuil).toInteger())});
     }
     return liste;
 }

@@ -2,7 +2,7 @@
 
 #include "ui_FrmNouveauPatient.h"
 
-#include "patients/BasesPatients.h"
+#include "start/VariablesGlobales.h"
 #include "patients/DateNaissance.h"
 #include "patients/NumeroSecu.h"
 #include "patients/TexteSaisi.h"
@@ -53,7 +53,7 @@ FrmNouveauPatient::~FrmNouveauPatient() {
 void FrmNouveauPatient::remplit() {
     try {
         const Sablier sablier;
-        Database base = OuvrePatients(v);
+        Database base = v.ouvrePatients();
         ui->Titre->addItems(Titres(base));
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());
@@ -139,7 +139,7 @@ bool FrmNouveauPatient::accepteDoublon(const FichePatient &nouveau) {
     QList<Identite> homonymes;
     {
         const Sablier sablier;
-        Database base = OuvrePatients(v); // closed again while the user thinks
+        Database base = v.ouvrePatients(); // closed again while the user thinks
         homonymes = Homonymes(base, nouveau);
     }
     const QString libelle = LibelleDoublon(homonymes, nouveau.identite);
@@ -151,8 +151,8 @@ void FrmNouveauPatient::cree(const FichePatient &nouveau) {
     QString fichierListing;
     {
         const Sablier sablier;
-        Database patient = OuvrePatients(v);
-        Database listing = OuvrePatientsCrees(v);
+        Database patient = v.ouvrePatients();
+        Database listing = v.ouvrePatientsCrees();
         fichierListing = listing.path();
         creation = CreePatient(patient, listing, nouveau, v.maintenant().date());
     }

@@ -2,7 +2,7 @@
 
 #include "ui_RecherchePatient.h"
 
-#include "patients/BasesPatients.h"
+#include "start/VariablesGlobales.h"
 #include "patients/TexteSaisi.h"
 #include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
@@ -40,7 +40,7 @@ RecherchePatient::~RecherchePatient() = default;
 void RecherchePatient::utilise(VariablesGlobales &etat) {
     v = &etat;
     try {
-        Database patients = OuvrePatients(etat);
+        Database patients = etat.ouvrePatients();
         CreeIndexPatients(patients);
     } catch (const DbError &) { // what is wrong with the file is told by the first search
         return;
@@ -69,7 +69,7 @@ void RecherchePatient::TxtPatient_Change() {
     QList<PatientTrouve> patients;
     try {
         const Sablier sablier;
-        Database base = OuvrePatients(*v);
+        Database base = v->ouvrePatients();
         patients = CherchePatients(base, critere);
     } catch (const DbError &erreur) {
         erreurLue = erreur.message();

@@ -1,7 +1,7 @@
 #include "patients/TabPatTables.h"
 
 #include "platform/db/DbError.h"
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 
 namespace {
 

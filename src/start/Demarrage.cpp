@@ -2,7 +2,7 @@
 
 #include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
-#include "start/EmplacementsTables.h"
+#include "patients/TransmissionTables.h"
 #include "start/MiseANiveauTables.h"
 #include "start/VariablesGlobales.h"
 
@@ -29,7 +29,7 @@ bool MetBaseANiveau(VariablesGlobales &v) {
     v.CheminBaseRDV = v.CheminFichiers + QStringLiteral("\\Tavelin.mdb");
     QString erreur;
     try {
-        Database base = v.ouvre(v.CheminBaseRDV);
+        Database base = v.ouvreCarnet();
         erreur = MetANiveau(base);
     } catch (const DbError &echec) {
         erreur = echec.message();
@@ -43,7 +43,7 @@ bool MetBaseANiveau(VariablesGlobales &v) {
 void LitTransmissionSuite(VariablesGlobales &v) {
     Transmission lue;
     try {
-        Database transmission = v.ouvre(v.CheminRacine + QStringLiteral("\\Fichiers\\PatientTavelin"));
+        Database transmission = v.ouvreTransmission();
         lue = LitTransmission(transmission);
     } catch (const DbError &erreur) {
         v.messages->error(erreur.message());
@@ -68,7 +68,7 @@ void LitTransmissionSuite(VariablesGlobales &v) {
 QList<Praticien> LitPraticiens(VariablesGlobales &v) {
     QList<Praticien> praticiens;
     try {
-        Database param = v.ouvre(v.CheminFichiers + QStringLiteral("\\param.mdb"));
+        Database param = v.ouvreParametres();
         praticiens = Praticiens(param);
         if (v.PraticienCourant.isEmpty() && !praticiens.isEmpty()) {
             v.PraticienCourant = u'0' + QString::number(praticiens.first().codeprat);

@@ -8,7 +8,7 @@
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 #include "grid/Disposition.h"
 #include "grid/FrmMois.h"
 #include "grid/GrilleSemaine.h"

@@ -54,7 +54,7 @@ void MenusPraticien::construitFauteuils() {
         delete m_fauteuils.takeLast();
     }
     m_fauteuils.first()->setChecked(false);
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     const QList<LigneConfig> configs = ConfigsDuPraticien(base, v.numPraticien());
     for (int i = 0; i < configs.size(); ++i) {
         if (i > 0) {
@@ -75,7 +75,7 @@ void MenusPraticien::construitFauteuils() {
 }
 
 void MenusPraticien::choisitConfiguration(int fauteuilDeRepli) {
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     if (const auto parDefaut = NomConfigParDefaut(base, v.numPraticien())) {
         chargeConfig(base, *parDefaut, m_fauteuilParDefaut);
     } else {
@@ -85,7 +85,7 @@ void MenusPraticien::choisitConfiguration(int fauteuilDeRepli) {
 }
 
 void MenusPraticien::chargeFauteuil(int fauteuil) {
-    Database base = v.ouvre(v.CheminBaseRDV);
+    Database base = v.ouvreCarnet();
     if (const auto nom = NomConfigDuFauteuil(base, v.numPraticien(), fauteuil)) {
         chargeConfig(base, *nom, fauteuil);
     } else {

@@ -1,27 +1,11 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 #include "grid/RendezVous.h"
-#include "platform/db/Database.h"
-#include "platform/files/StoredPaths.h"
+#include "practice/Environnement.h"
 
-#include <QDateTime>
-#include <functional>
-
-class Messages;
-
-/// The program-wide state, created once and handed to windows. It carries what a test replaces, too.
-struct VariablesGlobales {
-    // What the outside world is
-    std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
-    Messages *messages = nullptr; ///< outlives every window
-    StoredPaths chemins;
-
-    // Data locations, as stored
-    QString CheminRacine;
-    QString CheminFichiers;
-    QString CheminBaseRDV;
-
+/// The program-wide state, created once and handed to windows.
+struct VariablesGlobales : Environnement {
     // Hand-off and practitioner
     QString PraticienCourant; ///< number as text: "01"
     QString NomPatientTransmis;
@@ -84,8 +68,7 @@ struct VariablesGlobales {
                 PrenomRDV,         TelephoneRDV,
                 DescriptionRDV,    NumPatientCourant,
                 txtNumJourEnCours, HeureDebutCourante,
-                HeureFinCourante,  PresentRDV};
+                HeureFinCourante,  PresentRDV,
+                numPraticien(),    CLng(config.FauteuilCourant)};
     }
-    /// Opens the database stored at `chemin`; throws DbError.
-    Database ouvre(const QString &chemin) const { return Database::open(chemins.realDatabase(chemin)); }
 };

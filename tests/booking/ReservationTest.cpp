@@ -3,7 +3,7 @@
 #include "Schema.h"
 #include "grid/RendezVousTables.h"
 #include "platform/db/DbError.h"
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 #include "start/MiseANiveauTables.h"
 
 #include <QFile>

@@ -36,8 +36,8 @@ while IFS='|' read -r file wall line; do
 done <<'END'
 src/grid/Creneaux.h|-|#include <QDateTime>
 src/grid/Creneaux.h|-|#include <algorithm>
-src/grid/Creneaux.cpp|-|#include "grid/Creneaux.h"
-src/grid/Creneaux.cpp|-|#include "config/Configuration.h"
+src/grid/Creneaux.cpp|-|#include "schedule/Creneaux.h"
+src/grid/Creneaux.cpp|-|#include "schedule/Configuration.h"
 src/grid/Creneaux.cpp|rules include|#include <QWidget>
 src/grid/Creneaux.cpp|rules include|#  include <QtGui/QPixmap>
 src/grid/Creneaux.cpp|rules include|#include <QSqlQuery>
@@ -58,7 +58,7 @@ src/grid/RendezVousTables.cpp|the time comes|    depuis(QTime::currentTime());
 src/grid/FrmZoom.cpp|the time comes|    m_debut = QDateTime::currentDateTime ();
 src/start/VariablesGlobales.h|-|    std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
 src/grid/RendezVousTables.cpp|-|#include "platform/db/Database.h"
-src/grid/RendezVousTables.cpp|-|#include "start/DateInverse.h"
+src/grid/RendezVousTables.cpp|-|#include "platform/db/DateInverse.h"
 src/grid/RendezVousTables.cpp|-|    base.query(SqlText("Select * from RDV"));
 src/grid/RendezVousTables.cpp|tables include|#include <QImage>
 src/grid/RendezVousTables.cpp|tables include|#include "platform/ui/Messages.h"
@@ -83,7 +83,7 @@ src/platform/ui/FlexGrid.cpp|message boxes|#include <QMessageBox>
 app/main.cpp|message boxes|#include <QMessageBox>
 src/platform/ui/Messages.cpp|-|#include <QMessageBox>
 src/grid/FrmZoom.cpp|-|    demande(); // never a QMessageBox
-src/platform/ui/FlexGrid.cpp|the platform layer|#include "grid/Creneaux.h"
+src/platform/ui/FlexGrid.cpp|the platform layer|#include "schedule/Creneaux.h"
 src/platform/db/Database.cpp|the platform layer|#include <start/DateInverse.h>
 src/platform/ui/FlexGrid.cpp|-|#include "platform/ui/Twips.h"
 src/platform/db/Database.cpp|SQLite stays|#include <sqlite3.h>

@@ -2,7 +2,7 @@
 
 #include "Schema.h"
 #include "platform/db/DbError.h"
-#include "start/DateInverse.h"
+#include "platform/db/DateInverse.h"
 
 #include <QFile>
 #include <QTemporaryDir>

@@ -1,4 +1,4 @@
-#include "config/NomConfiguration.h"
+#include "schedule/NomConfiguration.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 
 #include <algorithm>
 

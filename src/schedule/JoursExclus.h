@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 
 /// What the 21 boxes of the day window say; index 0 = Monday … 6 = Sunday.
 struct JoursExclus {

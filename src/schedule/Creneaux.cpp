@@ -1,4 +1,4 @@
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 
 #include <cmath>
 

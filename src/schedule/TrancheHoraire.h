@@ -1,6 +1,6 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 
 #include <optional>
 

@@ -1,12 +1,20 @@
 #pragma once
 
-#include "config/Configuration.h"
+#include "schedule/Configuration.h"
 
 #include <QDate>
 #include <QTime>
 
 /// Slot arithmetic of the grids. Rows count from 1 (row 0 is the header); times are minutes of the day,
 /// seconds never count. Every function expects a configuration without default (see DefautConfiguration).
+
+/// A range of one day, half-open: its start belongs to it, its end does not.
+struct PlageHoraire {
+    QTime debut;
+    QTime fin;
+
+    friend bool operator==(const PlageHoraire &, const PlageHoraire &) = default;
+};
 
 /// Up to the next whole number for x > 0, down to the next for x <= 0.
 double MaxInt(double x);

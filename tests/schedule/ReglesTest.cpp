@@ -1,6 +1,6 @@
-#include "LivreDEssai.h"
-#include "config/NomConfiguration.h"
-#include "config/TrancheHoraire.h"
+#include "config/LivreDEssai.h"
+#include "schedule/NomConfiguration.h"
+#include "schedule/TrancheHoraire.h"
 
 #include <climits>
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "config/JoursExclus.h"
+#include "schedule/JoursExclus.h"
 
 #include <algorithm>
 

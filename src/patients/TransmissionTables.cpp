@@ -1,12 +1,4 @@
-#include "start/EmplacementsTables.h"
-
-std::optional<Emplacements> LitChemin(Database &chemin) {
-    const Records rows = chemin.query(SqlText("select * from Chemin"));
-    if (rows.isEmpty()) {
-        return std::nullopt;
-    }
-    return Emplacements{rows.first()[u"LeChemin"].toText(), rows.first()[u"CheminBase"].toText()};
-}
+#include "patients/TransmissionTables.h"
 
 Transmission LitTransmission(Database &transmission) {
     Transmission lue;

@@ -1,6 +1,6 @@
-#include "config/TrancheHoraire.h"
+#include "schedule/TrancheHoraire.h"
 
-#include "grid/Creneaux.h"
+#include "schedule/Creneaux.h"
 
 #include <QRegularExpression>
 

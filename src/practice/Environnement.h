@@ -1,0 +1,45 @@
+#pragma once
+
+#include "platform/db/Database.h"
+#include "platform/files/StoredPaths.h"
+#include "practice/CheminTables.h"
+
+#include <QDateTime>
+#include <chrono>
+#include <functional>
+#include <memory>
+
+class Messages;
+
+/// The world outside: what a test replaces, and where the data lies. It is made before the first window, const
+/// from then on, and handed down by reference; it outlives every window.
+struct Environnement {
+    std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
+    Messages *messages = nullptr;
+    StoredPaths chemins;
+    std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
+
+    QString CheminRacine; ///< folders and file as stored
+    QString CheminFichiers;
+    QString CheminBaseRDV;
+
+    /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds out
+    /// (a damaged page, locks that do not hold) writes it while the book is open.
+    std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();
+
+    /// Fills the three data locations from the row of the path database.
+    void prendEmplacements(const Emplacements &lus);
+
+    // Each opens one database for one action; all throw DbError.
+    Database ouvreCarnet() const;
+    /// The same for an action that writes: refused where the book may only be read.
+    Database ouvreCarnetPourEcrire() const;
+    Database ouvreParametres() const;   ///< practitioners
+    Database ouvrePatients() const;     ///< the suite's patient file
+    Database ouvrePatientsCrees() const; ///< listing of the patients created here
+    Database ouvreActes() const;
+    Database ouvreTransmission() const; ///< what the suite hands over
+
+  private:
+    Database ouvre(const QString &chemin) const;
+};
