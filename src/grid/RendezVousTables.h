@@ -4,12 +4,12 @@
 #include "platform/db/Database.h"
 
 #include <QList>
+#include <optional>
 
-/// The appointments of a practitioner and chair from `premier` to `dernier`, by day then start.
-QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien, long fauteuil);
+/// The appointments of rows of RDV.
+QList<RendezVous> RendezVousDe(const Records &rows);
 
-/// The appointments of a practitioner on a day, all chairs, by start.
-QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour, long praticien);
-
-/// The appointments of a practitioner and chair on a day, by start, found by the date itself.
-QList<RendezVous> RendezVousALaDate(Database &rdv, QDate jour, long praticien, long fauteuil);
+/// The appointments of a practitioner, at one chair or (none) at all, whose Date1 is one of the days `premier`
+/// to `dernier`: by day, start and RefRDV.
+QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
+                                  std::optional<long> fauteuil);

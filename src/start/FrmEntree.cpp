@@ -3,36 +3,40 @@
 #include "ui_FrmEntree.h"
 
 #include "booking/ActionsRDV.h"
-#include "booking/SelectionRendezVous.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
-#include "schedule/Creneaux.h"
-#include "grid/Disposition.h"
+#include "grid/AffichageTables.h"
 #include "grid/FrmMois.h"
 #include "grid/GrilleSemaine.h"
 #include "grid/GrillesJour.h"
 #include "grid/Navigation.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
-#include "platform/ui/Twips.h"
+#include "practice/Essai.h"
+#include "start/BarreEtat.h"
 #include "start/Demarrage.h"
+#include "start/DispositionFenetre.h"
 #include "start/FrmAPropos.h"
 #include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
-#include "start/VariablesGlobales.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
 #include <QShortcut>
 #include <QShowEvent>
+
+#include <algorithm>
 
 namespace {
 
 constexpr int periodeTimer1 = 65535; // ms
-constexpr int attenteTimer1 = 500;   // ms, while a dialog is open or the mouse drags
+constexpr int periodeReprise = 5000; // ms, as long as the book could not be read
+constexpr int attenteTimer1 = 500;   // ms, while the user is in the middle of something
 
 /// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
 QFont sansMiseEnForme(QFont police) {
@@ -41,47 +45,45 @@ QFont sansMiseEnForme(QFont police) {
     return police;
 }
 
+Geste gesteDe(FlexGrid::Gesture geste) {
+    switch (geste) {
+    case FlexGrid::Gesture::Press:
+        return Geste::Clic;
+    case FlexGrid::Gesture::Drag:
+        return Geste::Glisse;
+    default:
+        return Geste::Touche;
+    }
+}
+
 } // namespace
 
-FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), v(etat) {
+FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), m_env(env) {
     setFont(sansMiseEnForme(font()));
     ui->setupUi(this);
-    construitBarreEtat();
     construitBoutonsVue();
-    m_semaine = std::make_unique<GrilleSemaine>(*ui->GrilleRDV, v);
-    m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, v);
-    m_selection =
-        std::make_unique<SelectionRendezVous>(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, v);
-    m_actions = std::make_unique<ActionsRDV>(v, *this);
-    m_menus = std::make_unique<MenusPraticien>(*ui->mnuPraticien, *ui->menuFaut, v);
+    m_semaine = std::make_unique<GrilleSemaine>(*ui->GrilleRDV, env);
+    m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, env);
+    m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
+    m_actions = new ActionsRDV(env, *this);
+    m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
+    relieGrilles();
     relieMenus();
     relieRendezVous();
     relieBoutons();
     relieClavier();
-    montreVue();
+    dessineMenus();
+    dessineBoutons();
+    MontreVue(*ui, true);
 }
 
 FrmEntree::~FrmEntree() = default;
 
 // ---- Construction
-
-void FrmEntree::construitBarreEtat() {
-    const QList<int> parts{40, 30, 15, 15};
-    for (int i = 0; i < parts.size(); ++i) {
-        auto *panneau = new QLabel(ui->StatusBar1);
-        panneau->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
-        panneau->setTextFormat(Qt::PlainText);
-        panneau->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        panneau->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        ui->StatusBar1->addWidget(panneau, parts[i]);
-        m_panneaux << panneau;
-    }
-    ui->StatusBar1->setFixedHeight(pixelsFromTwips(375));
-}
 
 /// The two views, at the right end of the menu bar: the bottom of the window has no room left for them.
 void FrmEntree::construitBoutonsVue() {
@@ -103,15 +105,23 @@ void FrmEntree::construitBoutonsVue() {
     ui->menubar->setCornerWidget(coin);
 }
 
-void FrmEntree::relieMenus() {
-    for (QAction *action : findChildren<QAction *>()) {
-        const bool menuOuListe =
-            action->menu() != nullptr || action == ui->mnuDocteur || action == ui->mnuFauteuil;
-        action->setEnabled(menuOuListe || action->isSeparator());
+void FrmEntree::relieGrilles() {
+    const QList<std::pair<FlexGrid *, int>> places{{ui->GrilleRDV, 0}, {ui->GrilleRDV02, 0}, {ui->GrilleRDV03, 1}};
+    for (const auto &[vue, grille] : places) {
+        connect(vue, &FlexGrid::selectionAsked, this,
+                [this, grille = grille](const FlexGrid::Corners &coins, FlexGrid::Gesture geste) {
+                    selectionne(grille, coins, geste);
+                });
+        connect(vue, &FlexGrid::opened, this, &FrmEntree::ouvre);
+        connect(vue, &FlexGrid::contextMenuAsked, this,
+                [this](const QPoint &position) { ui->mnupatient->popup(position); });
     }
+}
+
+void FrmEntree::relieMenus() {
     relie(ui->mnuquitter, [this] { close(); });
-    connect(m_menus.get(), &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
-    connect(m_menus.get(), &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
+    connect(m_menus, &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
+    connect(m_menus, &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
     relie(ui->mnusemaine, [this] { BtnSemaine_Click(); });
     relie(ui->mnuJour, [this] { BtnJour_Click(); });
     relie(ui->mnuRafraichir, [this] { BtnRafraichir_Click(); });
@@ -120,233 +130,388 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuexclure, [this] { mnuexclure_Click(); });
     relie(ui->mnuSauver, [this] { mnuSauver_Click(); });
     relie(ui->menuSuppConfig, [this] { menuSuppConfig_Click(); });
-    relie(ui->mnuAPropos, [this] { mnuAPropos_Click(); });
-    ui->mnuReporter->setVisible(false);
-    active(ui->mnuquitter, true);
-    active(ui->mnuAPropos, true);
+    relie(ui->mnuAPropos, [this] { FrmAPropos(m_menus->libelles(), this).exec(); });
 }
 
-/// The selection, and what is done with it.
+/// What is done with the selection.
 void FrmEntree::relieRendezVous() {
-    const auto relieAction = [this](QAction *action, void (ActionsRDV::*gestionnaire)()) {
-        relie(action, [this, gestionnaire] { (m_actions.get()->*gestionnaire)(); });
-    };
-    relieAction(ui->mnuAjouter, &ActionsRDV::mnuAjouter_Click);
-    relieAction(ui->mnuEditer, &ActionsRDV::mnuEditer_Click);
-    relieAction(ui->mnuReporter, &ActionsRDV::mnuReporter_Click);
-    relieAction(ui->mnuSupprimer, &ActionsRDV::mnuSupprimer_Click);
-    relieAction(ui->mnuPresent, &ActionsRDV::mnuPresent_Click);
+    relie(ui->mnuAjouter, [this] { mnuAjouter_Click(); });
+    relie(ui->mnuEditer, [this] { mnuEditer_Click(); });
+    relie(ui->mnuReporter, [this] { m_actions->reporte(); });
+    relie(ui->mnuSupprimer, [this] { mnuSupprimer_Click(); });
+    relie(ui->mnuPresent, [this] { mnuPresent_Click(); });
+    ui->mnuReporter->setVisible(false);
     ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
-    connect(m_selection.get(), &SelectionRendezVous::contexteChange, this, [this] {
-        metMenusSelection();
-        AfficheSelection();
-    });
-    connect(m_selection.get(), &SelectionRendezVous::menuDemande, this,
-            [this](const QPoint &position) { ui->mnupatient->popup(position); });
-    connect(m_selection.get(), &SelectionRendezVous::ouvertureDemandee, this, [this] {
-        QAction *action = v.SelectionLibre ? ui->mnuAjouter : ui->mnuEditer;
-        if (action->isEnabled()) {
-            action->trigger();
-        }
-    });
-    connect(m_actions.get(), &ActionsRDV::rdvEcrit, this, [this] { essaie([this] { redessine(); }); });
+    connect(m_actions, &ActionsRDV::rdvEcrit, this, &FrmEntree::rdvEcrit);
 }
 
 void FrmEntree::relieBoutons() {
+    const auto aujourdhui = [this] { vaAu(m_env.maintenant().date()); };
     connect(BtnSemaine, &QPushButton::clicked, this, &FrmEntree::BtnSemaine_Click);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
     connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { decale(-7); });
-    connect(ui->BtnAujourdhui, &QPushButton::clicked, this, [this] { vaAu(v.maintenant().date()); });
+    connect(ui->BtnAujourdhui, &QPushButton::clicked, this, aujourdhui);
     connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { decale(7); });
     connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { decale(-1); });
-    connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, [this] { vaAu(v.maintenant().date()); });
+    connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
     connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { decale(1); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
-    const auto montreDate = [this](QDate date) { m_panneaux[3]->setText(DatesFr::etat(date)); };
-    connect(m_semaine.get(), &GrilleSemaine::dateAffichee, this, montreDate);
-    connect(m_jour.get(), &GrillesJour::dateAffichee, this, montreDate);
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
 }
 
 void FrmEntree::relieClavier() {
     const auto touche = [this](const QKeySequence &suite, auto operation) {
-        connect(new QShortcut(suite, this), &QShortcut::activated, this, [this, operation] {
-            if (m_charge) {
-                operation();
-            }
-        });
+        connect(new QShortcut(suite, this), &QShortcut::activated, this, operation);
     };
-    touche(Qt::Key_PageUp, [this] { decale(v.VueSemaine ? -7 : -1); });
-    touche(Qt::Key_PageDown, [this] { decale(v.VueSemaine ? 7 : 1); });
-    touche(Qt::Key_Home, [this] { vaAu(v.maintenant().date()); });
+    touche(Qt::Key_PageUp, [this] { decale(m_affichage.demande.VueSemaine ? -7 : -1); });
+    touche(Qt::Key_PageDown, [this] { decale(m_affichage.demande.VueSemaine ? 7 : 1); });
+    touche(Qt::Key_Home, [this] { vaAu(m_env.maintenant().date()); });
     touche(Qt::Key_F5, [this] { BtnRafraichir_Click(); });
 }
 
 // ---- Start-up
 
 void FrmEntree::Form_Load() {
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
-        bouton->setEnabled(bouton == ui->BtnQuitter);
+    Timer1.start(periodeReprise);
+    const Depart depart = Demarre(m_env);
+    for (const QString &message : depart.messages) {
+        if (!m_dits.contains(message)) { // a start that is tried again tells its trouble once
+            m_dits << message;
+            m_env.messages->error(message);
+        }
     }
-    if (!MetBaseANiveau(v)) {
+    if (!depart.complet) {
         return;
     }
-    LitTransmissionSuite(v);
-    const QList<Praticien> praticiens = LitPraticiens(v);
-    if (praticiens.isEmpty()) {
+    m_menus->construitPraticiens(depart.praticiens);
+    const QDate aujourdhui = m_env.maintenant().date();
+    if (!montre({.PraticienCourant = depart.PraticienCourant, .jour = aujourdhui}, Annonce::UneFois)) {
         return;
     }
-    v.txtNumJourEnCours = v.maintenant().date();
-    m_menus->construitPraticiens(praticiens);
-    m_charge = true;
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
-        bouton->setEnabled(true);
-    }
-    for (QAction *action :
-         {ui->mnusemaine, ui->mnuJour, ui->mnuRafraichir, ui->mnuZoom, ui->menuSuppConfig}) {
-        active(action, true);
-    }
-    essaie([this] {
-        m_menus->construitFauteuils();
-        changePraticien();
-        m_menus->choisitConfiguration(-2);
-        metMenusConfiguration();
-        v.VueSemaine = true;
-        v.txtNumJourEnCours = PremierJourAffiche(v.txtNumJourEnCours, v.config.JourAffich);
-        m_panneaux[3]->setText(DatesFr::etat(v.txtNumJourEnCours));
-        redessine();
-    });
-    Form_Resize();
+    vaAu(PremierJourAffiche(aujourdhui, m_affichage.grilles.first().config.JourAffich));
     Timer1.start(periodeTimer1);
 }
 
-/// Title and status bar.
-void FrmEntree::changePraticien() {
-    const QString libelle = m_menus->libelleCoche();
-    if (!libelle.isEmpty()) {
-        setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
-        m_panneaux[1]->setText(libelle);
+// ---- What is shown
+
+bool FrmEntree::montre(const Demande &demande, Annonce annonce) {
+    Affichage lu;
+    if (!lit([&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); }, annonce)) {
+        dessineMenus(); // Qt has ticked what was chosen
+        dessineBoutons();
+        return false;
     }
+    m_selection = Reprend(lu, m_affichage, m_selection);
+    m_affichage = lu;
+    dessine();
+    return true;
 }
 
-void FrmEntree::metMenusConfiguration() {
-    for (QAction *action : {ui->mnuSauver, ui->mnutranche, ui->mnuexclure}) {
-        active(action, true);
-    }
-    for (QAction *action : {ui->mnuPurger, ui->mnuAjouter}) {
-        active(action, v.ConfigExiste);
-    }
-}
-
-// ---- Handlers
-
-void FrmEntree::mnuDocteur_Click(int index) {
-    m_menus->prendPraticien(index);
-    changePraticien();
-    essaie([this] {
-        m_menus->construitFauteuils();
-        if (v.VueSemaine) {
-            m_menus->choisitConfiguration(-1);
-            metMenusConfiguration();
-        } else {
-            v.ConfigGrilleJour = -1;
-        }
-        redessine();
+bool FrmEntree::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {
+    const bool dejaManquee = !m_lectureManquee.isEmpty();
+    m_enLecture = true;
+    const std::optional<DbError> echec = tente(m_env, [&] {
+        Database carnet = m_env.ouvreCarnet();
+        lecture(carnet);
     });
+    m_enLecture = false;
+    m_lectureManquee = echec ? echec->message() : QString();
+    dessineLecture();
+    if (echec && (annonce == Annonce::Toujours || !dejaManquee)) {
+        m_env.messages->error(m_lectureManquee);
+    }
+    return !echec;
 }
 
-void FrmEntree::mnuFauteuil_Click(int index) {
-    m_menus->cocheFauteuil(index);
-    essaie([this, index] {
-        if (v.VueSemaine) {
-            m_menus->chargeFauteuil(m_menus->fauteuil(index));
-        } else {
-            v.ConfigGrilleJour = -1;
+void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
+    if (!estCharge() || grille >= m_affichage.grilles.size()) {
+        return;
+    }
+    const Coins coins{c.row, c.col, c.rowSel, c.colSel};
+    if (geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::RightPress) {
+        m_avantClic = m_selection;
+        if (!relitJourDe(grille, coins)) {
+            dessineSelection(); // the outline stays where it was
+            return;
         }
-        redessine();
-    });
+    }
+    m_selection = Selectionne(m_affichage, grille, coins, gesteDe(geste), m_selection);
+    dessineSelection();
+    if (PlusieursColonnes(m_affichage, coins)) {
+        for (FlexGrid *vue : grilles()) {
+            vue->endDrag(); // the message takes the release away
+        }
+        m_env.messages->show(QStringLiteral("Vous ne pouvez pas sélectionner plusieurs colonnes !"),
+                             QStringLiteral("Erreur de sélection !"));
+    }
+}
+
+/// A click looks at the book: a day that is not what is drawn any more is drawn first.
+bool FrmEntree::relitJourDe(int grille, const Coins &coins) {
+    const QDate jour = JourDesCoins(m_affichage, grille, coins);
+    if (!jour.isValid()) {
+        return true;
+    }
+    QList<RendezVous> relus;
+    if (!lit([&](Database &carnet) { relus = RelitJour(carnet, m_affichage, grille, jour); })) {
+        return false;
+    }
+    return relus == DuJour(m_affichage.grilles[grille], jour) || montre(m_affichage.suite());
+}
+
+void FrmEntree::dessine() {
+    const Sablier sablier;
+    const QString libelle = m_menus->libelle(m_affichage.demande.PraticienCourant);
+    setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
+    m_etat->montrePraticien(libelle);
+    const bool semaine = m_affichage.demande.VueSemaine;
+    if (semaine) {
+        m_semaine->dessine(m_affichage);
+        m_semaine->dimensionne();
+    } else {
+        m_jour->dessine(m_affichage);
+        m_jour->dimensionne();
+    }
+    MontreVue(*ui, semaine);
+    dessineBoutons();
+    dessineSelection();
+    dessineLecture();
+}
+
+void FrmEntree::dessineSelection() {
+    const bool semaine = m_affichage.demande.VueSemaine;
+    const QList<FlexGrid *> vues = grilles();
+    for (int i = 0; i < vues.size(); ++i) {
+        const bool ici = i == m_selection.grille;
+        const Coins &c = m_selection.coins;
+        vues[i]->showOutline(ici ? std::optional(FlexGrid::Corners{c.ligne, c.colonne, c.ligneFin, c.colonneFin})
+                                 : std::nullopt);
+        vues[i]->setOutlineToolTip(ici && semaine ? InfoBulleRDV(m_selection) : QString());
+    }
+    m_etat->montreSelection(m_affichage, m_selection);
+    dessineMenus();
+}
+
+void FrmEntree::dessineMenus() {
+    const bool charge = estCharge();
+    const bool surRDV = m_selection.rdv.has_value();
+    const bool ecrit = charge && m_env.lectureSeule->isEmpty();
+    for (const QMenu *menu : {ui->mnupatient, ui->menuAffichage, ui->menuOptions, ui->menuAide}) {
+        for (QAction *action : menu->actions()) {
+            active(action, charge);
+        }
+    }
+    m_menus->dessine(m_affichage);
+    active(ui->mnuquitter, true);
+    active(ui->mnuAPropos, true);
+    active(ui->mnuRafraichir, true);
+    active(ui->mnuPurger, m_affichage.ConfigExiste());
+    active(ui->mnuSauver, ecrit);
+    active(ui->menuSuppConfig, ecrit);
+    active(ui->mnuAjouter, ecrit && !m_selection.vide() && !surRDV && m_affichage.ConfigExiste());
+    for (QAction *action : {ui->mnuEditer, ui->mnuSupprimer, ui->mnuPresent}) {
+        active(action, ecrit && surRDV);
+    }
+    active(ui->mnuLettre, surRDV);
+    ui->mnuPresent->setChecked(surRDV && m_selection.rdv->Present);
+}
+
+void FrmEntree::dessineBoutons() {
+    for (QPushButton *bouton : findChildren<QPushButton *>(Qt::FindChildrenRecursively)) {
+        bouton->setEnabled(estCharge() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
+    }
+    BtnSemaine->setChecked(m_affichage.demande.VueSemaine);
+    BtnJour->setChecked(!m_affichage.demande.VueSemaine);
+}
+
+void FrmEntree::dessineLecture() {
+    m_etat->montreLecture(m_affichage, m_lectureManquee, *m_env.lectureSeule);
+}
+
+// ---- What is done with the selection
+
+std::optional<RendezVous> FrmEntree::rdvRelu(const QString &disparu, const QString &titre) {
+    const qint64 voulu = m_selection.rdv->RefRDV;
+    if (!montre(m_affichage.suite())) {
+        return std::nullopt;
+    }
+    if (!m_selection.rdv || m_selection.rdv->RefRDV != voulu) {
+        m_env.messages->show(disparu, titre);
+        return std::nullopt;
+    }
+    return m_selection.rdv;
+}
+
+void FrmEntree::mnuAjouter_Click() {
+    if (!montre(m_affichage.suite())) {
+        return;
+    }
+    if (m_selection.vide() || m_selection.rdv) {
+        m_env.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
+                                            "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage."),
+                             QStringLiteral("Horaire occupé"));
+        return;
+    }
+    m_actions->ajoute(PlaceDe(m_affichage, m_selection));
+}
+
+void FrmEntree::mnuEditer_Click() {
+    if (const auto rdv =
+            rdvRelu(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
+        m_actions->edite(*rdv, PlaceDe(m_affichage, m_selection));
+    }
+}
+
+void FrmEntree::mnuSupprimer_Click() {
+    if (const auto rdv = rdvRelu(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                                 QStringLiteral("Rendez-vous déjà supprimé"))) {
+        m_actions->supprime(*rdv, PlaceDe(m_affichage, m_selection));
+    }
+}
+
+/// Sets what the user saw himself choose; the book is looked at where it is written.
+void FrmEntree::mnuPresent_Click() {
+    const RendezVous rdv = *m_selection.rdv;
+    m_actions->marquePresent(rdv, !rdv.Present);
+    dessineMenus();
+}
+
+void FrmEntree::ouvre(bool parSouris) {
+    if (parSouris && m_selection.suivant) { // the double click's first press was no wish for the next one
+        m_selection = m_avantClic;
+        dessineSelection();
+    }
+    QAction *action = m_selection.rdv ? ui->mnuEditer : ui->mnuAjouter;
+    if (action->isEnabled()) {
+        action->trigger();
+    }
+}
+
+void FrmEntree::rdvEcrit(const RendezVous &rdv) {
+    if (!montre(m_affichage.suite())) {
+        return;
+    }
+    const Selection ecrit = SelectionneRDV(m_affichage, rdv.RefRDV);
+    if (!ecrit.vide()) {
+        m_selection = ecrit;
+        dessineSelection();
+    } else if (rdv.RefRDV != 0 && m_affichage.demande.VueSemaine &&
+               !Dans(Jour(rdv.Date1), m_affichage.grilles.first().config.JourAffich)) {
+        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
+                                 .arg(DatesFr::jourComplet(rdv.Date1)));
+    }
+}
+
+// ---- What is asked for
+
+Demande FrmEntree::courante() const {
+    return {.PraticienCourant = m_affichage.demande.PraticienCourant,
+            .VueSemaine = m_affichage.demande.VueSemaine,
+            .jour = JourCourant(m_affichage, m_selection)};
+}
+
+void FrmEntree::mnuDocteur_Click(const QString &numero) {
+    Demande demande = courante();
+    demande.PraticienCourant = numero;
+    montre(demande);
+}
+
+void FrmEntree::mnuFauteuil_Click(long fauteuil) {
+    Demande demande = courante();
+    demande.fauteuil = fauteuil;
+    montre(demande);
 }
 
 void FrmEntree::BtnSemaine_Click() {
-    v.VueSemaine = true;
-    montreVue();
-    const int praticien = m_menus->praticienCoche();
-    if (praticien >= 0) {
-        mnuDocteur_Click(praticien); // loads the configuration again and draws
-    }
+    Demande demande = courante();
+    demande.VueSemaine = true;
+    montre(demande);
 }
 
 void FrmEntree::BtnJour_Click() {
-    v.VueSemaine = false;
-    v.txtNumJourEnCours = v.maintenant().date();
-    v.ConfigGrilleJour = -1;
-    montreVue();
-    essaie([this] { redessine(); });
-    m_jour->MontreHeureCourante();
+    Demande demande = courante();
+    demande.VueSemaine = false;
+    demande.jour = m_env.maintenant().date();
+    if (m_affichage.fauteuilCoche >= 0) {
+        demande.fauteuil = CLng(m_affichage.configs[m_affichage.fauteuilCoche].config.FauteuilCourant);
+    }
+    if (montre(demande)) {
+        m_jour->montreHeureCourante(m_affichage);
+    }
 }
 
 void FrmEntree::BtnRafraichir_Click() {
-    if (v.VueSemaine) {
-        BtnSemaine_Click();
-    } else {
-        essaie([this] { redessine(); });
+    if (!estCharge()) {
+        m_dits.clear();
+        Form_Load();
+        return;
     }
+    montre(m_affichage.demande.VueSemaine ? courante() : m_affichage.demande);
 }
 
 void FrmEntree::mnuZoom_Click() {
-    v.config.Intervalle = BasculeZoom(v.config.Intervalle, v.intervalleSansZoom);
-    v.ConfigGrilleJour = -1; // the day grids keep their own slots
-    essaie([this] { redessine(); });
-    m_semaine->MontreHeureCourante();
-}
-
-void FrmEntree::mnutranche_Click() {
-    FrmTrancheHoraire fenetre(v, this);
-    connect(&fenetre, &FrmTrancheHoraire::configurationModifiee, this, [this] {
-        v.intervalleSansZoom = 0;
-        v.ConfigGrilleJour = -1;
-        essaie([this] { redessine(); });
-    });
-    fenetre.exec();
-}
-
-void FrmEntree::mnuexclure_Click() {
-    FrmJourExclure fenetre(v, this);
-    connect(&fenetre, &FrmJourExclure::configurationModifiee, this,
-            [this] { essaie([this] { redessine(); }); });
-    fenetre.exec();
-}
-
-void FrmEntree::mnuSauver_Click() {
-    if (FrmSauvegarde(v, this).exec() == QDialog::Accepted) {
-        FrmQuit(this).exec();
+    Demande demande = m_affichage.suite();
+    if (demande.VueSemaine && demande.config) { // the day grids keep their own slots
+        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
+    }
+    if (montre(demande) && demande.VueSemaine) {
+        m_semaine->montreHeureCourante(m_affichage);
     }
 }
 
-void FrmEntree::menuSuppConfig_Click() {
-    if (SuppConfig(v, this).exec() == QDialog::Accepted) {
+void FrmEntree::prendReglages(const Configuration &config) {
+    Demande demande = m_affichage.suite();
+    demande.config = config;
+    demande.intervalleSansZoom = 0;
+    montre(demande);
+}
+
+void FrmEntree::mnutranche_Click() {
+    FrmTrancheHoraire fenetre(m_env, m_affichage.reglages(m_selection.grille), this);
+    if (fenetre.exec() == QDialog::Accepted) {
+        prendReglages(fenetre.configuration());
+    }
+}
+
+void FrmEntree::mnuexclure_Click() {
+    const Configuration avant = m_affichage.reglages(m_selection.grille);
+    FrmJourExclure fenetre(m_env, avant, this);
+    fenetre.exec();
+    if (fenetre.configuration() != avant) { // also a rest day that was chosen before cancelling
+        prendReglages(fenetre.configuration());
+    }
+}
+
+void FrmEntree::mnuSauver_Click() {
+    FrmSauvegarde fenetre(m_env, m_affichage.demande.PraticienCourant, m_affichage.reglages(m_selection.grille), this);
+    if (fenetre.exec() == QDialog::Accepted) {
+        FrmQuit(this).exec();
         close();
     }
 }
 
-void FrmEntree::mnuAPropos_Click() {
-    FrmAPropos(m_menus->libelles(), this).exec();
+void FrmEntree::menuSuppConfig_Click() {
+    if (SuppConfig(m_env, m_affichage.demande.numPraticien(), this).exec() == QDialog::Accepted) {
+        close();
+    }
 }
 
 void FrmEntree::BtnMois_Click() {
-    FrmMois fenetre(v.txtNumJourEnCours, v.maintenant().date(), this);
+    FrmMois fenetre(JourCourant(m_affichage, m_selection), m_env.maintenant().date(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        v.txtNumJourEnCours = fenetre.jour();
-        essaie([this] { redessine(); });
+        vaAu(fenetre.jour());
     }
 }
 
 void FrmEntree::decale(int jours) {
-    const QDate jour = DecaleDate(v.txtNumJourEnCours, jours);
+    if (!estCharge()) {
+        return;
+    }
+    const QDate jour = DecaleDate(JourCourant(m_affichage, m_selection), jours);
     if (!jour.isValid()) {
-        v.messages->show(
+        m_env.messages->show(
             QStringLiteral("Le carnet va du %1 au %2.")
                 .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
         return;
@@ -355,125 +520,63 @@ void FrmEntree::decale(int jours) {
 }
 
 void FrmEntree::vaAu(QDate jour) {
-    v.txtNumJourEnCours = jour;
-    essaie([this] {
-        if (!v.VueSemaine) {
-            redessine();
-            return;
-        }
-        m_semaine->ChangeSemaine();
-        m_selection->rafraichit();
-    });
+    if (estCharge() && jour != m_affichage.demande.jour) {
+        Demande demande = m_affichage.suite();
+        demande.jour = jour;
+        montre(demande);
+    }
+}
+
+bool FrmEntree::estOccupe() const {
+    return m_enLecture || QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr ||
+           std::ranges::any_of(grilles(), [](const FlexGrid *vue) { return vue->isDragging(); });
 }
 
 void FrmEntree::Timer1_Timer() {
-    const bool glisse =
-        ui->GrilleRDV->isDragging() || ui->GrilleRDV02->isDragging() || ui->GrilleRDV03->isDragging();
-    if (glisse || QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr) {
-        Timer1.start(attenteTimer1); // a redraw would rewrite what the user is working on
-        return;
+    if (estOccupe()) {
+        Timer1.start(attenteTimer1);
+    } else if (!estCharge()) {
+        Form_Load();
+    } else {
+        Timer1.start(periodeTimer1);
+        montre(m_affichage.suite(), Annonce::UneFois);
     }
-    Timer1.start(periodeTimer1);
-    essaie([this] { redessine(); });
-}
-
-// ---- Selection
-
-void FrmEntree::metMenusSelection() {
-    const bool surRDV = !v.SelectionLibre;
-    for (QAction *action : {ui->mnuEditer, ui->mnuSupprimer, ui->mnuLettre, ui->mnuPresent}) {
-        active(action, surRDV);
-    }
-    ui->mnuPresent->setChecked(surRDV && v.PresentRDV);
-    active(ui->mnuAjouter, !surRDV && v.ConfigExiste);
-}
-
-void FrmEntree::AfficheSelection() {
-    const QString debut = DatesFr::heure(v.HeureDebutCourante);
-    m_panneaux[2]->setText(
-        debut.isEmpty() ? QString() : debut + QStringLiteral("  /  ") + DatesFr::heure(v.HeureFinCourante));
-    m_panneaux[3]->setText(DatesFr::etat(v.txtNumJourEnCours));
-    m_panneaux[0]->setText(TexteEtatRDV(v.NomRDV, v.PrenomRDV, v.DescriptionRDV));
 }
 
 // ---- Window
 
-/// Grids and navigation buttons of the current view.
-void FrmEntree::montreVue() {
-    const bool semaine = v.VueSemaine;
-    for (QWidget *w :
-         QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant}) {
-        w->setVisible(semaine);
-    }
-    for (QWidget *w : QList<QWidget *>{ui->GrilleRDV02, ui->GrilleRDV03, ui->Frame4, ui->BtnPrecedent2,
-                                       ui->BtnAujourdhui2, ui->BtnSuivant2}) {
-        w->setVisible(!semaine);
-    }
-    BtnSemaine->setChecked(semaine);
-    BtnJour->setChecked(!semaine);
-    (semaine ? ui->GrilleRDV : ui->GrilleRDV02)->setFocus();
+QList<FlexGrid *> FrmEntree::grilles() const {
+    return m_affichage.demande.VueSemaine ? QList<FlexGrid *>{ui->GrilleRDV}
+                                          : QList<FlexGrid *>{ui->GrilleRDV02, ui->GrilleRDV03};
 }
 
-void FrmEntree::redessine() {
-    if (v.VueSemaine) {
-        m_semaine->Trace();
-        m_semaine->ResizingGrille();
-    } else {
-        m_jour->AffichageJournée(m_menus->fauteuilCoche());
-        m_jour->Dimensionne();
-    }
-    m_selection->rafraichit();
-}
-
-void FrmEntree::Form_Resize() {
+void FrmEntree::dispose() {
     const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
-    const auto d = DisposeFenetre(twipsFromPixels(centralWidget()->width()), twipsFromPixels(hauteur));
-    if (!d) {
-        return;
+    if (PlaceControles(*ui, centralWidget()->width(), hauteur)) {
+        m_semaine->dimensionne();
+        m_jour->dimensionne();
     }
-    const std::initializer_list<std::pair<QWidget *, const Rectangle *>> places{
-        {ui->GrilleRDV, &d->GrilleRDV},
-        {ui->Frame1, &d->Frame1},
-        {ui->BtnPrecedent, &d->BtnPrecedent},
-        {ui->BtnAujourdhui, &d->BtnAujourdhui},
-        {ui->BtnSuivant, &d->BtnSuivant},
-        {ui->Frame2, &d->Frame2},
-        {ui->BtnRafraichir, &d->BtnRafraichir},
-        {ui->BtnMois, &d->BtnMois},
-        {ui->Frame3, &d->Frame3},
-        {ui->BtnQuitter, &d->BtnQuitter},
-        {ui->Frame4, &d->Frame1},
-        {ui->BtnPrecedent2, &d->BtnPrecedent},
-        {ui->BtnAujourdhui2, &d->BtnAujourdhui},
-        {ui->BtnSuivant2, &d->BtnSuivant},
-        {ui->GrilleRDV02, &d->GrilleRDV02},
-        {ui->GrilleRDV03, &d->GrilleRDV03}};
-    for (const auto &[controle, place] : places) {
-        controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
-    }
-    m_semaine->ResizingGrille();
-    m_jour->Dimensionne();
 }
 
 void FrmEntree::resizeEvent(QResizeEvent *event) {
     QMainWindow::resizeEvent(event);
-    Form_Resize();
+    dispose();
 }
 
 void FrmEntree::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
-    Form_Resize();
-    if (!event->spontaneous()) {
-        m_semaine->MontreHeureCourante();
+    dispose();
+    if (!event->spontaneous() && estCharge() && m_affichage.demande.VueSemaine) {
+        m_semaine->montreHeureCourante(m_affichage);
     }
 }
 
 void FrmEntree::wheelEvent(QWheelEvent *event) {
-    const bool zoome = v.intervalleSansZoom > 0;
+    const bool zoome = m_affichage.demande.intervalleSansZoom > 0;
     const int sens = event->angleDelta().y();
     const bool bascule = event->modifiers().testFlag(Qt::ControlModifier) && (zoome ? sens < 0 : sens > 0);
-    if (m_charge && bascule) {
+    if (estCharge() && bascule) {
         mnuZoom_Click();
     }
     event->accept();
@@ -486,12 +589,4 @@ void FrmEntree::relie(QAction *action, const std::function<void()> &gestionnaire
 
 void FrmEntree::active(QAction *action, bool active) {
     action->setEnabled(active && m_reliees.contains(action));
-}
-
-void FrmEntree::essaie(const std::function<void()> &operation) {
-    try {
-        operation();
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-    }
 }

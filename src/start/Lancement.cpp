@@ -4,7 +4,6 @@
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 #include "start/Options.h"
-#include "start/VariablesGlobales.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -69,10 +68,10 @@ int Lance(int argc, char **argv) {
         return 0;
     }
     MessageBoxes boites;
-    VariablesGlobales v;
-    v.messages = &boites;
+    Environnement env;
+    env.messages = &boites;
     QString erreur = options.erreur;
-    if (erreur.isEmpty() && !v.chemins.addDrives(options.lecteurs)) {
+    if (erreur.isEmpty() && !env.chemins.addDrives(options.lecteurs)) {
         erreur = QStringLiteral("« %1 » n'est pas de la forme D=DOSSIER").arg(options.lecteurs);
     }
     if (!erreur.isEmpty()) {
@@ -80,7 +79,7 @@ int Lance(int argc, char **argv) {
         return codeLigneRefusee;
     }
     if (options.maintenant.isValid()) {
-        v.maintenant = horlogeDepuis(options.maintenant);
+        env.maintenant = horlogeDepuis(options.maintenant);
     }
 
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
@@ -89,10 +88,12 @@ int Lance(int argc, char **argv) {
     polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
-    if (!LitEmplacements(v, options.chemin)) {
+    const QString impossible = LitEmplacements(env, options.chemin);
+    if (!impossible.isEmpty()) {
+        boites.error(impossible);
         return codeErreur;
     }
-    FrmEntree FrmEntree(v);
+    FrmEntree FrmEntree(env);
     FrmEntree.Form_Load();
     montre(FrmEntree);
     if (!options.capture.isEmpty()) {
