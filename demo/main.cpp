@@ -5,127 +5,96 @@
 #include <QCoreApplication>
 #include <QTextStream>
 
-#include <limits>
-#include <optional>
-
 namespace {
 
-constexpr int ecritureImpossible = 1;
-constexpr int mauvaisAppel = 2;
+constexpr QStringView aide = uR"(Usage : tavelin-demo DOSSIER [options]
+Crée dans DOSSIER un cabinet dentaire imaginaire ; « tavelin --chemin DOSSIER/CheminBelmor.mdb » l'ouvre.
 
-/// What is wrong with the command line: a sentence in French.
-struct MauvaisAppel {
-    QString message;
-};
-
-constexpr QStringView aide = uR"(Utilisation : tavelin-demo DOSSIER [options]
-
-Crée dans DOSSIER un cabinet dentaire imaginaire : patients, rendez-vous, paramètres et images.
-Le carnet s'ouvre ensuite avec « tavelin --chemin DOSSIER/CheminBelmor.mdb ».
-
-Options :
-  --graine N                numéro du tirage ; le même numéro redonne le même cabinet (1)
-  --patients N              nombre de patients, de 1 à 100000 (2000)
-  --annees N                années de rendez-vous, moitié avant et moitié après aujourd'hui, de 1 à 20 (2)
-  --rdv N                   nombre exact de rendez-vous, de 0 à 2000000 (autant qu'il est plausible)
+  --graine N                le même numéro redonne le même cabinet (1)
+  --patients N              nombre de patients (2000)
+  --annees N                années de rendez-vous, moitié avant et moitié après aujourd'hui (2)
+  --rdv N                   nombre exact de rendez-vous (autant qu'il est plausible)
   --aujourdhui AAAA-MM-JJ   le jour qui compte pour aujourd'hui (celui de l'ordinateur)
   --ancien                  carnet d'une version ancienne, que le programme met à jour à son démarrage
-  -h, --help, --aide        cette aide
+  -h, --help, --aide        affiche cette aide
 )";
 
-void ajouteOptions(QCommandLineParser &parser) {
-    for (const char *nom : {"graine", "patients", "annees", "rdv", "aujourdhui"}) {
-        parser.addOption({QString::fromLatin1(nom), {}, QStringLiteral("valeur")});
+void litNombre(const QCommandLineParser &ligne, const QString &option, int min, int max, auto &valeur) {
+    if (ligne.isSet(option)) {
+        const QString lu = ligne.value(option);
+        bool ok = false;
+        const int nombre = lu.toInt(&ok);
+        if (!ok || nombre < min || nombre > max) {
+            throw ErreurCabinet(QStringLiteral("--%1 attend un nombre de %2 à %3, et non « %4 ».")
+                                    .arg(option, QString::number(min), QString::number(max), lu));
+        }
+        valeur = nombre;
     }
-    parser.addOption(QCommandLineOption(QStringLiteral("ancien")));
-    parser.addOption(
-        QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")}));
 }
 
-template <typename Entier>
-void litNombre(const QCommandLineParser &parser, const char *nom, qint64 min, qint64 max, Entier &valeur) {
-    const QString option = QString::fromLatin1(nom);
-    if (!parser.isSet(option)) {
-        return;
-    }
-    bool ok = false;
-    const qint64 lu = parser.value(option).toLongLong(&ok);
-    if (!ok || lu < min || lu > max) {
-        throw MauvaisAppel{QStringLiteral("L'option --%1 attend un nombre entier de %2 à %3, et non « %4 ».")
-                               .arg(option)
-                               .arg(min)
-                               .arg(max)
-                               .arg(parser.value(option))};
-    }
-    valeur = Entier(lu);
-}
-
-OptionsCabinet litOptions(const QCommandLineParser &parser) {
-    OptionsCabinet options;
-    litNombre(parser, "graine", 0, std::numeric_limits<quint32>::max(), options.graine);
-    litNombre(parser, "patients", 1, 100'000, options.patients);
-    litNombre(parser, "annees", 1, 20, options.annees);
-    litNombre(parser, "rdv", 0, 2'000'000, options.rdv);
-    options.ancien = parser.isSet(QStringLiteral("ancien"));
-    if (parser.isSet(QStringLiteral("aujourdhui"))) {
-        const QString jour = parser.value(QStringLiteral("aujourdhui"));
-        options.aujourdhui = QDate::fromString(jour, QStringLiteral("yyyy-MM-dd"));
-        if (!options.aujourdhui.isValid()) {
-            throw MauvaisAppel{
-                QStringLiteral("L'option --aujourdhui attend une date AAAA-MM-JJ, et non « %1 ».").arg(jour)};
+OptionsCabinet options(const QCommandLineParser &ligne) {
+    OptionsCabinet lues;
+    litNombre(ligne, QStringLiteral("graine"), 0, 1'000'000'000, lues.graine);
+    litNombre(ligne, QStringLiteral("patients"), 1, 100'000, lues.patients);
+    litNombre(ligne, QStringLiteral("annees"), 1, 20, lues.annees);
+    litNombre(ligne, QStringLiteral("rdv"), 0, 2'000'000, lues.rdv);
+    lues.ancien = ligne.isSet(QStringLiteral("ancien"));
+    if (ligne.isSet(QStringLiteral("aujourdhui"))) {
+        const QString jour = ligne.value(QStringLiteral("aujourdhui"));
+        lues.aujourdhui = QDate::fromString(jour, Qt::ISODate);
+        if (!lues.aujourdhui.isValid()) {
+            throw ErreurCabinet(
+                QStringLiteral("--aujourdhui attend une date AAAA-MM-JJ, et non « %1 ».").arg(jour));
         }
     }
-    return options;
+    return lues;
 }
 
-void verifieAppel(QCommandLineParser &parser, const QStringList &arguments) {
-    const bool lu = parser.parse(arguments);
-    if (!parser.unknownOptionNames().isEmpty()) {
-        throw MauvaisAppel{
-            QStringLiteral("Option inconnue : « %1 ».").arg(parser.unknownOptionNames().first())};
+/// What there is to say once it is done.
+QString execute(const QStringList &arguments) {
+    QCommandLineParser ligne;
+    for (const char *nom : {"graine", "patients", "annees", "rdv", "aujourdhui"}) {
+        ligne.addOption({QString::fromLatin1(nom), {}, QStringLiteral("valeur")});
     }
-    if (!lu) {
-        throw MauvaisAppel{QStringLiteral("Une option est incomplète ou reçoit une valeur de trop.")};
+    const QCommandLineOption demandeAide(
+        QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
+    ligne.addOptions({QCommandLineOption(QStringLiteral("ancien")), demandeAide});
+    const bool comprise = ligne.parse(arguments);
+    if (ligne.isSet(demandeAide)) {
+        return aide.toString();
     }
-    if (!parser.isSet(QStringLiteral("aide")) && parser.positionalArguments().size() != 1) {
-        throw MauvaisAppel{QStringLiteral("Il faut indiquer un dossier, et un seul.")};
+    const QStringList inconnues = ligne.unknownOptionNames();
+    if (!inconnues.isEmpty()) {
+        throw ErreurCabinet(
+            QStringLiteral("Option inconnue : %1.").arg(inconnues.join(QStringLiteral(", "))));
     }
-}
-
-void ecrit(const QStringList &arguments, QTextStream &sortie) {
-    QCommandLineParser parser;
-    ajouteOptions(parser);
-    verifieAppel(parser, arguments);
-    if (parser.isSet(QStringLiteral("aide"))) {
-        sortie << aide;
-        return;
+    if (!comprise || ligne.positionalArguments().size() != 1) {
+        throw ErreurCabinet(
+            QStringLiteral("Il faut un dossier, et une valeur à chaque option. Voir --aide."));
     }
-    const QString dossier = parser.positionalArguments().first();
-    const Bilan bilan = ecritCabinet(dossier, litOptions(parser));
-    sortie << QStringLiteral("Cabinet créé dans « %1 » :\n").arg(dossier)
-           << QStringLiteral("  %1 patients, %2 rendez-vous, %3 actes, %4 images\n")
-                  .arg(bilan.patients)
-                  .arg(bilan.rendezVous)
-                  .arg(bilan.actes)
-                  .arg(bilan.images);
+    const QString dossier = ligne.positionalArguments().first();
+    const Bilan b = ecritCabinet(dossier, options(ligne));
+    return QStringLiteral("Cabinet créé dans « %1 » : %2 patients, %3 rendez-vous, %4 actes, %5 images\n")
+        .arg(dossier)
+        .arg(b.patients)
+        .arg(b.rendezVous)
+        .arg(b.actes)
+        .arg(b.images);
 }
 
 } // namespace
 
 int main(int argc, char *argv[]) {
     const QCoreApplication app(argc, argv);
-    QTextStream sortie(stdout);
-    QTextStream erreurs(stderr);
+    QString message;
     try {
-        ecrit(QCoreApplication::arguments(), sortie);
+        QTextStream(stdout) << execute(QCoreApplication::arguments());
         return 0;
-    } catch (const MauvaisAppel &erreur) {
-        erreurs << erreur.message << QStringLiteral(" Voir --aide.\n");
-        return mauvaisAppel;
     } catch (const ErreurCabinet &erreur) {
-        erreurs << erreur.message() << '\n';
+        message = erreur.message();
     } catch (const DbError &erreur) {
-        erreurs << erreur.message() << '\n';
+        message = erreur.message();
     }
-    return ecritureImpossible;
+    QTextStream(stderr) << message << '\n';
+    return 1;
 }
