@@ -14,8 +14,8 @@ constexpr int hauteur = 20;
 
 struct Forme {
     QLatin1StringView nom;
-    int haut; ///< of the bar; an end that is not the picture's own lies outside it
-    int bas;
+    int haut = 0; ///< of the bar; an end that is not the picture's own lies outside it
+    int bas = 0;
 };
 constexpr Forme formes[] = {{QLatin1StringView("Dbl"), 1, hauteur - 1},
                             {QLatin1StringView("Top"), 1, 2 * hauteur},
@@ -24,7 +24,7 @@ constexpr Forme formes[] = {{QLatin1StringView("Dbl"), 1, hauteur - 1},
 
 struct Couleur {
     QLatin1StringView nom;
-    QRgb teinte;
+    QRgb teinte = 0;
 };
 constexpr Couleur couleurs[] = {
     {QLatin1StringView("Bleu"), qRgb(0, 128, 255)},   {QLatin1StringView("Violet"), qRgb(128, 0, 128)},
