@@ -24,7 +24,8 @@ QList<RendezVous> rendezVousDe(const Records &rows) {
                                 row.at(telephone).toText(), row.at(description).toText(),
                                 row.at(numPatient).toText(), row.at(date1).toDate(),
                                 row.at(heureDebut).toTime(), row.at(heureFin).toTime(),
-                                row.at(present).toBoolean(), long(row.at(praticien).toInteger()), long(row.at(fauteuil).toInteger())});
+                                row.at(present).toBoolean(), long(row.at(praticien).toInteger()),
+                                long(row.at(fauteuil).toInteger())});
     }
     return liste;
 }
@@ -51,4 +52,19 @@ QList<RendezVous> RendezVousALaDate(Database &rdv, QDate jour, long praticien, l
                                   << dateSql(jour) << " AND clng(NumPraticien) = " << nombre(praticien)
                                   << " AND clng(Fauteuil) =" << nombre(fauteuil)
                                   << " order by Date1 , HeureDebut"));
+}
+
+QList<RendezVous> RendezVousOccupant(Database &rdv, QDate jour, long praticien, long fauteuil) {
+    // Date1 may carry a time of day: it is then a longer text, between this day's and the next one's
+    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where (DateInv = ")
+                                  << texte(InverseDate(jour)) << " OR (Date1 >= " << dateSql(jour)
+                                  << " AND Date1 < " << dateSql(jour.addDays(1))
+                                  << ")) AND clng(NumPraticien) = " << nombre(praticien)
+                                  << " AND clng(Fauteuil) = " << nombre(fauteuil)));
+}
+
+std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
+    const QList<RendezVous> lus =
+        rendezVousDe(rdv.query(SqlText("Select * from RDV Where RefRDV = ") << nombre(ref)));
+    return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }
