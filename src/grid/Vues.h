@@ -6,8 +6,8 @@
 
 #include <QObject>
 
-/// The three grids of the window, of which the week's or the day's are shown. `grille` is a grid's place in the
-/// Affichage.
+/// The three grids of the window, of which the week's or the day's are shown. `grille` is a grid's place in
+/// the Affichage.
 class Vues : public QObject {
     Q_OBJECT
   public:

@@ -34,8 +34,7 @@ bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce a
 bool CarnetMontre::relitJour(int grille, QDate jour) {
     QList<RendezVous> relus;
     const auto lecture = [&](Database &carnet) { relus = RelitJour(carnet, m_affichage, grille, jour); };
-    return lit(lecture, Annonce::Toujours) &&
-           (relus == DuJour(m_affichage.grilles[grille], jour) || relit());
+    return lit(lecture, Annonce::Toujours) && (relus == DuJour(m_affichage.grilles[grille], jour) || relit());
 }
 
 void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste) {

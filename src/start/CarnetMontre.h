@@ -6,8 +6,8 @@
 #include <QObject>
 #include <functional>
 
-/// What is shown and what is selected: the two values that the window is drawn from. Nothing else holds them, and
-/// they change here only, whole, after everything was read.
+/// What is shown and what is selected: the two values that the window is drawn from. Nothing else holds them,
+/// and they change here only, whole, after everything was read.
 class CarnetMontre : public QObject {
     Q_OBJECT
   public:
@@ -29,8 +29,8 @@ class CarnetMontre : public QObject {
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
     /// The same once more, everything kept.
     bool relit(Annonce annonce = Annonce::Toujours) { return montre(m_affichage.suite(), annonce); }
-    /// What the user selects. A click looks at the book first: a day that is not what is shown any more is shown
-    /// again, and one that cannot be read leaves the selection where it is.
+    /// What the user selects. A click looks at the book first: a day that is not what is shown any more is
+    /// shown again, and one that cannot be read leaves the selection where it is.
     void selectionne(int grille, const Coins &coins, Geste geste);
     /// Selects an appointment, if it is shown.
     bool selectionneRDV(qint64 RefRDV);

@@ -3,7 +3,7 @@
 #include "ui_FrmEntree.h"
 
 #include "booking/ActionsRDV.h"
-#include "booking/MessageModifie.h"
+#include "booking/MessagesRDV.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
@@ -276,7 +276,8 @@ void FrmEntree::mnuEditer_Click() {
 }
 
 void FrmEntree::mnuSupprimer_Click() {
-    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"), QStringLiteral("Rendez-vous déjà supprimé"))) {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                 QStringLiteral("Rendez-vous déjà supprimé"))) {
         m_actions->supprime(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
     }
 }

@@ -17,8 +17,8 @@ class MenusPraticien;
 class QPushButton;
 class Vues;
 
-/// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is drawn
-/// from the two values that its CarnetMontre holds.
+/// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is
+/// drawn from the two values that its CarnetMontre holds.
 class FrmEntree : public QMainWindow {
     Q_OBJECT
   public:
@@ -26,7 +26,8 @@ class FrmEntree : public QMainWindow {
     explicit FrmEntree(const Environnement &env, QWidget *parent = nullptr);
     ~FrmEntree() override;
 
-    /// The start-up, from the upgrade to the drawn week. What fails is told, and tried again from time to time.
+    /// The start-up, from the upgrade to the drawn week. What fails is told, and tried again from time to
+    /// time.
     void Form_Load();
 
   protected:
@@ -57,8 +58,8 @@ class FrmEntree : public QMainWindow {
     void mnuSupprimer_Click();
     void mnuPresent_Click();
     void rdvEcrit(const RendezVous &rdv);
-    /// The book is read again before anything is done with an appointment; false when it is not there any more,
-    /// which is told.
+    /// The book is read again before anything is done with an appointment; false when it is not there any
+    /// more, which is told.
     bool relitRDV(const QString &disparu, const QString &titre);
 
     // What is asked for, in screen order

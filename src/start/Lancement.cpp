@@ -49,8 +49,8 @@ void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &te
     if (genre != QtFatalMsg) {
         return;
     }
-    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir (" << texte.section(u'\n', 0, 0)
-            << ")\n";
+    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir ("
+            << texte.section(u'\n', 0, 0) << ")\n";
     erreurs.flush();
     std::_Exit(codeErreur);
 }

@@ -27,12 +27,26 @@ Horaires heures(const char *texte) {
 } // namespace
 
 TEST(TrancheHoraire, ReadsTypedHours) {
-    EXPECT_EQ(LitHeure(QStringLiteral("08:00")), QTime(8, 0));
-    EXPECT_EQ(LitHeure(QStringLiteral(" 8:05 ")), QTime(8, 5));
+    EXPECT_EQ(LitHeure(QStringLiteral("9H")), QTime(9, 0));
     EXPECT_EQ(LitHeure(QStringLiteral("23:59")), QTime(23, 59));
-    for (const char *texte :
-         {"24:00", "99:99", "8h", "", ":", "8:5", "-8:00", "08:00:00", "12:60", "١٢:٠٠"}) {
+    for (const char *texte : {"09:30", " 9:30 ", "9h30", "09h30", "930", "0930"}) {
+        EXPECT_EQ(LitHeure(QString::fromUtf8(texte)), QTime(9, 30)) << texte;
+    }
+    for (const char *texte : {"24:00", "24h", "9", "93", "00930", "9h3", "", ":", "h", "8:5", "-8:00",
+                              "08:00:00", "12:60", "1260", "١٢:٠٠"}) {
         EXPECT_EQ(LitHeure(QString::fromUtf8(texte)), std::nullopt) << texte;
+    }
+}
+
+TEST(TrancheHoraire, ReadsTypedDates) {
+    for (const char *texte : {"02/12/2026", " 2/12/26 ", "2-12-2026", "2.12.26", "02122026",
+                              "mercredi 02 déc. 2026", "Lundi 2 Décembre 2026", "2 déc. 2026"}) {
+        EXPECT_EQ(LitDate(QString::fromUtf8(texte)), QDate(2026, 12, 2)) << texte;
+    }
+    for (const char *texte :
+         {"", "2/12", "2/12-26", "2/12/026", "2122026", "31/02/2026", "12/31/2026", "demain 02 déc. 2026",
+          "02 dec 2026", "31/12/1899", "01/01/3000", "2026-12-02", "٠٢/١٢/٢٠٢٦"}) {
+        EXPECT_EQ(LitDate(QString::fromUtf8(texte)), std::nullopt) << texte;
     }
 }
 
