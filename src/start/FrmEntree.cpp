@@ -194,7 +194,7 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
+    for (QPushButton *bouton : centralWidget()->findChildren<QPushButton *>() << BtnSemaine << BtnJour) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }
     BtnSemaine->setChecked(semaine);
