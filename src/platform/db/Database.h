@@ -4,6 +4,7 @@
 #include "platform/db/SqlText.h"
 #include "platform/db/TableDef.h"
 
+#include <chrono>
 #include <memory>
 
 class Engine;
@@ -12,8 +13,9 @@ class Engine;
 /// Every function throws DbError.
 class Database {
   public:
-    /// Opens an existing database; what the file is decides the engine.
-    static Database open(const QString &path);
+    /// Opens an existing database; what the file is decides the engine. Waits at most `wait` each time that
+    /// another workstation is in the way.
+    static Database open(const QString &path, std::chrono::milliseconds wait = std::chrono::seconds(5));
     /// Creates an empty database; an existing file is refused.
     static Database create(const QString &path);
 
@@ -32,6 +34,10 @@ class Database {
 
     TableDef tableDef(const QString &table);
     void createTable(const QString &table, const std::vector<FieldDef> &fields);
+    /// Brings the tables of `other` in under `name`: written "name.Table", they are in the transactions of
+    /// this database, which then last in both files or in neither. Not while a transaction is open; every
+    /// workstation must know the folder under the same path. Throws ReadOnly when `other` is.
+    void attach(const Database &other, const QString &name);
     const QString &path() const { return m_path; }
 
   private:
@@ -42,8 +48,7 @@ class Database {
     std::unique_ptr<Engine> m_engine;
 };
 
-/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start,
-/// waiting at most 5 s for another workstation.
+/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start.
 class Transaction {
   public:
     explicit Transaction(Database &database);

@@ -30,6 +30,7 @@ class Engine {
     virtual bool hasTable(const QString &table) = 0;
     virtual bool isUpdatable(const QString &table) = 0;
     virtual QStringList fieldNames(const QString &table) = 0;
+    virtual void attach(const QString &file, const QString &name) = 0;
     virtual void createTable(const QString &table, const std::vector<FieldDef> &fields) = 0;
     virtual void appendField(const QString &table, const FieldDef &field) = 0;
     virtual void deleteField(const QString &table, const QString &field) = 0;

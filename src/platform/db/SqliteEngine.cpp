@@ -2,14 +2,14 @@
 
 #include "platform/db/DbError.h"
 #include "platform/db/SqlDialect.h"
+#include "platform/db/SqliteErrors.h"
 #include "platform/db/SqliteFunctions.h"
 
 #include <QFileInfo>
+#include <mutex>
 #include <sqlite3.h>
 
 namespace {
-
-constexpr int waitForOthersMs = 5000;
 
 /// Root may write anything; a file that nobody is allowed to write is read-only for the book all the same.
 bool isMarkedReadOnly(const QString &file) {
@@ -21,6 +21,11 @@ bool isMarkedReadOnly(const QString &file) {
 QString quoted(const QString &name) {
     QString inside = name;
     return u'"' + inside.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+/// "name.Table" too.
+QString quotedTable(const QString &table) {
+    return quoted(table).replace(u'.', QStringLiteral("\".\""));
 }
 
 QString typeName(FieldType type) {
@@ -70,25 +75,6 @@ int bindValue(sqlite3_stmt *statement, int parameter, const Value &value) {
     return sqlite3_bind_text(statement, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
 }
 
-DbError::Kind kindOf(int resultCode) {
-    switch (resultCode & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return DbError::Kind::Locked;
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-        return DbError::Kind::ReadOnly;
-    case SQLITE_CORRUPT:
-        return DbError::Kind::Damaged;
-    case SQLITE_NOTADB:
-        return DbError::Kind::UnknownFormat;
-    case SQLITE_FULL:
-        return DbError::Kind::DiskFull;
-    default:
-        return DbError::Kind::Other;
-    }
-}
-
 } // namespace
 
 /// Borrows a prepared statement and hands it back reset, whatever happens in between.
@@ -107,29 +93,41 @@ class SqliteEngine::Statement {
     sqlite3_stmt *m_statement;
 };
 
-bool SqliteEngine::recognises(const QByteArray &header) {
-    return header == QByteArrayView("SQLite format 3\0", headerSize);
+std::unique_ptr<SqliteEngine> SqliteEngine::openIfIts(const QString &file, std::chrono::milliseconds wait) {
+    const int access = isMarkedReadOnly(file) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    std::unique_ptr<SqliteEngine> engine(new SqliteEngine(file, access, wait));
+    return engine->hasItsHeader() ? std::move(engine) : nullptr;
 }
 
 std::unique_ptr<SqliteEngine> SqliteEngine::create(const QString &file) {
     return std::unique_ptr<SqliteEngine>(
-        new SqliteEngine(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX));
+        new SqliteEngine(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, std::chrono::seconds(5)));
 }
 
-SqliteEngine::SqliteEngine(const QString &file)
-    : SqliteEngine(file, SQLITE_OPEN_NOMUTEX |
-                             (isMarkedReadOnly(file) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE)) {}
-
-SqliteEngine::SqliteEngine(const QString &file, int openFlags) : m_file(file) {
-    const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection, openFlags, nullptr);
+SqliteEngine::SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait)
+    : m_file(file) {
+    static std::once_flag once;
+    std::call_once(once, tellRefusedLocks);
+    const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection,
+                                     openFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (code != SQLITE_OK) {
-        const QString detail = QString::fromUtf8(sqlite3_errmsg(m_connection));
+        const DbError error = sqliteError(code, m_file, sqlite3_errmsg(m_connection));
         sqlite3_close(m_connection);
-        throw DbError(kindOf(code), m_file, detail);
+        throw error;
     }
-    sqlite3_extended_result_codes(m_connection, 1);
-    sqlite3_busy_timeout(m_connection, waitForOthersMs);
+    sqlite3_busy_timeout(m_connection, int(wait.count()));
     registerSqliteFunctions(m_connection);
+}
+
+/// Read through the connection: closing a file of one's own would drop the locks that this process holds on
+/// it.
+bool SqliteEngine::hasItsHeader() {
+    constexpr QByteArrayView expected("SQLite format 3\0", 16);
+    sqlite3_file *open = nullptr;
+    QByteArray header(expected.size(), '\0');
+    return sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &open) == SQLITE_OK &&
+           open->pMethods->xRead(open, header.data(), int(header.size()), 0) == SQLITE_OK &&
+           header == expected;
 }
 
 SqliteEngine::~SqliteEngine() {
@@ -173,7 +171,7 @@ qint64 SqliteEngine::insert(const QString &table, const Fields &values) {
         places << QStringLiteral("?");
     }
     run(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-            .arg(quoted(table), names.join(u','), places.join(u',')),
+            .arg(quotedTable(table), names.join(u','), places.join(u',')),
         values);
     return sqlite3_last_insert_rowid(m_connection);
 }
@@ -184,7 +182,7 @@ int SqliteEngine::update(const QString &table, const QString &keyField, qint64 k
         assignments << quoted(name) + QStringLiteral(" = ?");
     }
     run(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-            .arg(quoted(table), assignments.join(u','), quoted(keyField)),
+            .arg(quotedTable(table), assignments.join(u','), quoted(keyField)),
         values, &key);
     return sqlite3_changes(m_connection);
 }
@@ -222,6 +220,18 @@ QStringList SqliteEngine::fieldNames(const QString &table) {
         fail(code);
     }
     return names;
+}
+
+void SqliteEngine::attach(const QString &file, const QString &name) {
+    if (isMarkedReadOnly(file)) {
+        throw DbError(DbError::Kind::ReadOnly, file);
+    }
+    const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + quoted(name)));
+    check(bindValue(statement, 1, Value(file)));
+    if (const int code = sqlite3_step(statement); code != SQLITE_DONE) {
+        throw sqliteError(code, file, sqlite3_errmsg(m_connection));
+    }
+    makeDurable(name);
 }
 
 void SqliteEngine::createTable(const QString &table, const std::vector<FieldDef> &fields) {
@@ -276,7 +286,18 @@ sqlite3_stmt *SqliteEngine::prepared(const QString &nativeSql) {
     return statement;
 }
 
+/// Without this a commit may be undone when the power fails seconds later: the journal's removal is not on
+/// the disk yet, and the next opening rolls back from it.
+void SqliteEngine::makeDurable(const QString &database) {
+    const QString pragma = QStringLiteral("PRAGMA %1.synchronous=EXTRA").arg(quoted(database));
+    check(sqlite3_exec(m_connection, pragma.toUtf8().constData(), nullptr, nullptr, nullptr));
+}
+
 void SqliteEngine::run(const QString &nativeSql, const Fields &values, const qint64 *key) {
+    if (!m_durable) {
+        makeDurable(QStringLiteral("main"));
+        m_durable = true;
+    }
     const Statement statement(prepared(nativeSql));
     int parameter = 0;
     for (const auto &[name, value] : values) {
@@ -301,14 +322,5 @@ void SqliteEngine::check(int resultCode) {
 }
 
 void SqliteEngine::fail(int resultCode) {
-    const QString detail = QString::fromUtf8(sqlite3_errmsg(m_connection));
-    if (detail.startsWith(QLatin1StringView("no such table: "))) {
-        throw DbError(DbError::Kind::Structure, m_file,
-                      QStringLiteral("la table « %1 » manque").arg(detail.mid(15)));
-    }
-    if (detail.startsWith(QLatin1StringView("no such column: "))) {
-        throw DbError(DbError::Kind::Structure, m_file,
-                      QStringLiteral("le champ « %1 » manque").arg(detail.mid(16)));
-    }
-    throw DbError(kindOf(resultCode), m_file, detail);
+    throw sqliteError(resultCode, m_file, sqlite3_errmsg(m_connection));
 }

@@ -3,6 +3,7 @@
 #include "platform/db/Engine.h"
 
 #include <QHash>
+#include <chrono>
 
 struct sqlite3;
 struct sqlite3_stmt;
@@ -11,11 +12,10 @@ struct sqlite3_stmt;
 /// collation that the book's SQL needs are out of reach of a generic SQL module, and start-up stays short.
 class SqliteEngine : public Engine {
   public:
-    static constexpr int headerSize = 16;
-    static bool recognises(const QByteArray &header);
+    /// Null for a file of another format.
+    static std::unique_ptr<SqliteEngine> openIfIts(const QString &file, std::chrono::milliseconds wait);
     static std::unique_ptr<SqliteEngine> create(const QString &file);
 
-    explicit SqliteEngine(const QString &file);
     ~SqliteEngine() override;
 
     Records query(const QString &sql) override;
@@ -28,6 +28,7 @@ class SqliteEngine : public Engine {
     bool hasTable(const QString &table) override;
     bool isUpdatable(const QString &table) override;
     QStringList fieldNames(const QString &table) override;
+    void attach(const QString &file, const QString &name) override;
     void createTable(const QString &table, const std::vector<FieldDef> &fields) override;
     void appendField(const QString &table, const FieldDef &field) override;
     void deleteField(const QString &table, const QString &field) override;
@@ -36,7 +37,9 @@ class SqliteEngine : public Engine {
 
   private:
     class Statement;
-    SqliteEngine(const QString &file, int openFlags);
+    SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait);
+    bool hasItsHeader();
+    void makeDurable(const QString &database);
 
     /// The prepared statement for `nativeSql`, made once per connection: a bulk load runs one text many
     /// times.
@@ -50,5 +53,6 @@ class SqliteEngine : public Engine {
 
     QString m_file;
     sqlite3 *m_connection = nullptr;
+    bool m_durable = false; ///< its commits wait for the disk; only a writer needs them to
     QHash<QString, sqlite3_stmt *> m_statements;
 };
