@@ -5,6 +5,7 @@
 #include "platform/db/SqliteErrors.h"
 #include "platform/db/SqliteFunctions.h"
 
+#include <QAnyStringView>
 #include <QFileInfo>
 #include <mutex>
 #include <sqlite3.h>
@@ -46,19 +47,24 @@ QString typeName(FieldType type) {
     return QStringLiteral("TEXT");
 }
 
-Value columnValue(sqlite3_stmt *statement, int column) {
-    switch (sqlite3_column_type(statement, column)) {
+/// `above` is the same column's value in the row before: days and numbers repeat, and a text that does is
+/// shared.
+Value columnValue(sqlite3_stmt *statement, int column, const Value *above = nullptr) {
+    sqlite3_value *value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        return {qint64{sqlite3_column_int64(statement, column)}};
+        return {qint64{sqlite3_value_int64(value)}};
     case SQLITE_FLOAT:
-        return {sqlite3_column_double(statement, column)};
+        return {sqlite3_value_double(value)};
     case SQLITE_NULL:
         return {};
     default:
         break;
     }
-    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    return {QString::fromUtf8(utf8, sqlite3_column_bytes(statement, column))};
+    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    const QUtf8StringView text(utf8, sqlite3_value_bytes(value));
+    const auto *known = above != nullptr ? std::get_if<QString>(&above->data()) : nullptr;
+    return {known != nullptr && QAnyStringView(*known) == text ? *known : text.toString()};
 }
 
 int bindValue(sqlite3_stmt *statement, int parameter, const Value &value) {
@@ -147,9 +153,9 @@ Records SqliteEngine::query(const QString &sql) {
     }
     Records records(m_file, names);
     int code = sqlite3_step(statement);
-    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+    for (int row = 0; code == SQLITE_ROW; code = sqlite3_step(statement), ++row) {
         for (int i = 0; i < columns; ++i) {
-            records.append(columnValue(statement, i));
+            records.append(columnValue(statement, i, row > 0 ? &records.at(row - 1, i) : nullptr));
         }
     }
     if (code != SQLITE_DONE) {
