@@ -10,8 +10,6 @@
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 
-#include <QDir>
-
 namespace {
 
 constexpr int longueurTitre = 20;
@@ -147,21 +145,8 @@ bool FrmNouveauPatient::accepteDoublon(const FichePatient &nouveau) {
 }
 
 void FrmNouveauPatient::cree(const FichePatient &nouveau) {
-    Creation creation;
-    QString fichierListing;
-    {
-        const Sablier sablier;
-        Database patient = v.ouvrePatients();
-        Database listing = v.ouvrePatientsCrees();
-        fichierListing = listing.path();
-        creation = CreePatient(patient, listing, nouveau, v.maintenant().date());
-    }
-    if (!creation.inscrite) {
-        v.messages->error(
-            QStringLiteral(
-                "Le patient est créé sous le numéro %1, mais il n'a pas pu être inscrit dans la liste "
-                "des patients créés (fichier « %2 »). Ne le créez pas une seconde fois.")
-                .arg(creation.cptid)
-                .arg(QDir::toNativeSeparators(fichierListing)));
-    }
+    const Sablier sablier;
+    Database patient = v.ouvrePatients();
+    const Database listing = v.ouvrePatientsCrees();
+    CreePatient(patient, listing, nouveau, v.maintenant().date());
 }

@@ -97,7 +97,7 @@ const Row translations[] = {
     {"textOrders", "TexteIndex(nom)>='du'order by TexteTri(nom)asc,DateInv",
      "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv"},
     {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
-     "Present = 0 and x = 1 and [True] = 'True' COLLATE TEXTE and TrueX"},
+     "Present = 0 and x <> 0 and [True] = 'True' COLLATE TEXTE and TrueX"},
     {"names", "A1.DateCréationFicheInv=[Nom d'usage]and A2 . *",
      "A1.DateCréationFicheInv = [Nom d'usage] and A2.*"},
     {"quotes", R"(a like "l'""eau" & 'd''arc')", R"(a like 'l''"eau' || 'd''arc')"},

@@ -117,7 +117,7 @@ SqliteEngine::SqliteEngine(const QString &file, int openFlags, std::chrono::mill
     const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection,
                                      openFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (code != SQLITE_OK) {
-        const DbError error = sqliteError(code, m_file, sqlite3_errmsg(m_connection));
+        const DbError error = sqliteError(code, m_file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
         sqlite3_close(m_connection);
         throw error;
     }
@@ -235,8 +235,9 @@ void SqliteEngine::attach(const QString &file, const QString &name) {
     const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + quoted(name)));
     check(bindValue(statement, 1, Value(file)));
     if (const int code = sqlite3_step(statement); code != SQLITE_DONE) {
-        throw sqliteError(code, file, sqlite3_errmsg(m_connection));
+        throw sqliteError(code, file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
     }
+    m_attached[name + u'.'] = file;
     makeDurable(name);
 }
 
@@ -328,5 +329,11 @@ void SqliteEngine::check(int resultCode) {
 }
 
 void SqliteEngine::fail(int resultCode) {
-    throw sqliteError(resultCode, m_file, sqlite3_errmsg(m_connection));
+    QString english = QString::fromUtf8(sqlite3_errmsg(m_connection));
+    for (auto it = m_attached.cbegin(); it != m_attached.cend(); ++it) {
+        if (english.contains(it.key())) {
+            throw sqliteError(resultCode, it.value(), english.remove(it.key()));
+        }
+    }
+    throw sqliteError(resultCode, m_file, english);
 }

@@ -53,6 +53,7 @@ class SqliteEngine : public Engine {
 
     QString m_file;
     sqlite3 *m_connection = nullptr;
-    bool m_durable = false; ///< its commits wait for the disk; only a writer needs them to
+    QHash<QString, QString> m_attached; ///< "name." as the SQL writes it: the file
+    bool m_durable = false;             ///< its commits wait for the disk; only a writer needs them to
     QHash<QString, sqlite3_stmt *> m_statements;
 };

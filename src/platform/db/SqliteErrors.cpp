@@ -90,9 +90,9 @@ int callTellingRefusals(int file, int command, ...) {
 
 } // namespace
 
-DbError sqliteError(int resultCode, const QString &file, const char *english) {
-    const QString missing = missingPart(QString::fromUtf8(english));
-    const QByteArray technical = QByteArray::number(resultCode) + ", " + english;
+DbError sqliteError(int resultCode, const QString &file, const QString &english) {
+    const QString missing = missingPart(english);
+    const QByteArray technical = QByteArray::number(resultCode) + ", " + english.toUtf8();
     if (!missing.isEmpty()) {
         return {DbError::Kind::Structure, file, missing, technical};
     }
