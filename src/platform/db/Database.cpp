@@ -73,6 +73,21 @@ void Database::attach(const Database &other, const QString &name) {
     m_engine->attach(other.m_path, name);
 }
 
+QString checkBook(const QString &path, const std::stop_token &stop) {
+    constexpr int attempts = 100;
+    for (int i = 0; i < attempts && !stop.stop_requested(); ++i) {
+        try {
+            const bool intact = Database::open(path).m_engine->isIntact(stop);
+            return intact ? QString() : DbError(DbError::Kind::Damaged, path).message();
+        } catch (const DbError &error) {
+            if (error.kind() != DbError::Kind::Locked) {
+                return error.message();
+            }
+        }
+    }
+    return {};
+}
+
 Transaction::Transaction(Database &database) : m_engine(database.m_engine.get()) {
     m_engine->begin();
 }

@@ -6,6 +6,7 @@
 
 #include <chrono>
 #include <memory>
+#include <stop_token>
 
 class Engine;
 
@@ -42,11 +43,18 @@ class Database {
 
   private:
     friend class Transaction;
+    friend QString checkBook(const QString &path, const std::stop_token &stop);
     Database(QString path, std::unique_ptr<Engine> engine);
 
     QString m_path;
     std::unique_ptr<Engine> m_engine;
 };
+
+/// Reads all of a book and compares its indexes with its tables: what a damaged index leaves out is not
+/// missed by any query. Gives a French sentence about the damage, else an empty text; also when `stop` ended
+/// it, or when other workstations write all the time. 500,000 appointments take about 0.7 s; for a thread of
+/// its own.
+QString checkBook(const QString &path, const std::stop_token &stop = {});
 
 /// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start.
 class Transaction {

@@ -22,7 +22,9 @@ QString sentence(DbError::Kind kind, const QString &file, const QString &precisi
                               "été enregistré. Prévenez la personne qui s'occupe du réseau.")
             .arg(name);
     case DbError::Kind::Damaged:
-        return QStringLiteral("Le fichier %1 est endommagé ou incomplet.").arg(name);
+        return QStringLiteral("Le fichier %1 est endommagé ou incomplet. Ne l'utilisez plus avant de l'avoir "
+                              "remplacé par sa dernière sauvegarde.")
+            .arg(name);
     case DbError::Kind::DiskFull:
         return QStringLiteral("Le disque est plein : rien n'a été enregistré dans le fichier %1.").arg(name);
     case DbError::Kind::Structure:

@@ -125,14 +125,19 @@ SqliteEngine::SqliteEngine(const QString &file, int openFlags, std::chrono::mill
     registerSqliteFunctions(m_connection);
 }
 
+sqlite3_file *SqliteEngine::mainFile() {
+    sqlite3_file *file = nullptr;
+    check(sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &file));
+    return file;
+}
+
 /// Read through the connection: closing a file of one's own would drop the locks that this process holds on
 /// it.
 bool SqliteEngine::hasItsHeader() {
     constexpr QByteArrayView expected("SQLite format 3\0", 16);
-    sqlite3_file *open = nullptr;
+    sqlite3_file *file = mainFile();
     QByteArray header(expected.size(), '\0');
-    return sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &open) == SQLITE_OK &&
-           open->pMethods->xRead(open, header.data(), int(header.size()), 0) == SQLITE_OK &&
+    return file->pMethods->xRead(file, header.data(), int(header.size()), 0) == SQLITE_OK &&
            header == expected;
 }
 
@@ -194,6 +199,9 @@ int SqliteEngine::update(const QString &table, const QString &keyField, qint64 k
 }
 
 void SqliteEngine::begin() {
+    if (sqlite3_db_readonly(m_connection, "main") != 0) { // SQLite would begin to read, without a lock
+        throw DbError(DbError::Kind::ReadOnly, m_file);
+    }
     run(QStringLiteral("BEGIN IMMEDIATE"), {});
 }
 
@@ -204,6 +212,32 @@ void SqliteEngine::commit() {
 void SqliteEngine::rollback() noexcept {
     // Nothing to report: a full disk has often rolled back already.
     sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+bool SqliteEngine::isIntact(const std::stop_token &stop) {
+    constexpr int stepsBetweenLooks = 50'000;
+    sqlite3_file *file = mainFile();
+    bool othersWrite = false;
+    auto mustEnd = [&] {
+        int isReserved = 0;
+        file->pMethods->xCheckReservedLock(file, &isReserved);
+        othersWrite = isReserved != 0;
+        return othersWrite || stop.stop_requested();
+    };
+    using Look = decltype(mustEnd);
+    sqlite3_progress_handler(
+        m_connection, stepsBetweenLooks, [](void *look) { return (*static_cast<Look *>(look))() ? 1 : 0; },
+        &mustEnd);
+    const Statement statement(prepared(QStringLiteral("PRAGMA integrity_check(1)")));
+    const int code = sqlite3_step(statement);
+    sqlite3_progress_handler(m_connection, 0, nullptr, nullptr);
+    if (code == SQLITE_INTERRUPT && othersWrite) {
+        throw DbError(DbError::Kind::Locked, m_file);
+    }
+    if (code != SQLITE_ROW && code != SQLITE_INTERRUPT) {
+        fail(code);
+    }
+    return code == SQLITE_INTERRUPT || columnValue(statement, 0).toText() == QLatin1StringView("ok");
 }
 
 bool SqliteEngine::hasTable(const QString &table) {

@@ -6,6 +6,7 @@
 #include <chrono>
 
 struct sqlite3;
+struct sqlite3_file;
 struct sqlite3_stmt;
 
 /// SQLite behind Engine, straight on its C interface: the extended error codes, the functions and the
@@ -25,6 +26,7 @@ class SqliteEngine : public Engine {
     void begin() override;
     void commit() override;
     void rollback() noexcept override;
+    bool isIntact(const std::stop_token &stop) override;
     bool hasTable(const QString &table) override;
     bool isUpdatable(const QString &table) override;
     QStringList fieldNames(const QString &table) override;
@@ -38,6 +40,7 @@ class SqliteEngine : public Engine {
   private:
     class Statement;
     SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait);
+    sqlite3_file *mainFile();
     bool hasItsHeader();
     void makeDurable(const QString &database);
 
