@@ -157,32 +157,34 @@ class Gestes:
         return suite
 
     def ouverture(self, action, ctx):
-        """The window that this action opens on the selection `ctx`, with the values of the selection."""
+        """The window that this action opens on the selection `ctx`."""
         p, etat = self.p, self.p.etat
         if not p.tiers.lisible or etat.dessus == "QMessageBox":
             return []
-        actif = etat.action(action)["actif"]
-        if not actif or not ctx.plage:
-            return [] if etat.dessus == "FrmEntree" else [f"{etat.dessus} ouverte par une action désactivée"]
-        debut, fin = ctx.plage
-        if action == "mnuAjouter":
-            classe = ctx.grille.config.classe(ctx.jour.weekday(), debut, fin)
-            voulue = "FrmQuelHoraire" if classe == 2 else "FrmAjouter"
-            p.classe = None if classe == 2 else classe
-            p.place = (ctx.grille.fauteuil, ctx.jour, debut, fin)
+        voulue = {"mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer", "mnuAjouter": "FrmAjouter"}[action]
+        if not etat.action(action)["actif"] or not ctx.plage:
+            voulue = "FrmEntree"
+        elif action == "mnuAjouter" and ctx.grille.config.classe(ctx.jour.weekday(), *ctx.plage) == 2:
+            voulue = "FrmQuelHoraire"
+        return [] if etat.dessus == voulue else [f"{voulue} attendue, {etat.dessus} montrée"]
+
+    def ouverte(self, avant):
+        """A window that has just opened over `avant`: what it is about, and whether its fields say so."""
+        p, ctx, dessus = self.p, self.p.ctx, self.p.etat.dessus
+        if avant == dessus or dessus not in ("FrmAjouter", "FrmEditer", "FrmSupprimer") \
+                or avant == "QMessageBox" or not ctx.plage:
+            return []
+        if dessus == "FrmAjouter":
+            p.place = ctx.grille.fauteuil
+            if avant != "FrmQuelHoraire":
+                p.classe = ctx.grille.config.classe(ctx.jour.weekday(), *ctx.plage)
         else:
-            voulue = "FrmEditer" if action == "mnuEditer" else "FrmSupprimer"
             p.visees = [x for x in ctx.dessous if (x.panneau(), x.heures()) == (ctx.nom, ctx.heures)]
-            p.place = (ctx.grille.fauteuil, ctx.jour, debut, fin)
-        if etat.dessus != voulue:
-            return [f"{voulue} attendue, {etat.dessus} montrée"]
-        return self.champs_ouverts(voulue, ctx)
+        return self.champs_ouverts(dessus, ctx)
 
     def champs_ouverts(self, fenetre, ctx):
         etat = self.p.etat
         montre = {o["nom"]: propre(o["texte"]) for o in etat.objets()}
-        if fenetre == "FrmQuelHoraire":
-            return []
         if fenetre == "FrmAjouter":
             voulu = {"TextHeureDebut": hhmm(ctx.plage[0]), "TextHeureFin": hhmm(ctx.plage[1])}
         else:
@@ -221,14 +223,15 @@ class Gestes:
         def suite(avant, apres):
             horaire = apres.grilles[nom].horaire if nom in apres.grilles else None
             fin = len(apres.grilles[nom].colonnes) + 1 if horaire else 0
-            if not horaire or c in (0, fin) or c2 in (0, fin):
+            if not horaire or not 1 <= r <= horaire.n or c in (0, fin) or c2 in (0, fin):
+                return []
+            depart = dans(avant.grilles[nom].colonnes[c - 1][1], horaire.heure(r), horaire.heure(r + 1))
+            if depart:  # the press took the appointment, and its outline may have ended the drag
                 return []
             if c != c2:
                 if self.p.etat.dessus == "QMessageBox":
                     return self.sur(apres, nom, 1, 1)
                 return ["plusieurs colonnes, et pas de message"]
-            if r > horaire.n:
-                return []
             haut, bas = min(r, r2), min(max(r, r2), horaire.n)
             pris = dans(apres.grilles[nom].colonnes[c - 1][1], horaire.heure(haut), horaire.heure(bas + 1))
             if pris:
@@ -253,10 +256,11 @@ class Gestes:
         touche, maj = self.h.choice(("Up", "Down", "Left", "Right")), self.h.random() < 0.3
         self.p.dit(f"{'Maj+' * maj}{touche}")
         self.ecran.touche(touche, *["Shift_L"] * maj)
+        foyer = self.foyer()
         self.dernier = None
 
         def suite(avant, apres):
-            if maj or not avant.plage or avant.nom_grille != (self.foyer() or avant.nom_grille):
+            if maj or not avant.plage or avant.nom_grille != foyer:
                 return []
             n, nb = avant.grille.horaire.n, len(avant.grille.colonnes)
             dr, dc = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}[touche]
@@ -266,14 +270,16 @@ class Gestes:
         return suite
 
     def foyer(self):
-        return None
+        """The grid that has the keys, if one has."""
+        return next((n for n in ("GrilleRDV", "GrilleRDV02", "GrilleRDV03") if (self.p.etat.grille(n) or {}).get("focus")),
+                    None)
 
     def entree(self):
         self.p.dit("Entrée")
-        libre = not self.p.ctx.rdv
+        libre, foyer = not self.p.ctx.rdv, self.foyer()
         self.ecran.touche("Return")
         self.p.relit = True
-        return lambda avant, apres: self.ouverture("mnuAjouter" if libre else "mnuEditer", apres)
+        return lambda avant, apres: self.ouverture("mnuAjouter" if libre else "mnuEditer", apres) if foyer else []
 
     def touche_suppr(self):
         self.p.dit("Suppr")
@@ -435,6 +441,7 @@ class Gestes:
         if etat.dessus == "FrmSupprimer" and self.h.random() < 0.4:
             boutons = [o for o in boutons if o["nom"] == "BtnOK"]
         bouton = self.h.choice(boutons)
+        p.relit = True  # what the window was about may be drawn now
         p.dit(f"{etat.dessus} : {bouton['texte']}")
         if etat.dessus == "FrmSupprimer" and bouton["nom"] == "BtnOK":
             p.promet("supprime")

@@ -46,7 +46,7 @@ class Promenade:
         self.patients = lit_base(self.bases + "Patient.mdb")["TabPat"]
         self.promesse = self.reglages = None
         self.relit = self.redessine = self.date_inconnue = self.zoom_incertain = False
-        self.classe, self.place, self.visees = None, None, []
+        self.classe, self.place, self.visees, self.dessus = None, None, [], "FrmEntree"
 
     # ---- One step
 
@@ -54,7 +54,7 @@ class Promenade:
         self.prog.etat(patience=20)
         self.etat = self.prog.repos()
         self.livre = Livre(self.tiers.lit())
-        self.photos = [self.livre]
+        self.photos = self.anciennes = [self.livre]
         self.vue.charge(self.livre)
         while not self.vue.config.affich[self.vue.jour.weekday()]:
             self.vue.jour += datetime.timedelta(1)
@@ -89,6 +89,7 @@ class Promenade:
             vues = [ancienne]
         elif duree > 4:
             vues.append(ancienne)
+        self.anciennes = self.photos
         if (self.redessine or self.relit) and self.tiers.lisible:
             self.photos = [*(self.photos if self.relit or duree > 4 else []), self.livre]
         self.regarde(avant, suite, vues)
@@ -167,22 +168,30 @@ class Promenade:
         fin = time.monotonic() + PATIENCE
         while faux := self.ecarts(avant, suite, vues):
             if time.monotonic() > fin:
-                raise Faute("\n".join(faux[:12]))
+                self.refuse(faux)
+                break
             time.sleep(0.02)
+        self.dessus = self.etat.dessus
+
+    def refuse(self, faux):
+        if faux:
+            raise Faute("\n".join(faux[:12]))
 
     def ecarts(self, avant, suite, vues):
         self.etat = self.prog.repos()
-        ecrits = self.ecritures()
+        self.ecritures()
         instants = [self.dessine_a, self.maintenant()]
-        essais = [(ecarts(self.etat, v, l, instants), v, l) for v in vues for l in self.photos]
+        photos = self.photos if self.etat.dessus == "FrmEntree" else list(dict.fromkeys(self.anciennes + self.photos))
+        essais = [(ecarts(self.etat, v, l, instants), v, l) for v in vues for l in photos]
         faux, self.vue, vu = min(essais, key=lambda e: len(e[0]))
         self.ctx = Contexte(self.etat, self.vue, vu)
-        if not faux and not ecrits:
-            self.photos = self.photos[self.photos.index(vu):]
-            if self.ctx.jour and self.vue.semaine:
-                self.vue.jour = self.ctx.jour
-            faux = suite(avant, self.ctx) if suite and self.tiers.lisible else []
-        return ecrits + faux
+        if faux:
+            return faux
+        self.photos = photos[photos.index(vu):]
+        if self.ctx.jour and self.vue.semaine:
+            self.vue.jour = self.ctx.jour
+        ouverte = self.gestes.ouverte(self.dessus)
+        return (suite(avant, self.ctx) if suite and self.tiers.lisible else []) or ouverte
 
     # ---- Writing
 
@@ -201,40 +210,34 @@ class Promenade:
     def ecritures(self):
         """The rows that the program has changed since the last look, and whether it was asked to."""
         if not self.tiers.lisible:
-            return []
-        for nom in ("Patient.mdb", "Param.mdb", "Actes.mdb"):
-            if nom == "Patient.mdb" and lit_base(self.bases + nom)["TabPat"] != self.patients:
-                return ["la fiche des patients a changé"]
-        neuf, connu = self.tiers.lit(), self.livre.tables
+            return
+        self.refuse(["la fiche des patients a changé"] * (lit_base(self.bases + "Patient.mdb")["TabPat"] != self.patients))
+        neuf, connu, promesse = self.tiers.lit(), self.livre.tables, self.promesse
         if neuf == connu:
-            return self.sans_ecrire()
-        if [t for t in connu if t != "RDV" and neuf[t] != connu[t]]:
-            return ["une autre table que RDV a changé"]
+            return self.refuse(self.sans_ecrire())
+        self.refuse([f"la table {t} a changé" for t in connu if t != "RDV" and neuf[t] != connu[t]])
         lignes = {ref: (connu["RDV"].get(ref), neuf["RDV"].get(ref)) for ref in {*connu["RDV"], *neuf["RDV"]}
                   if connu["RDV"].get(ref) != neuf["RDV"].get(ref)}
-        promesse = self.promesse
         if not promesse or len(lignes) != 1:
-            return [f"écrit sans qu'on l'ait demandé ({promesse and promesse['quoi']}) : {lignes}"]
-        (ref, (ancienne, nouvelle)), = lignes.items()
-        faux = getattr(self, "verifie_" + promesse["quoi"])(ref, ancienne, nouvelle, promesse["champs"])
-        if not faux:
-            self.livre = Livre(neuf)
-            self.photos = [self.livre]
-            self.promesse = None
-        return faux
+            self.refuse([f"écrit sans qu'on l'ait demandé ({promesse and promesse['quoi']}) : {lignes}"])
+        else:
+            (ref, (ancienne, nouvelle)), = lignes.items()
+            self.refuse(getattr(self, "verifie_" + promesse["quoi"])(ref, ancienne, nouvelle, promesse["champs"]))
+        self.livre, self.promesse = Livre(neuf), None
+        self.photos = [self.livre]
 
     def sans_ecrire(self):
-        promesse = self.promesse
+        """Nothing written although the user asked for it: he must have been told, unless there was nothing to write."""
+        promesse, dessus = self.promesse, self.etat.dessus
         if not promesse:
             return []
-        fenetre = promesse["etat"].dessus
-        if promesse["quoi"] != "present" and self.etat.dessus in (fenetre, "QMessageBox"):
+        if dessus == "QMessageBox":
+            promesse["dit"] = True
             return []
-        self.promesse = None
-        inutile = promesse["quoi"] == "present" and self.etat.dessus == "QMessageBox"
+        dit, self.promesse = promesse.get("dit"), None
         change = [x for x in self.visees if self.livre.tables["RDV"].get(x.ref) != x.ligne]
-        meme = promesse["quoi"] == "edite" or inutile or change
-        return [] if meme else [f"{promesse['quoi']} : rien n'est écrit et rien n'est dit"]
+        inutile = promesse["quoi"] == "edite" and dessus == "FrmEntree"
+        return [] if dit or change or inutile else [f"{promesse['quoi']} : rien n'est écrit et rien n'est dit"]
 
     def champs_faux(self, ligne, voulu):
         return [f"écrit {n} = {ligne[n]!r}, attendu {v!r}" for n, v in voulu.items() if propre(str(ligne[n] or "")) != v]
@@ -262,7 +265,7 @@ class Promenade:
         return [] if not numero or juste else [f"{ligne['Nom']} {ligne['Prenom']} porte le numéro de {fiche}"]
 
     def verifie_ajoute(self, ref, ancienne, nouvelle, c):
-        fauteuil, *_ = self.place
+        fauteuil = self.place
         if ancienne or not nouvelle:
             return [f"ajouter a changé la ligne {ref} : {ancienne} → {nouvelle}"]
         faux = self.verifie_saisie(ref, nouvelle, c, fauteuil) + self.numero_faux(nouvelle)

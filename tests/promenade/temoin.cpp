@@ -84,6 +84,7 @@ QJsonObject grille(const QTableView &vue) {
             {"lignes", lignes},
             {"colonnes", colonnes},
             {"titres", titres},
+            {"focus", vue.hasFocus()},
             {"courante", vue.currentIndex().row()},
             {"selection", etendue(*vue.selectionModel())},
             {"surface", cadre(surface, surface.rect())},
