@@ -198,10 +198,18 @@ class Programme:
                     self.vit()
                 self.recu += morceau
             elif time.monotonic() >= depuis + patience:
-                self.vit()
-                raise Faute(f"pas de réponse en {patience} s")
+                self.muet(depuis, patience)
         ligne, _, self.recu = self.recu.partition(b"\n")
         return Etat(json.loads(ligne))
+
+    def muet(self, depuis, patience):
+        """It has not answered in time: because it is busy, hangs, or is ending."""
+        limite = depuis + 10
+        while time.monotonic() < limite and self.vit() and not select.select([self.lien], [], [], 0.05)[0]:
+            pass
+        self.vit()
+        reste = "et ne répond plus" if time.monotonic() >= limite else f"mais en {time.monotonic() - depuis:.1f} s"
+        raise Faute(f"pas de réponse en {patience} s, {reste}")
 
     def repos(self):
         """The same once the window that has the user's attention shows and takes the keys."""

@@ -63,9 +63,10 @@ class Gestes:
             return nom, 0, 0, centre(g["entete"])
         jours = range(1, nb - 1) if nb > 2 else [1]
         pris = [(r, c) for r in lignes for c in jours if g["cellules"][r][c][0]]
+        bords = [(r, c) for r, c in pris if r == 1 or r > len(g["lignes"]) - 5]
         sort = self.h.random()
         if sort < 0.4 and pris:
-            r, c = self.h.choice(pris)
+            r, c = self.h.choice(bords if sort < 0.08 and bords else pris)
         elif sort < 0.9:
             r, c = self.h.choice(lignes[:-1] or lignes), self.h.choice(jours)
         elif sort < 0.94:
@@ -474,7 +475,7 @@ class Gestes:
         etat = self.p.etat
         fini = self.h.random()
         if fini < 0.35:
-            nom = "BtnOK" if fini < 0.2 else "BtnAnnuler"
+            nom = "BtnOK" if fini < 0.2 and self.p.tiers.lisible else "BtnAnnuler"
             self.p.dit(f"FrmTrancheHoraire : {nom}")
             pas = next((5 * int(o["nom"][6:]) for o in etat.objets() if o["nom"].startswith("Option") and o["coche"]), 0)
             heures = [lit_heure(etat.texte(f"Text{i}")) for i in range(1, 5)]
@@ -493,7 +494,7 @@ class Gestes:
         fini = self.h.random()
         cases = [o for o in etat.objets() if o["classe"] in ("QCheckBox", "QRadioButton") and o["actif"]]
         if fini < 0.35:
-            nom = "BtnOK" if fini < 0.2 else "BtnAnnuler"
+            nom = "BtnOK" if fini < 0.2 and self.p.tiers.lisible else "BtnAnnuler"
             self.p.dit(f"FrmJourExclure : {nom}")
             self.p.reglages = ("jours", nom == "BtnOK", {o["nom"]: o["coche"] for o in etat.objets() if "coche" in o})
             self.ecran.clic(*centre(etat.objet(nom)["cadre"]))

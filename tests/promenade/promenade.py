@@ -142,7 +142,7 @@ class Promenade:
 
     def applique_reglages(self):
         """Slots or days changed in their windows: the loaded configuration takes them once the window has closed."""
-        if self.prog.repos().dessus != "FrmEntree":
+        if {"FrmTrancheHoraire", "FrmJourExclure"} & self.prog.repos().par_nom.keys():
             self.reglages = None
             return [self.vue]
         (quoi, ok, valeurs), self.reglages, vue = self.reglages, None, copy.copy(self.vue)
@@ -151,10 +151,8 @@ class Promenade:
             vue.prend(vue.config)
             vue.config.pas, vue.config.heures = ok, valeurs
         elif ok:
-            rang = {n: i for i, n in enumerate(("Lundi", "Mardi", "Mercredi", "Jeudi", "Vendredi", "Samedi", "Dimanche"))}
-            vue.config.affich = [not valeurs[f"Check3_{i}"] for i in range(7)] if "Check3_0" in valeurs else None
+            vue.config.affich = [not valeurs[f"Check3_{i}"] for i in range(7)]
             vue.config.grise = [valeurs[f"Check1_{i}"] + 2 * valeurs[f"Check2_{i}"] for i in range(7)]
-            del rang
         self.redessine = True
         self.vue = vue
         return [vue]
@@ -175,7 +173,8 @@ class Promenade:
 
     def refuse(self, faux):
         if faux:
-            raise Faute("\n".join(faux[:12]))
+            boite = self.etat.dessus == "QMessageBox" and [o["texte"] for o in self.etat.objets() if o["texte"]]
+            raise Faute("\n".join(faux[:12]) + (f"\nboîte {boite}" if boite else ""))
 
     def ecarts(self, avant, suite, vues):
         self.etat = self.prog.repos()
