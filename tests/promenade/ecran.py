@@ -192,7 +192,7 @@ class Programme:
         self.ecran.marque(self.fenetre, self.numero)
         while b"\n" not in self.recu:
             if select.select([self.lien], [], [], max(0.0, depuis + patience - time.monotonic()))[0]:
-                morceau = self.lien.recv(1 << 20)
+                morceau = self._lit(1 << 20)
                 if not morceau:
                     attends(lambda: self.processus.poll() is not None, 5, "fin du programme")
                     self.vit()
@@ -202,11 +202,20 @@ class Programme:
         ligne, _, self.recu = self.recu.partition(b"\n")
         return Etat(json.loads(ligne))
 
+    def _lit(self, combien, *comment):
+        """Nothing when the program has gone."""
+        try:
+            return self.lien.recv(combien, *comment)
+        except ConnectionResetError:
+            return b""
+
     def muet(self, depuis, patience):
         """It has not answered in time: because it is busy, hangs, or is ending."""
         limite = depuis + 10
         while time.monotonic() < limite and self.vit() and not select.select([self.lien], [], [], 0.05)[0]:
             pass
+        if time.monotonic() < limite and not self._lit(1, socket.MSG_PEEK):
+            self.processus.wait(ATTENTE)
         self.vit()
         reste = "et ne répond plus" if time.monotonic() >= limite else f"mais en {time.monotonic() - depuis:.1f} s"
         raise Faute(f"pas de réponse en {patience} s, {reste}")
