@@ -1,11 +1,8 @@
 #pragma once
 
 #include <QtGlobal>
-#include <cstddef>
 #include <iterator>
 #include <random>
-#include <span>
-#include <utility>
 
 /// Chance that repeats: the same seed draws the same numbers with every compiler and library, which the
 /// standard promises for the generator but not for its distributions.
@@ -18,18 +15,7 @@ class Hasard {
     /// a … b
     int entre(int a, int b) { return a + entier(b - a + 1); }
     bool chance(int pourMille) { return entier(1000) < pourMille; }
-
-    template <typename Liste>
-    const auto &choix(const Liste &valeurs) {
-        return valeurs[std::size_t(entier(int(std::size(valeurs))))];
-    }
-
-    template <typename T>
-    void melange(std::span<T> valeurs) {
-        for (std::size_t i = valeurs.size(); i > 1; --i) {
-            std::swap(valeurs[i - 1], valeurs[std::size_t(entier(int(i)))]);
-        }
-    }
+    const auto &choix(const auto &valeurs) { return valeurs[entier(int(std::size(valeurs)))]; }
 
   private:
     std::mt19937 m_source;

@@ -6,154 +6,98 @@
 
 namespace {
 
-FieldDef texteDe(const char *nom, int taille) {
-    return {QString::fromUtf8(nom), FieldType::Text, taille};
+/// "Nom:50" is a text of 50 characters; a word instead of the number is another type.
+FieldDef champ(const QString &mot) {
+    static const std::map<QString, FieldType> types{
+        {QStringLiteral("clé"), FieldType::AutoNumber}, {QStringLiteral("booléen"), FieldType::Boolean},
+        {QStringLiteral("court"), FieldType::Int16},    {QStringLiteral("entier"), FieldType::Int32},
+        {QStringLiteral("réel"), FieldType::Double},    {QStringLiteral("date"), FieldType::DateTime}};
+    const QString nom = mot.section(u':', 0, 0);
+    const QString sorte = mot.section(u':', 1);
+    const int taille = sorte.toInt();
+    return taille > 0 ? FieldDef{nom, FieldType::Text, taille} : FieldDef{nom, types.at(sorte)};
 }
 
-FieldDef champ(const char *nom, FieldType type) {
-    return {QString::fromUtf8(nom), type};
-}
-
-/// The thirteen fields that an archive keeps of an appointment, without its key.
-std::vector<FieldDef> champsRendezVous() {
-    return {texteDe("Nom", 50),
-            texteDe("Prenom", 50),
-            texteDe("Telephone", 20),
-            texteDe("Description", 255),
-            champ("NumPatient", FieldType::Int32),
-            champ("Date1", FieldType::DateTime),
-            champ("HeureDebut", FieldType::DateTime),
-            champ("HeureFin", FieldType::DateTime),
-            texteDe("NumPraticien", 5),
-            champ("Professionnel", FieldType::Boolean),
-            champ("Present", FieldType::Boolean)};
-}
-
-SchemaTable tableRDV() {
-    SchemaTable table{QStringLiteral("RDV"), champsRendezVous()};
-    table.champs.insert(table.champs.begin(), champ("RefRDV", FieldType::AutoNumber));
-    table.ajouts = {texteDe("DateInv", 10), champ("Fauteuil", FieldType::Int16)};
-    return table;
-}
-
-/// An archived row keeps the number it had in the book, so that nothing is assigned here.
-SchemaTable tableArchive() {
-    SchemaTable table{QStringLiteral("RDV"), champsRendezVous()};
-    table.champs.insert(table.champs.begin(), champ("RefRDV", FieldType::Int32));
-    table.champs.push_back(texteDe("DateInv", 10));
-    return table;
-}
-
-SchemaTable tableConfig() {
-    SchemaTable table{QStringLiteral("Config"),
-                      {texteDe("NomConfig", 50), texteDe("NumPraticien", 5),
-                       champ("DefaultConfig", FieldType::Boolean), champ("NbJours", FieldType::Int16)}};
-    const char *const jours[] = {"Lun", "Mar", "Mer", "Jeu", "Ven", "Sam", "Dim"};
-    for (const char *jour : jours) {
-        const QByteArray nom = QByteArray(jour) + "Affich";
-        table.champs.push_back(champ(nom.constData(), FieldType::Int32));
+std::vector<FieldDef> champs(const QString &mots) {
+    std::vector<FieldDef> resultat;
+    for (const QString &mot : mots.split(u' ', Qt::SkipEmptyParts)) {
+        resultat.push_back(champ(mot));
     }
-    table.champs.push_back(champ("JourRepos", FieldType::Int32));
-    for (const char *jour : jours) {
-        const QByteArray nom = QByteArray(jour) + "Grise";
-        table.champs.push_back(champ(nom.constData(), FieldType::Int16));
-    }
-    table.champs.push_back(champ("Intervalle", FieldType::Int16));
-    for (const char *heure : {"HeureMatDebut", "HeureMatFin", "HeurePMDebut", "HeurePMFin"}) {
-        table.champs.push_back(champ(heure, FieldType::DateTime));
-    }
-    table.ajouts = {champ("Fauteuil", FieldType::Int16)};
-    return table;
+    return resultat;
 }
 
-SchemaTable tableImpression() {
-    return {QStringLiteral("Impression"),
-            {texteDe("Heure", 5), texteDe("NomPatient", 101), texteDe("PrenomPatient", 255),
-             texteDe("HeurePM", 5), texteDe("NomPatientPM", 101), texteDe("PrenomPatientPM", 255)}};
+SchemaTable table(const char *nom, const QString &mots, const QString &ajouts = {}) {
+    return {QString::fromLatin1(nom), champs(mots), champs(ajouts)};
 }
-
-SchemaTable tableTabPat() {
-    SchemaTable table{
-        QStringLiteral("TabPat"),
-        {champ("cptid", FieldType::AutoNumber), texteDe("nom", 50), texteDe("PreNom", 50),
-         texteDe("Titre", 20), texteDe("adresse1", 50), texteDe("adresse2", 50), texteDe("CodePostal", 10),
-         texteDe("ville", 50), texteDe("telephone", 20), texteDe("Portable", 20), texteDe("Profession", 50),
-         texteDe("telephone1", 20), texteDe("NomJF", 50), texteDe("CAM", 50), texteDe("medecin", 50),
-         texteDe("AdrPar", 50), texteDe("mutuelle", 50), texteDe("DateNais", 10), texteDe("NumeroSS", 21)}};
-    for (const char *nom : {"TauxCam", "TauxMut", "PenChargeTp", "Option", "Filler1", "Filler2"}) {
-        table.champs.push_back(champ(nom, FieldType::Int16));
-    }
-    table.champs.push_back(texteDe("cmu", 1));
-    table.champs.push_back(texteDe("DateDerLg", 10));
-    table.champs.push_back(champ("MontantHis", FieldType::Double));
-    table.champs.push_back(texteDe("RDVNonHonoré", 1));
-    return table;
-}
-
-SchemaTable tableLesPatients() {
-    return {QStringLiteral("LesPatients"),
-            {texteDe("DateCréationFicheInv", 8), texteDe("DateCréationFiche", 10),
-             champ("NumPatient", FieldType::Int32), texteDe("nom", 50), texteDe("PreNom", 50),
-             texteDe("telephone", 20), texteDe("Portable", 20), texteDe("adresse1", 50),
-             texteDe("adresse2", 50), texteDe("CodePostal", 10), texteDe("ville", 50),
-             texteDe("DateNais", 10), texteDe("DateDerLg", 10), champ("MontantHis", FieldType::Double),
-             texteDe("NumeroSS", 21)}};
-}
-
-SchemaTable tablePraticien() {
-    return {QStringLiteral("Praticien"),
-            {champ("codeprat", FieldType::Int16), texteDe("Titre", 20), texteDe("nom", 50),
-             texteDe("PreNom", 50), champ("Word", FieldType::Boolean)}};
-}
-
-SchemaTable tableActes() {
-    return {QStringLiteral("Actes"),
-            {champ("NumActe", FieldType::Int32), champ("NumPatient", FieldType::Int32),
-             champ("AFaire", FieldType::Int16), texteDe("Libellé", 100), texteDe("CodeSecu", 10),
-             champ("Coefficient", FieldType::Double)}};
-}
-
-using enum Emplacement;
 
 std::map<Base, SchemaBase> basesDuCarnet() {
-    const SchemaTable chemin{QStringLiteral("Chemin"),
-                             {texteDe("LeChemin", 255), texteDe("CheminBase", 255)}};
-    const SchemaTable patient{
-        QStringLiteral("LePatient"),
-        {texteDe("NomPatient", 50), texteDe("PrenomPatient", 50), champ("NumPatient", FieldType::Int32)}};
-    const SchemaTable praticien{QStringLiteral("LePraticien"), {texteDe("NumPraticien", 5)}};
-    const SchemaTable carnet{QStringLiteral("Carnet"), {champ("NumPatient", FieldType::Int32)}};
-    return {{Base::Chemins, {QStringLiteral("CheminBelmor.mdb"), Cabinet, {chemin}}},
+    using enum Emplacement;
+    const QString rdv = QStringLiteral(
+        " Nom:50 Prenom:50 Telephone:20 Description:255 NumPatient:entier Date1:date HeureDebut:date "
+        "HeureFin:date NumPraticien:5 Professionnel:booléen Present:booléen ");
+    const QString config = QStringLiteral(
+        "NomConfig:50 NumPraticien:5 DefaultConfig:booléen NbJours:court LunAffich:entier "
+        "MarAffich:entier MerAffich:entier JeuAffich:entier VenAffich:entier SamAffich:entier "
+        "DimAffich:entier JourRepos:entier LunGrise:court MarGrise:court MerGrise:court JeuGrise:court "
+        "VenGrise:court SamGrise:court DimGrise:court Intervalle:court HeureMatDebut:date "
+        "HeureMatFin:date HeurePMDebut:date HeurePMFin:date");
+    const QString impression = QStringLiteral(
+        "Heure:5 NomPatient:101 PrenomPatient:255 HeurePM:5 NomPatientPM:101 PrenomPatientPM:255");
+    // An archived row keeps the number it had in the book, so that nothing is assigned there.
+    const SchemaTable archive =
+        table("RDV", QStringLiteral("RefRDV:entier") + rdv + QStringLiteral("DateInv:10"));
+    const QString numPatient = QStringLiteral("NumPatient:entier");
+    return {{Base::Chemins,
+             {QStringLiteral("CheminBelmor.mdb"),
+              Cabinet,
+              {table("Chemin", QStringLiteral("LeChemin:255 CheminBase:255"))}}},
             {Base::RendezVous,
-             {QStringLiteral("Tavelin.mdb"), BaseDesDonnees, {tableRDV(), tableConfig(), tableImpression()}}},
-            {Base::PatientTransmis, {QStringLiteral("PatientTavelin.mdb"), Racine, {patient, praticien}}},
-            {Base::Historique, {QStringLiteral("ChangePatient.mdb"), Racine, {carnet}}},
-            {Base::ArchiveVide, {QStringLiteral("ZeroRDV.mdb"), BaseDesDonnees, {tableArchive()}}}};
+             {QStringLiteral("Tavelin.mdb"),
+              BaseDesDonnees,
+              {table("RDV", QStringLiteral("RefRDV:clé") + rdv, QStringLiteral("DateInv:10 Fauteuil:court")),
+               table("Config", config, QStringLiteral("Fauteuil:court")), table("Impression", impression)}}},
+            {Base::PatientTransmis,
+             {QStringLiteral("PatientTavelin.mdb"),
+              Racine,
+              {table("LePatient", QStringLiteral("NomPatient:50 PrenomPatient:50 ") + numPatient),
+               table("LePraticien", QStringLiteral("NumPraticien:5"))}}},
+            {Base::Historique, {QStringLiteral("ChangePatient.mdb"), Racine, {table("Carnet", numPatient)}}},
+            {Base::ArchiveVide, {QStringLiteral("ZeroRDV.mdb"), BaseDesDonnees, {archive}}}};
 }
 
 std::map<Base, SchemaBase> basesDeLaSuite() {
-    const SchemaTable cabinet{QStringLiteral("Cabinet"), {texteDe("ville", 50)}};
-    const SchemaTable lignes{
-        QStringLiteral("Parametres"),
-        {champ("codeprat", FieldType::Int16), champ("NumLigne", FieldType::Int16), texteDe("LgPerso", 100)}};
-    return {{Base::Parametres, {QStringLiteral("Param.mdb"), BaseDesDonnees, {tablePraticien(), cabinet}}},
-            {Base::Patients, {QStringLiteral("Patient.mdb"), BaseDesDonnees, {tableTabPat()}}},
-            {Base::PatientsCrees,
-             {QStringLiteral("ListingPatientsCrees.mdb"), BaseDesDonnees, {tableLesPatients()}}},
-            {Base::Actes, {QStringLiteral("Actes.mdb"), BaseDesDonnees, {tableActes()}}},
-            {Base::ParametresImpression, {QStringLiteral("ParamImpression.mdb"), BaseDesDonnees, {lignes}}}};
-}
-
-std::map<Base, SchemaBase> catalogue() {
-    std::map<Base, SchemaBase> bases = basesDuCarnet();
-    bases.merge(basesDeLaSuite());
-    return bases;
+    const auto base = [](const char *fichier, std::vector<SchemaTable> tables) {
+        return SchemaBase{QString::fromLatin1(fichier), Emplacement::BaseDesDonnees, std::move(tables)};
+    };
+    const QString praticien = QStringLiteral("codeprat:court Titre:20 nom:50 PreNom:50 Word:booléen");
+    const QString patient = QStringLiteral(
+        "cptid:clé nom:50 PreNom:50 Titre:20 adresse1:50 adresse2:50 CodePostal:10 ville:50 telephone:20 "
+        "Portable:20 Profession:50 telephone1:20 NomJF:50 CAM:50 medecin:50 AdrPar:50 mutuelle:50 "
+        "DateNais:10 NumeroSS:21 TauxCam:court TauxMut:court PenChargeTp:court Option:court "
+        "Filler1:court Filler2:court cmu:1 DateDerLg:10 MontantHis:réel RDVNonHonoré:1");
+    const QString cree = QStringLiteral(
+        "DateCréationFicheInv:8 DateCréationFiche:10 NumPatient:entier nom:50 PreNom:50 telephone:20 "
+        "Portable:20 adresse1:50 adresse2:50 CodePostal:10 ville:50 DateNais:10 DateDerLg:10 "
+        "MontantHis:réel NumeroSS:21");
+    const QString acte = QStringLiteral(
+        "NumActe:entier NumPatient:entier AFaire:court Libellé:100 CodeSecu:10 Coefficient:réel");
+    const QString ligne = QStringLiteral("codeprat:court NumLigne:court LgPerso:100");
+    return {{Base::Parametres, base("Param.mdb", {table("Praticien", praticien),
+                                                  table("Cabinet", QStringLiteral("ville:50"))})},
+            {Base::Patients, base("Patient.mdb", {table("TabPat", patient)})},
+            {Base::PatientsCrees, base("ListingPatientsCrees.mdb", {table("LesPatients", cree)})},
+            {Base::Actes, base("Actes.mdb", {table("Actes", acte)})},
+            {Base::ParametresImpression, base("ParamImpression.mdb", {table("Parametres", ligne)})}};
 }
 
 } // namespace
 
 const SchemaBase &schema(Base base) {
-    static const std::map<Base, SchemaBase> bases = catalogue();
+    static const std::map<Base, SchemaBase> bases = [] {
+        std::map<Base, SchemaBase> toutes = basesDuCarnet();
+        toutes.merge(basesDeLaSuite());
+        return toutes;
+    }();
     return bases.at(base);
 }
 

@@ -5,7 +5,7 @@
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
-#include "booking/MessageModifie.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"

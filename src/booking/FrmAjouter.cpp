@@ -1,6 +1,7 @@
 #include "booking/FrmAjouter.h"
 
 #include "booking/CodesRapidesDescription.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "patients/ActesTables.h"
 #include "patients/FrmNouveauPatient.h"
@@ -101,10 +102,7 @@ void FrmAjouter::BtnAjouter_Click() {
         return;
     }
     if (!ref) {
-        m_env.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
-                                            "Un rendez-vous s'y trouve déjà. Veuillez rafraichir "
-                                            "l'affichage."),
-                             QStringLiteral("Horaire occupé"));
+        m_env.messages->show(messageOccupe, titreOccupe);
         return;
     }
     m_ecrit.RefRDV = *ref;

@@ -1,6 +1,6 @@
 #include "booking/FrmEditer.h"
 
-#include "booking/MessageModifie.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"

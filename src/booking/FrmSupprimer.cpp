@@ -1,6 +1,6 @@
 #include "booking/FrmSupprimer.h"
 
-#include "booking/MessageModifie.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "patients/TexteSaisi.h"
 #include "platform/ui/DatesFr.h"

@@ -31,8 +31,13 @@ bool memeSaisie(RendezVous a, const RendezVous &b) {
     return a == b;
 }
 
+/// What occupies a practitioner and chair: what their day shows.
+QList<RendezVous> duJour(Database &rdv, QDate jour, long praticien, long fauteuil) {
+    return RendezVousEntre(rdv, jour, jour, praticien, fauteuil);
+}
+
 bool libreSauf(Database &rdv, qint64 ref, const SaisieRDV &saisie, long praticien, long fauteuil) {
-    return HoraireLibreSauf(RendezVousOccupant(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
+    return HoraireLibreSauf(duJour(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
 }
 
 } // namespace
@@ -61,8 +66,7 @@ std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
     champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
     Transaction transaction(rdv);
-    const QList<RendezVous> jour =
-        RendezVousOccupant(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
+    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
     if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
         return std::nullopt;
     }

@@ -1,15 +1,12 @@
 #pragma once
 
-#include "schedule/Creneaux.h"
-#include "grid/RendezVous.h"
-
-#include <QList>
-#include <optional>
+#include "grid/Affichage.h"
+#include "grid/PlaceRDV.h"
 
 /// What a selection of grid cells means: rules on values, no grid.
 
-/// The two corners of a grid's selection: where it began and where it ends.
-struct CoinsSelection {
+/// The two corners of a selection: where it began and where it ends.
+struct Coins {
     int ligne = 0;
     int colonne = 0;
     int ligneFin = 0;
@@ -17,44 +14,56 @@ struct CoinsSelection {
 
     int premiereLigne() const { return std::min(ligne, ligneFin); }
     int derniereLigne() const { return std::max(ligne, ligneFin); }
-    int premiereColonne() const { return std::min(colonne, colonneFin); }
-    int derniereColonne() const { return std::max(colonne, colonneFin); }
-    friend bool operator==(const CoinsSelection &, const CoinsSelection &) = default;
+    friend bool operator==(const Coins &, const Coins &) = default;
 };
 
-/// What the week grid must do with a selection before it means anything.
-enum class Correction {
-    Aucune,
-    PlusieursColonnes, ///< back to the first cell, and a message
-    PremiereCellule,   ///< header, hour column or closing row: back to the first cell
-    RemonteFin         ///< the end has reached the closing row: one row higher
-};
-Correction CorrigeSelection(const CoinsSelection &coins, int lignes, int colonnes);
+/// What is selected on an Affichage. It is found again on the next one by its RefRDV or its hours.
+struct Selection {
+    int grille = -1; ///< place of its grid; -1: nothing is selected
+    Coins coins;     ///< what is outlined
+    QDate jour;
+    PlageHoraire contour; ///< hours of the outlined rows
+    PlageHoraire horaire; ///< the appointment's own hours, or the outlined ones
+    int ChoixHoraire = 0; ///< against the working hours, see HoraireProf
+    std::optional<RendezVous> rdv;
+    int rang = 0;         ///< of the appointment among those that the clicked cells hold, from 1
+    int nombre = 0;       ///< of these
+    bool suivant = false; ///< a second click went on to the next of them
 
-/// Times of rows `ligneDebut` … `ligneFin` of slots that begin at `depart`, `intervalle` minutes each.
-PlageHoraire HorairesDesLignes(QTime depart, int intervalle, int ligneDebut, int ligneFin);
-
-/// The displayed day of column `colonne` in the week of `courant`; nothing when the week has no such column.
-std::optional<QDate> JourDeColonne(QDate courant, const std::array<int, 7> &jourAffich, int colonne);
-
-/// What lies under a selection of one day.
-struct ContexteSelection {
-    bool SelectionLibre = true;
-    bool RDVPartiel = false;    ///< the appointment's bounds differ from the selection's
-    bool RDVHorsGrille = false; ///< it begins or ends outside the grid: the selection is left as it is
-    PlageHoraire horaire;       ///< the appointment's own times, or the selection's in whole minutes
-    RendezVous rdv;             ///< the first appointment that overlaps; empty when the selection is free
-    int premiereLigne = 0;      ///< rows of the week grid to select, 0 for none
-    int derniereLigne = 0;
+    bool vide() const { return grille < 0; }
+    friend bool operator==(const Selection &, const Selection &) = default;
 };
 
-/// `jour` holds the day's appointments of the practitioner and chair, by start; `lignes` counts the week
-/// grid's rows. The overlap is the half-open one: what ends when the selection begins does not overlap.
-ContexteSelection AnalyseSelection(const Configuration &config, const PlageHoraire &selection,
-                                   const QList<RendezVous> &jour, int lignes);
+enum class Geste { Clic, Glisse, Touche };
 
-/// The grid's tool-tip for an appointment.
-QString InfoBulleRDV(const QString &nom, const QString &prenom, const QString &description,
-                     const QString &debut, const QString &fin);
-/// The status bar's text for an appointment.
-QString TexteEtatRDV(const QString &nom, const QString &prenom, const QString &description);
+/// Whether the corners lie in several columns, which the week grid refuses with a message.
+bool PlusieursColonnes(const Affichage &affichage, const Coins &coins);
+
+/// The day that `coins` select; invalid where they select nothing.
+QDate JourDesCoins(const Affichage &affichage, int grille, const Coins &coins);
+
+/// What `coins` of a grid select. Hour columns select nothing: `avant` stays, and so does it where there is
+/// nothing to select. The header and the closing row of the week, and several columns, give its first cell; a
+/// day grid's closing row, its whole day. An appointment is taken whole, and a second click on cells that
+/// hold several goes on to the next.
+Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins, Geste geste,
+                      const Selection &avant);
+
+/// `avant`, made on `ancien`, on what is shown now. The same appointment or the same hours where the same
+/// place is shown; nothing when the appointment is gone and others have its place. Elsewhere the same hours
+/// of the same weekday, and what lies there.
+Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Selection &avant);
+
+/// The selection of an appointment by its key; nothing when it is not shown.
+Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV);
+
+/// The current date: the selected day, else the one that is shown.
+QDate JourCourant(const Affichage &affichage, const Selection &selection);
+
+/// Where a selection books.
+PlaceRDV PlaceDe(const Affichage &affichage, const Selection &selection);
+
+/// The grid's tool-tip for the selection; empty when it holds no appointment.
+QString InfoBulleRDV(const Selection &selection);
+/// The status bar's text for the selection: empty names leave a blank.
+QString TexteEtatRDV(const Selection &selection);

@@ -8,11 +8,16 @@ const std::array<QString, 7> jours{QStringLiteral("Lun"), QStringLiteral("Mar"),
 
 Configuration configurationDe(const Record &row) {
     Configuration config;
+    config.NomConfig = row[u"NomConfig"].toText();
     config.FauteuilCourant = row[u"Fauteuil"].toText();
-    config.NbJours = int(row[u"NbJours"].toInteger());
+    std::array<int, 7> affiches{};
     for (size_t i = 0; i < jours.size(); ++i) {
-        config.JourAffich[i] = int(row[jours[i] + QStringLiteral("Affich")].toInteger());
+        affiches[i] = int(row[jours[i] + QStringLiteral("Affich")].toInteger());
         config.JourGrise[i] = int(row[jours[i] + QStringLiteral("Grise")].toInteger());
+    }
+    for (int i = 0; i < 7; ++i) {
+        config.JourAffich[size_t(i)] = Dans(i + 1, affiches) ? i + 1 : 0;
+        config.NbJours += Dans(i + 1, affiches) ? 1 : 0;
     }
     config.JourRepos = int(row[u"JourRepos"].toInteger());
     config.Intervalle = int(row[u"Intervalle"].toInteger());
@@ -21,14 +26,6 @@ Configuration configurationDe(const Record &row) {
     config.HeurePMDebut = row[u"HeurePMDebut"].toTime();
     config.HeurePMFin = row[u"HeurePMFin"].toTime();
     return config;
-}
-
-std::optional<QString> premierNom(Database &rdv, const SqlText &sql) {
-    const Records rows = rdv.query(sql);
-    if (rows.isEmpty()) {
-        return std::nullopt;
-    }
-    return rows.first()[u"NomConfig"].toText();
 }
 
 Fields champsDe(const NouvelleConfig &nouvelle, const Configuration &config) {
@@ -52,45 +49,24 @@ Fields champsDe(const NouvelleConfig &nouvelle, const Configuration &config) {
 
 } // namespace
 
-std::optional<Configuration> LitConfig(Database &rdv, const QString &nomConfig, long praticien,
-                                       int fauteuil) {
-    SqlText sql("Select * from Config Where ");
-    if (nomConfig == nomConfigParDefaut) {
-        sql << "NomConfig =" << texte(nomConfig);
-    } else {
-        sql << "clng(NumPraticien) =" << nombre(praticien) << "and clng(Fauteuil)=" << nombre(fauteuil);
-    }
-    const Records rows = rdv.query(sql);
-    if (rows.isEmpty()) {
-        return std::nullopt;
-    }
-    return configurationDe(rows.first());
-}
-
 QList<LigneConfig> ConfigsDuPraticien(Database &rdv, long praticien) {
     const Records rows =
         rdv.query(SqlText("Select * from Config Where clng(NumPraticien) = ") << nombre(praticien));
     QList<LigneConfig> configs;
     for (const Record row : rows) {
-        configs << LigneConfig{row[u"NomConfig"].toText(), row[u"Fauteuil"].toText(),
-                               row[u"DefaultConfig"].toBoolean()};
+        configs << LigneConfig{configurationDe(row), row[u"DefaultConfig"].toBoolean()};
     }
     return configs;
 }
 
-std::optional<QString> NomConfigParDefaut(Database &rdv, long praticien) {
-    return premierNom(rdv,
-                      SqlText("Select * from Config Where DefaultConfig = True And clng(NumPraticien) = ")
-                          << nombre(praticien));
-}
-
-std::optional<QString> NomConfigDeRepli(Database &rdv) {
-    return premierNom(rdv, SqlText("Select * from Config Where clng(NumPraticien) = 0"));
-}
-
-std::optional<QString> NomConfigDuFauteuil(Database &rdv, long praticien, int fauteuil) {
-    return premierNom(rdv, SqlText("Select * from Config Where clng(NumPraticien) = ")
-                               << nombre(praticien) << "and clng(Fauteuil)=" << nombre(fauteuil));
+std::optional<Configuration> ConfigDeRepli(Database &rdv) {
+    const QString defaut = QStringLiteral("Défaut");
+    const Records duZero = rdv.query(SqlText("Select * from Config Where clng(NumPraticien) = 0"));
+    if (duZero.isEmpty() || duZero.first()[u"NomConfig"].toText() != defaut) {
+        return std::nullopt;
+    }
+    return configurationDe(
+        rdv.query(SqlText("Select * from Config Where NomConfig =") << texte(defaut)).first());
 }
 
 Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config) {
@@ -102,7 +78,10 @@ Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, c
              .isEmpty()) {
         return Enregistrement::NomPris;
     }
-    if (nouvelle.Fauteuil && NomConfigDuFauteuil(rdv, praticien, *nouvelle.Fauteuil)) {
+    if (nouvelle.Fauteuil &&
+        !rdv.query(SqlText("Select * from Config Where clng(NumPraticien) =")
+                   << nombre(praticien) << "and clng(Fauteuil) = " << nombre(*nouvelle.Fauteuil))
+             .isEmpty()) {
         return Enregistrement::FauteuilPris;
     }
     if (nouvelle.DefaultConfig) {
@@ -126,13 +105,4 @@ bool SupprimeConfig(Database &rdv, const QString &nomConfig) {
     rdv.execute(SqlText("Delete from Config where rowid=") << nombre(rows.first()[u"cle"].toInteger()));
     transaction.commit();
     return true;
-}
-
-std::optional<std::array<int, 7>> JourAffichDuFauteuil(Database &rdv, int fauteuil) {
-    const Records rows =
-        rdv.query(SqlText("Select * from Config Where clng(Fauteuil) = ") << nombre(fauteuil));
-    if (rows.isEmpty()) {
-        return std::nullopt;
-    }
-    return configurationDe(rows.first()).JourAffich;
 }

@@ -1,32 +1,18 @@
 #pragma once
 
-#include "schedule/Configuration.h"
 #include "platform/db/Database.h"
+#include "schedule/Configuration.h"
 
 #include <QList>
 #include <optional>
 
-/// The name of practitioner 0's configuration, which serves those who have none.
-inline const QString nomConfigParDefaut = QStringLiteral("Défaut");
-
-/// ChargeConfig's row: by its name when that is "Défaut", else by practitioner and chair. Nothing when there
-/// is no such row.
-std::optional<Configuration> LitConfig(Database &rdv, const QString &nomConfig, long praticien, int fauteuil);
-
-/// The practitioner's configurations, in table order.
+/// The practitioner's configurations, in table order. A day counts as displayed when one of the seven values
+/// names it, and NbJours counts these days, whatever the row says.
 QList<LigneConfig> ConfigsDuPraticien(Database &rdv, long praticien);
 
-/// NomConfig of the practitioner's default configuration.
-std::optional<QString> NomConfigParDefaut(Database &rdv, long praticien);
-
-/// NomConfig of the first configuration of practitioner 0, who owns the fall-back.
-std::optional<QString> NomConfigDeRepli(Database &rdv);
-
-/// The displayed days of the first configuration of a chair, whoever owns it.
-std::optional<std::array<int, 7>> JourAffichDuFauteuil(Database &rdv, int fauteuil);
-
-/// NomConfig of the practitioner's first configuration for that chair.
-std::optional<QString> NomConfigDuFauteuil(Database &rdv, long praticien, int fauteuil);
+/// The configuration "Défaut", which serves those who have none: practitioner 0's first row has to bear that
+/// name, exactly.
+std::optional<Configuration> ConfigDeRepli(Database &rdv);
 
 /// What the user says about a configuration to save.
 struct NouvelleConfig {

@@ -3,12 +3,13 @@
 #include "ui_FrmJourExclure.h"
 
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Environnement.h"
 
 #include <QButtonGroup>
 
-FrmJourExclure::FrmJourExclure(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmJourExclure>()), v(etat), m_repos(new QButtonGroup(this)) {
+FrmJourExclure::FrmJourExclure(const Environnement &env, const Configuration &config, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmJourExclure>()), m_env(env), m_config(config),
+      m_repos(new QButtonGroup(this)) {
     ui->setupUi(this);
     m_matin = {ui->Check1_0, ui->Check1_1, ui->Check1_2, ui->Check1_3,
                ui->Check1_4, ui->Check1_5, ui->Check1_6};
@@ -38,10 +39,10 @@ FrmJourExclure::~FrmJourExclure() = default;
 // ---- Filling
 
 void FrmJourExclure::remplit() {
-    if (QAbstractButton *option = m_repos->button(v.config.JourRepos)) {
+    if (QAbstractButton *option = m_repos->button(m_config.JourRepos)) {
         option->setChecked(true);
     }
-    const JoursExclus jours = JoursExclusDe(v.config);
+    const JoursExclus jours = JoursExclusDe(m_config);
     for (size_t i = 0; i < m_matin.size(); ++i) {
         if (!m_nonAffiches[i]->isEnabled()) {
             continue; // the rest day is hidden and greyed, whatever an older row says
@@ -70,18 +71,17 @@ void FrmJourExclure::Option_Click(int jourRepos) {
         boite->setChecked(true);
         boite->setEnabled(false);
     }
-    v.config.JourRepos = jourRepos; // at once: it stays when the window is cancelled
+    m_config.JourRepos = jourRepos; // at once: it stays when the window is cancelled
 }
 
 void FrmJourExclure::BtnOK_Click() {
     const JoursExclus jours = joursSaisis();
     if (NbJoursAffiches(jours) < moinsDeJoursAffiches) {
-        v.messages->show(QStringLiteral("Vous devez permettre l'affichage d'au moins deux jours."),
-                         QStringLiteral("Erreur d'affichage !"));
+        m_env.messages->show(QStringLiteral("Vous devez permettre l'affichage d'au moins deux jours."),
+                             QStringLiteral("Erreur d'affichage !"));
         return;
     }
-    AppliqueJours(jours, v.config);
-    emit configurationModifiee();
+    AppliqueJours(jours, m_config);
     accept();
 }
 

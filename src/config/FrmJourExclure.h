@@ -10,18 +10,16 @@ class FrmJourExclure;
 }
 class QButtonGroup;
 class QCheckBox;
-struct VariablesGlobales;
+struct Environnement;
 
-/// Displayed days, greyed half-days and the rest day of the loaded configuration, in memory only.
+/// Displayed days, greyed half-days and the rest day of a configuration. Nothing is stored: accepted,
+/// configuration() has them all; cancelled, it has the rest day that was chosen and no other change.
 class FrmJourExclure : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmJourExclure(VariablesGlobales &etat, QWidget *parent = nullptr);
+    FrmJourExclure(const Environnement &env, const Configuration &config, QWidget *parent = nullptr);
     ~FrmJourExclure() override;
-
-  signals:
-    /// The loaded configuration has new values: the grid is to be drawn again.
-    void configurationModifiee();
+    const Configuration &configuration() const { return m_config; }
 
   private:
     void remplit();
@@ -31,7 +29,8 @@ class FrmJourExclure : public QDialog {
     JoursExclus joursSaisis() const;
 
     std::unique_ptr<Ui::FrmJourExclure> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
+    Configuration m_config;
     QButtonGroup *m_repos;                      ///< each option's id is its weekday number
     std::array<QCheckBox *, 7> m_matin{};       ///< Check1
     std::array<QCheckBox *, 7> m_apresMidi{};   ///< Check2

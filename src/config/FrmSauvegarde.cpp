@@ -3,17 +3,18 @@
 #include "ui_FrmSauvegarde.h"
 
 #include "config/ConfigTables.h"
-#include "schedule/JoursExclus.h"
-#include "schedule/NomConfiguration.h"
-#include "schedule/Creneaux.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/FlexGridModel.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Essai.h"
+#include "schedule/Creneaux.h"
+#include "schedule/JoursExclus.h"
+#include "schedule/NomConfiguration.h"
 
-FrmSauvegarde::FrmSauvegarde(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmSauvegarde>()), v(etat) {
+FrmSauvegarde::FrmSauvegarde(const Environnement &env, const QString &praticien, const Configuration &config,
+                             QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmSauvegarde>()), m_env(env), m_praticien(praticien),
+      m_config(config) {
     ui->setupUi(this);
     connect(ui->BtnSauver, &QPushButton::clicked, this, &FrmSauvegarde::BtnSauver_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
@@ -25,24 +26,24 @@ FrmSauvegarde::~FrmSauvegarde() = default;
 // ---- Filling
 
 void FrmSauvegarde::remplit() {
-    ui->Text1->setText(QString::number(v.config.Intervalle));
-    ui->Text2->setText(DatesFr::heure(v.config.HeureMatDebut));
-    ui->Text3->setText(DatesFr::heure(v.config.HeureMatFin));
-    ui->Text4->setText(DatesFr::heure(v.config.HeurePMDebut));
-    ui->Text5->setText(DatesFr::heure(v.config.HeurePMFin));
+    ui->Text1->setText(QString::number(m_config.Intervalle));
+    ui->Text2->setText(DatesFr::heure(m_config.HeureMatDebut));
+    ui->Text3->setText(DatesFr::heure(m_config.HeureMatFin));
+    ui->Text4->setText(DatesFr::heure(m_config.HeurePMDebut));
+    ui->Text5->setText(DatesFr::heure(m_config.HeurePMFin));
     remplitGrilleJours();
 }
 
 void FrmSauvegarde::remplitGrilleJours() {
     ui->GrilleJours->horizontalHeader()->setSectionResizeMode(QHeaderView::Stretch);
     ui->GrilleJours->verticalHeader()->setSectionResizeMode(QHeaderView::ResizeToContents);
-    const JoursExclus jours = JoursExclusDe(v.config);
+    const JoursExclus jours = JoursExclusDe(m_config);
     for (int i = 0; i < ui->GrilleJours->rowCount(); ++i) {
         const bool grises[] = {jours.matin[size_t(i)], jours.apresMidi[size_t(i)]};
         for (int demi = 0; demi < 2; ++demi) {
             auto *cellule = new QTableWidgetItem;
             // Colours alone tell nothing to a screen reader.
-            if (!Dans(i + 1, v.config.JourAffich)) {
+            if (!Dans(i + 1, m_config.JourAffich)) {
                 cellule->setBackground(Qt::black);
                 cellule->setToolTip(QStringLiteral("non affiché"));
             } else if (grises[demi]) {
@@ -70,43 +71,44 @@ void FrmSauvegarde::BtnSauver_Click() {
         refuse(QStringLiteral("Votre nom de sauvegarde n'est pas valide"), *ui->Text6);
         return;
     }
-    const QString defaut = DefautConfiguration(v.config);
+    const QString defaut = DefautConfiguration(m_config);
     if (!defaut.isEmpty()) {
-        v.messages->error(QStringLiteral("La configuration ne peut pas être sauvegardée : %1.").arg(defaut));
+        m_env.messages->error(
+            QStringLiteral("La configuration ne peut pas être sauvegardée : %1.").arg(defaut));
         return;
     }
     enregistre(nom);
 }
 
 void FrmSauvegarde::refuse(const QString &texte, QLineEdit &champ) {
-    v.messages->show(texte, QStringLiteral("Nom de configuration ?"));
+    m_env.messages->show(texte, QStringLiteral("Nom de configuration ?"));
     champ.clear();
     champ.setFocus();
 }
 
 void FrmSauvegarde::enregistre(const QString &nom) {
     const QString fauteuil = ui->TxtNumFauteuil->text();
-    const NouvelleConfig nouvelle{nom, v.PraticienCourant,
+    const NouvelleConfig nouvelle{nom, m_praticien,
                                   fauteuil.isEmpty() ? std::nullopt : std::optional(fauteuil.toInt()),
                                   ui->Check1->isChecked()};
     Enregistrement resultat{};
-    try {
-        Database base = v.ouvreCarnet();
-        resultat = EnregistreConfig(base, nouvelle, v.config);
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        resultat = EnregistreConfig(base, nouvelle, m_config);
+    });
+    if (!ecrit) {
         return;
     }
     const QString impossible = QStringLiteral("Action Impossible");
     switch (resultat) {
     case Enregistrement::NomPris:
-        v.messages->show(QStringLiteral("Une configuration porte déjà ce nom !"), impossible,
-                         Messages::Icon::Critical);
+        m_env.messages->show(QStringLiteral("Une configuration porte déjà ce nom !"), impossible,
+                             Messages::Icon::Critical);
         ui->Text6->setFocus();
         return;
     case Enregistrement::FauteuilPris:
-        v.messages->show(QStringLiteral("Un Fauteuil porte déjà ce numéro !"), impossible,
-                         Messages::Icon::Critical);
+        m_env.messages->show(QStringLiteral("Un Fauteuil porte déjà ce numéro !"), impossible,
+                             Messages::Icon::Critical);
         ui->TxtNumFauteuil->setFocus();
         return;
     case Enregistrement::Fait:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "schedule/Configuration.h"
+
 #include <QDialog>
 #include <memory>
 
@@ -7,14 +9,16 @@ namespace Ui {
 class FrmSauvegarde;
 }
 class QLineEdit;
-struct VariablesGlobales;
+struct Environnement;
 
-/// Saves the loaded configuration as a new row of the current practitioner. It is accepted when the row is
-/// written, which takes effect at the next start.
+/// Saves a configuration as a new row of a practitioner. It is accepted when the row is written, which takes
+/// effect at the next start.
 class FrmSauvegarde : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmSauvegarde(VariablesGlobales &etat, QWidget *parent = nullptr);
+    /// `praticien` is his number as the book keeps it.
+    FrmSauvegarde(const Environnement &env, const QString &praticien, const Configuration &config,
+                  QWidget *parent = nullptr);
     ~FrmSauvegarde() override;
 
   private:
@@ -27,5 +31,7 @@ class FrmSauvegarde : public QDialog {
     void enregistre(const QString &nom);
 
     std::unique_ptr<Ui::FrmSauvegarde> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
+    const QString m_praticien;
+    const Configuration m_config;
 };

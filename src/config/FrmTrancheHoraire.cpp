@@ -4,12 +4,12 @@
 
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Environnement.h"
 
 #include <QButtonGroup>
 
-FrmTrancheHoraire::FrmTrancheHoraire(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmTrancheHoraire>()), v(etat),
+FrmTrancheHoraire::FrmTrancheHoraire(const Environnement &env, const Configuration &config, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmTrancheHoraire>()), m_env(env), m_config(config),
       m_intervalles(new QButtonGroup(this)) {
     ui->setupUi(this);
     int minutes = 0;
@@ -35,14 +35,14 @@ FrmTrancheHoraire::FrmTrancheHoraire(VariablesGlobales &etat, QWidget *parent)
 
 FrmTrancheHoraire::~FrmTrancheHoraire() = default;
 
-// ---- Filling: at opening, and to undo a refused change, as the loaded configuration is untouched till then
+// ---- Filling: at opening, and to undo a refused change
 
 void FrmTrancheHoraire::remplit() {
-    const Horaires horaires = HorairesDe(v.config);
+    const Horaires horaires = HorairesDe(m_config);
     for (size_t i = 0; i < m_textes.size(); ++i) {
         m_textes[i]->setText(DatesFr::heure(horaires[i]));
     }
-    selectionneIntervalle(v.config.Intervalle);
+    selectionneIntervalle(m_config.Intervalle);
     majInfoBulles();
 }
 
@@ -75,20 +75,20 @@ void FrmTrancheHoraire::BtnOK_Click() {
         return;
     }
     if (TropRapproches(*saisie)) {
-        v.messages->show(QStringLiteral("Les horaires sont trop rapprochés ou l'intervalle est trop grand.\n"
-                                        "Veuillez les modifier."),
-                         QStringLiteral("Erreur !"));
+        m_env.messages->show(
+            QStringLiteral("Les horaires sont trop rapprochés ou l'intervalle est trop grand.\n"
+                           "Veuillez les modifier."),
+            QStringLiteral("Erreur !"));
         remplit();
         return;
     }
     const QString incoherence = VerifieCoherence(*saisie);
     if (!incoherence.isEmpty()) {
-        v.messages->show(incoherence, QStringLiteral("Erreur de cohérence."));
+        m_env.messages->show(incoherence, QStringLiteral("Erreur de cohérence."));
         remplit();
         return;
     }
-    v.config = *saisie;
-    emit configurationModifiee();
+    m_config = *saisie;
     accept();
 }
 
@@ -111,7 +111,7 @@ std::optional<Configuration> FrmTrancheHoraire::configurationSaisie() {
                m_textes[champ]);
         return std::nullopt;
     }
-    Configuration config = v.config;
+    Configuration config = m_config;
     config.Intervalle = m_intervalles->checkedId();
     config.HeureMatDebut = horaires[0];
     config.HeureMatFin = horaires[1];
@@ -129,6 +129,6 @@ Horaires FrmTrancheHoraire::horairesSaisis() const {
 }
 
 void FrmTrancheHoraire::refuse(const QString &texte, QWidget *fautif) {
-    v.messages->show(texte, QStringLiteral("Erreur !"));
+    m_env.messages->show(texte, QStringLiteral("Erreur !"));
     fautif->setFocus();
 }

@@ -11,19 +11,16 @@ class FrmTrancheHoraire;
 class QButtonGroup;
 class QLineEdit;
 class UpDown;
-struct VariablesGlobales;
+struct Environnement;
 
-/// Slot length and hours of the loaded configuration, in memory only. It opens on any configuration, since a
-/// faulty one is repaired here.
+/// Slot length and hours of a configuration. Nothing is stored: accepted, configuration() has them. It opens
+/// on any configuration, since a faulty one is repaired here.
 class FrmTrancheHoraire : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmTrancheHoraire(VariablesGlobales &etat, QWidget *parent = nullptr);
+    FrmTrancheHoraire(const Environnement &env, const Configuration &config, QWidget *parent = nullptr);
     ~FrmTrancheHoraire() override;
-
-  signals:
-    /// The loaded configuration has new values: the grid is to be drawn again.
-    void configurationModifiee();
+    const Configuration &configuration() const { return m_config; }
 
   private:
     void remplit();
@@ -37,7 +34,8 @@ class FrmTrancheHoraire : public QDialog {
     void refuse(const QString &texte, QWidget *fautif);
 
     std::unique_ptr<Ui::FrmTrancheHoraire> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
+    Configuration m_config;
     QButtonGroup *m_intervalles; ///< each option's id is its length in minutes
     std::array<QLineEdit *, 4> m_textes{};
 };

@@ -8,17 +8,3 @@ QList<Praticien> Praticiens(Database &param) {
     }
     return praticiens;
 }
-
-std::optional<bool> AvecWordDuPraticien(Database &param, long praticien) {
-    const Records rows =
-        param.query(SqlText("select Word from Praticien where clng(codeprat)=") << nombre(praticien));
-    if (rows.isEmpty()) {
-        return std::nullopt;
-    }
-    return rows.first()[u"Word"].toBoolean();
-}
-
-int NombreDePraticiens(Database &param) {
-    const Records rows = param.query(SqlText("select count(*) as nb from Praticien"));
-    return rows.isEmpty() ? 0 : int(rows.first()[u"nb"].toInteger());
-}

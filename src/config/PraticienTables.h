@@ -3,7 +3,6 @@
 #include "platform/db/Database.h"
 
 #include <QList>
-#include <optional>
 
 /// One row of the suite's practitioner list.
 struct Praticien {
@@ -11,15 +10,11 @@ struct Praticien {
     QString nom;
     QString PreNom;
 
+    /// The number as the book keeps it: "01".
+    QString numero() const { return u'0' + QString::number(codeprat); }
     /// "docteur ", surname, first name: the caption of the practitioner's menu item.
     QString libelle() const { return QStringLiteral("docteur %1 %2").arg(nom, PreNom); }
 };
 
 /// In table order.
 QList<Praticien> Praticiens(Database &param);
-
-/// Whether the practitioner works with the word processor; nothing when there is no such practitioner.
-std::optional<bool> AvecWordDuPraticien(Database &param, long praticien);
-
-/// Number of practitioners.
-int NombreDePraticiens(Database &param);

@@ -3,49 +3,52 @@
 #include "ui_SuppConfig.h"
 
 #include "config/ConfigTables.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Essai.h"
 
-SuppConfig::SuppConfig(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::SuppConfig>()), v(etat) {
+SuppConfig::SuppConfig(const Environnement &env, long praticien, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::SuppConfig>()), m_env(env) {
     ui->setupUi(this);
     connect(ui->cmdSupprimer, &QPushButton::clicked, this, &SuppConfig::cmdSupprimer_Click);
-    remplit();
+    // The list gives its first line the focus frame of a chosen one: what looks chosen is chosen.
+    connect(ui->ListDesConfig, &QListWidget::currentItemChanged, this, [](QListWidgetItem *item) {
+        if (item != nullptr) {
+            item->setSelected(true);
+        }
+    });
+    remplit(praticien);
 }
 
 SuppConfig::~SuppConfig() = default;
 
 // ---- Filling
 
-void SuppConfig::remplit() {
-    try {
-        Database base = v.ouvreCarnet();
-        for (const LigneConfig &ligne : ConfigsDuPraticien(base, v.numPraticien())) {
-            ui->ListDesConfig->addItem(ligne.NomConfig);
-        }
-    } catch (const DbError &erreur) {
-        ui->cmdSupprimer->setEnabled(false);
-        v.messages->error(erreur.message());
+void SuppConfig::remplit(long praticien) {
+    QList<LigneConfig> configs;
+    const bool lues = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnet();
+        configs = ConfigsDuPraticien(base, praticien);
+    });
+    ui->cmdSupprimer->setEnabled(lues);
+    for (const LigneConfig &ligne : configs) {
+        ui->ListDesConfig->addItem(ligne.config.NomConfig);
     }
 }
 
 // ---- Handlers
 
 void SuppConfig::cmdSupprimer_Click() {
-    if (!v.messages->ask(QStringLiteral("Etes-vous certain de vouloir supprimer cette configuration ?"),
-                         QStringLiteral("Attention"))) {
+    if (!m_env.messages->ask(QStringLiteral("Etes-vous certain de vouloir supprimer cette configuration ?"),
+                             QStringLiteral("Attention"))) {
         return;
     }
     const QList<QListWidgetItem *> choisies = ui->ListDesConfig->selectedItems();
-    try {
-        if (!choisies.isEmpty()) {
-            Database base = v.ouvreCarnet();
+    const bool faite =
+        choisies.isEmpty() || essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
             SupprimeConfig(base, choisies.first()->text()); // one already gone ends the program all the same
-        }
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-        return;
+        });
+    if (faite) {
+        accept();
     }
-    accept();
 }

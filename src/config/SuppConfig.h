@@ -6,19 +6,19 @@
 namespace Ui {
 class SuppConfig;
 }
-struct VariablesGlobales;
+struct Environnement;
 
-/// Deletes a configuration of the current practitioner. Accepted means that the program has to end.
+/// Deletes a configuration of a practitioner. Accepted means that the program has to end.
 class SuppConfig : public QDialog {
     Q_OBJECT
   public:
-    explicit SuppConfig(VariablesGlobales &etat, QWidget *parent = nullptr);
+    SuppConfig(const Environnement &env, long praticien, QWidget *parent = nullptr);
     ~SuppConfig() override;
 
   private:
-    void remplit();
+    void remplit(long praticien);
     void cmdSupprimer_Click();
 
     std::unique_ptr<Ui::SuppConfig> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
 };

@@ -33,24 +33,6 @@ void Grise(FlexGridModel &cellules, int premiere, int derniere, int col) {
     }
 }
 
-bool EstGrise(const FlexCell &cellule) {
-    return cellule.back == gris;
-}
-
-void EffaceRendezVous(FlexGridModel &cellules) {
-    for (int col = 1; col <= cellules.cols() - 2; ++col) {
-        for (int ligne = 1; ligne <= cellules.rows() - 2; ++ligne) {
-            FlexCell &cellule = cellules.at(ligne, col);
-            cellule.text.clear();
-            cellule.picture = QImage();
-            if (!EstGrise(cellule)) {
-                cellule.back = QColor();
-                cellule.fore = QColor();
-            }
-        }
-    }
-}
-
 void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const RendezVous &rdv, int colonne,
                        ImagesRDV &images, const QDateTime &maintenant) {
     if (!rdv.aUneDuree()) {

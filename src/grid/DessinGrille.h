@@ -1,7 +1,7 @@
 #pragma once
 
-#include "schedule/Creneaux.h"
 #include "grid/RendezVous.h"
+#include "schedule/Creneaux.h"
 
 #include <QDateTime>
 
@@ -17,11 +17,6 @@ void EcritHeure(FlexCell &cellule, const QString &texte);
 void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col);
 /// Background 0xA0A0A0 on rows `premiere` … `derniere` of `col`; none when the first is greater.
 void Grise(FlexGridModel &cellules, int premiere, int derniere, int col);
-bool EstGrise(const FlexCell &cellule);
-
-/// Clears the appointment area (all but the header, the closing row and the two outer columns), greyed
-/// backgrounds kept.
-void EffaceRendezVous(FlexGridModel &cellules);
 
 /// Draws one appointment in `colonne`: picture strip, text, and the colours of attendance and lateness.
 /// The first drawn row's label in column 0 is what lateness is measured against, at `maintenant`.

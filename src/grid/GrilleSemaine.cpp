@@ -2,108 +2,68 @@
 
 #include "grid/DessinGrille.h"
 #include "grid/Disposition.h"
-#include "grid/RendezVousTables.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/FlexGrid.h"
-#include "platform/ui/Sablier.h"
 #include "platform/ui/Twips.h"
-#include "start/VariablesGlobales.h"
 
-GrilleSemaine::GrilleSemaine(FlexGrid &GrilleRDV, VariablesGlobales &etat, QObject *parent)
-    : QObject(parent), m_grille(GrilleRDV), v(etat), m_images(v.chemins, v.CheminRacine) {}
+namespace {
 
-void GrilleSemaine::Trace() {
-    const Sablier sablier;
-    {
-        FlexGridModel &cellules = m_grille.cells();
-        const FlexGridWriting ecriture(cellules);
-        if (!DefautConfiguration(v.config).isEmpty()) {
-            cellules.clear(0, 0);
-            return;
-        }
-        cellules.clear(NbLignes(v.config), v.config.NbJours + 2);
-        EcritHeures(cellules, CreneauxSemaine(v.config), 0);
-        EcritHeures(cellules, CreneauxSemaine(v.config), cellules.cols() - 1);
-        AfficheDate();
-        grise();
-        AfficheRDV();
-    }
-    const FlexGridModel &cellules = m_grille.cells();
-    m_grille.setKeyboardArea(QRect(1, 1, cellules.cols() - 2, cellules.rows() - 2));
-    m_grille.setRowSel(m_grille.row());
-    m_grille.setColSel(m_grille.col());
+void ecritEntete(FlexCell &cellule, QDate jour) {
+    cellule = {DatesFr::enteteJour(jour), QColor(couleurWindows(CouleurJour(Jour(jour)))), Qt::white,
+               Qt::AlignCenter, QImage()};
 }
 
-void GrilleSemaine::grise() {
+/// Lunch break and greyed half-days of one day.
+void griseJour(FlexGridModel &cellules, const Configuration &config, int jour, int col) {
+    const int midi = PremiereLigneMidi(config);
+    const int finMidi = DerniereLigneMidi(config);
+    Grise(cellules, midi, finMidi, col);
+    switch (config.JourGrise[size_t(jour - 1)]) {
+    case 1:
+        Grise(cellules, 1, midi, col);
+        break;
+    case 2:
+        Grise(cellules, finMidi + 1, cellules.rows() - 1, col);
+        break;
+    case 3:
+        Grise(cellules, 1, cellules.rows() - 1, col);
+        break;
+    default:
+        break;
+    }
+}
+
+} // namespace
+
+void GrilleSemaine::dessine(const Affichage &affichage) {
+    const Grille &grille = affichage.grilles.first();
     FlexGridModel &cellules = m_grille.cells();
-    const int midi = PremiereLigneMidi(v.config);
-    const int finMidi = DerniereLigneMidi(v.config);
+    m_grille.setPlaceholder(grille.empechement);
+    const FlexGridWriting ecriture(cellules);
+    if (!grille.tracable()) {
+        cellules.clear(0, 0);
+        return;
+    }
+    const Configuration &config = grille.config;
+    cellules.clear(grille.creneaux.lignes(), config.NbJours + 2);
+    EcritHeures(cellules, grille.creneaux, 0);
+    EcritHeures(cellules, grille.creneaux, cellules.cols() - 1);
+    const QDate lundi = Lundi(affichage.demande.jour);
     for (int jour = 1; jour <= 7; ++jour) {
-        const int col = colonne(jour);
-        if (col == 0) {
-            continue;
-        }
-        Grise(cellules, midi, finMidi, col);
-        const int demiJournees = v.config.JourGrise[size_t(jour - 1)];
-        if (demiJournees == 1) {
-            Grise(cellules, 1, midi, col);
-        } else if (demiJournees == 2) {
-            Grise(cellules, finMidi + 1, cellules.rows() - 1, col);
-        } else if (demiJournees == 3) {
-            Grise(cellules, 1, cellules.rows() - 1, col);
+        if (const int col = ColonneDuJour(jour, config.JourAffich)) {
+            ecritEntete(cellules.at(0, col), lundi.addDays(jour - 1));
+            griseJour(cellules, config, jour, col);
         }
     }
-}
-
-void GrilleSemaine::AfficheDate() {
-    v.JourSemaineCourant = Jour(v.txtNumJourEnCours);
-    const QDate lundi = Lundi(v.txtNumJourEnCours);
-    for (int jour = 1; jour <= 7; ++jour) {
-        const int col = colonne(jour);
-        if (col > 0) {
-            m_grille.cells().at(0, col) = {DatesFr::enteteJour(lundi.addDays(jour - 1)),
-                                           QColor(couleurWindows(CouleurJour(jour))), Qt::white,
-                                           Qt::AlignCenter, QImage()};
+    for (const RendezVous &rdv : grille.rendezVous) {
+        if (const int col = ColonneDuJour(Jour(rdv.Date1), config.JourAffich)) {
+            AfficheFourchette(cellules, grille.creneaux, rdv, col, m_images, affichage.lu);
         }
     }
-    emit dateAffichee(v.txtNumJourEnCours);
+    m_grille.setSelectableArea(QRect(1, 1, cellules.cols() - 2, cellules.rows() - 2));
 }
 
-void GrilleSemaine::ErazeGrilleRDV() {
-    EffaceRendezVous(m_grille.cells());
-    grise(); // where an attended appointment had covered the grey
-}
-
-void GrilleSemaine::AfficheRDV() {
-    const QDate lundi = Lundi(v.txtNumJourEnCours);
-    Database base = v.ouvreCarnet();
-    const QList<RendezVous> semaine =
-        RendezVousEntre(base, lundi, lundi.addDays(6), v.numPraticien(), CLng(v.config.FauteuilCourant));
-    const QDateTime maintenant = v.maintenant();
-    for (const RendezVous &rdv : semaine) {
-        v.prendRendezVous(rdv);
-        const int col = colonne(Jour(rdv.Date1));
-        if (col > 0) {
-            v.ColonneJour = col;
-            AfficheFourchette(m_grille.cells(), CreneauxSemaine(v.config), rdv, col, m_images, maintenant);
-        }
-    }
-}
-
-void GrilleSemaine::ChangeSemaine() {
-    const Sablier sablier;
-    const FlexGridWriting ecriture(m_grille.cells());
-    AfficheDate();
-    ErazeGrilleRDV();
-    AfficheRDV();
-}
-
-int GrilleSemaine::colonne(int jour) const {
-    const int col = ColonneDuJour(jour, v.config.JourAffich);
-    return col <= v.config.NbJours ? col : 0;
-}
-
-void GrilleSemaine::ResizingGrille() {
+void GrilleSemaine::dimensionne() {
     const int colonnes = m_grille.cells().cols();
     const LargeursColonnes largeurs = LargeursSemaine(twipsFromPixels(m_grille.width()), colonnes);
     for (int col = 0; col < colonnes; ++col) {
@@ -112,9 +72,9 @@ void GrilleSemaine::ResizingGrille() {
     }
 }
 
-void GrilleSemaine::MontreHeureCourante() {
-    const QDateTime maintenant = v.maintenant();
-    if (m_grille.cells().rows() > 0 && Lundi(maintenant.date()) == Lundi(v.txtNumJourEnCours)) {
-        m_grille.showAtTop(std::max(CreneauxSemaine(v.config).premiereLigne(maintenant.time()) - 2, 1));
+void GrilleSemaine::montreHeureCourante(const Affichage &affichage) {
+    const Grille &grille = affichage.grilles.first();
+    if (grille.tracable() && Lundi(affichage.lu.date()) == Lundi(affichage.demande.jour)) {
+        m_grille.showAtTop(std::max(grille.creneaux.premiereLigne(affichage.lu.time()) - 2, 1));
     }
 }

@@ -4,18 +4,17 @@
 #include <QImage>
 #include <QString>
 
-class StoredPaths;
+struct Environnement;
 
 /// The pictures of appointment cells, each read once from the data root's folder Images. A file that is
 /// missing or damaged gives a null picture, which a cell shows as nothing.
 class ImagesRDV {
   public:
-    ImagesRDV(const StoredPaths &chemins, QString racine) : m_chemins(chemins), m_racine(std::move(racine)) {}
+    explicit ImagesRDV(const Environnement &env) : m_env(env) {}
 
     QImage image(const QString &nom);
 
   private:
-    const StoredPaths &m_chemins;
-    QString m_racine;
+    const Environnement &m_env;
     QHash<QString, QImage> m_lues;
 };

@@ -19,7 +19,11 @@ struct RendezVous {
     long NumPraticien = 0;
     long Fauteuil = 0;
 
-    /// Whether the end follows the start; an appointment that has no length is not drawn.
-    bool aUneDuree() const { return HeureDebut.isValid() && HeureFin.isValid() && HeureFin > HeureDebut; }
+    /// Whether the end comes at a later minute than the start; an appointment that has no length is not
+    /// drawn.
+    bool aUneDuree() const {
+        return HeureDebut.isValid() && HeureFin.isValid() && HeureFin > HeureDebut &&
+               (HeureFin.minute() != HeureDebut.minute() || HeureFin.hour() != HeureDebut.hour());
+    }
     friend bool operator==(const RendezVous &, const RendezVous &) = default;
 };

@@ -2,9 +2,23 @@
 
 #include "platform/db/DateInverse.h"
 
+#include <algorithm>
+#include <tuple>
+
 namespace {
 
-QList<RendezVous> rendezVousDe(const Records &rows) {
+SqlText duPraticien(long praticien, std::optional<long> fauteuil) {
+    SqlText sql(" AND clng(NumPraticien) = ");
+    sql << nombre(praticien);
+    if (fauteuil) {
+        sql << " AND clng(Fauteuil) = " << nombre(*fauteuil);
+    }
+    return sql << " order by DateInv, HeureDebut, RefRDV";
+}
+
+} // namespace
+
+QList<RendezVous> RendezVousDe(const Records &rows) {
     const int refRDV = rows.field(u"RefRDV");
     const int nom = rows.field(u"Nom");
     const int prenom = rows.field(u"Prenom");
@@ -30,41 +44,32 @@ QList<RendezVous> rendezVousDe(const Records &rows) {
     return liste;
 }
 
-} // namespace
-
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
-                                  long fauteuil) {
-    return rendezVousDe(
-        rdv.query(SqlText("Select * from RDV Where DateInv >= ")
-                  << texte(InverseDate(premier)) << " AND DateInv<= " << texte(InverseDate(dernier))
-                  << " AND clng(NumPraticien) = " << nombre(praticien)
-                  << " AND clng(Fauteuil) = " << nombre(fauteuil) << " order by DateInv, HeureDebut"));
-}
-
-QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour, long praticien) {
-    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv = ")
-                                  << texte(InverseDate(jour)) << " AND clng(NumPraticien) = "
-                                  << nombre(praticien) << " order by DateInv, HeureDebut"));
-}
-
-QList<RendezVous> RendezVousALaDate(Database &rdv, QDate jour, long praticien, long fauteuil) {
-    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where Date1 = ")
-                                  << dateSql(jour) << " AND clng(NumPraticien) = " << nombre(praticien)
-                                  << " AND clng(Fauteuil) =" << nombre(fauteuil)
-                                  << " order by Date1 , HeureDebut"));
-}
-
-QList<RendezVous> RendezVousOccupant(Database &rdv, QDate jour, long praticien, long fauteuil) {
-    // Date1 may carry a time of day: it is then a longer text, between this day's and the next one's
-    return rendezVousDe(rdv.query(SqlText("Select * from RDV Where (DateInv = ")
-                                  << texte(InverseDate(jour)) << " OR (Date1 >= " << dateSql(jour)
-                                  << " AND Date1 < " << dateSql(jour.addDays(1))
-                                  << ")) AND clng(NumPraticien) = " << nombre(praticien)
-                                  << " AND clng(Fauteuil) = " << nombre(fauteuil)));
+                                  std::optional<long> fauteuil) {
+    QList<RendezVous> liste =
+        RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
+                               << texte(InverseDate(premier)) << " AND DateInv<= "
+                               << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
+    // A row whose two dates disagree lies on its Date1: that is what its windows show and write.
+    const QList<RendezVous> decales = RendezVousDe(
+        rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
+                          "Date1 >= ")
+                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))
+                  << duPraticien(praticien, fauteuil)));
+    liste.removeIf([&](const RendezVous &r) {
+        return r.Date1 < premier || r.Date1 > dernier ||
+               std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });
+    });
+    if (!decales.isEmpty()) {
+        liste += decales;
+        std::ranges::sort(liste, {},
+                          [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
+    }
+    return liste;
 }
 
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
     const QList<RendezVous> lus =
-        rendezVousDe(rdv.query(SqlText("Select * from RDV Where RefRDV = ") << nombre(ref)));
+        RendezVousDe(rdv.query(SqlText("Select * from RDV Where RefRDV = ") << nombre(ref)));
     return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }

@@ -3,19 +3,21 @@
 #include <algorithm>
 
 QString DefautConfiguration(const Configuration &config) {
+    const std::array heures{config.HeureMatDebut, config.HeureMatFin, config.HeurePMDebut, config.HeurePMFin};
+    if (!std::ranges::all_of(heures, [](QTime heure) { return heure.isValid(); })) {
+        return QStringLiteral("un horaire manque ou ne peut pas être lu");
+    }
+    if (!std::ranges::is_sorted(heures) || config.HeureMatDebut == config.HeurePMFin) {
+        return QStringLiteral("les horaires ne se suivent pas");
+    }
     if (config.Intervalle < 1) {
         return QStringLiteral("la durée d'un créneau doit être d'au moins une minute");
     }
-    const std::array hours{config.HeureMatDebut, config.HeureMatFin, config.HeurePMDebut, config.HeurePMFin};
-    if (!std::ranges::all_of(hours, [](QTime hour) { return hour.isValid(); })) {
-        return QStringLiteral("un horaire manque");
+    if (config.Intervalle * 60 > config.HeureMatDebut.secsTo(config.HeurePMFin)) {
+        return QStringLiteral("un créneau dure plus que la journée");
     }
-    if (!std::ranges::is_sorted(hours) || config.HeureMatDebut == config.HeurePMFin) {
-        return QStringLiteral("les horaires ne se suivent pas");
-    }
-    const auto displayed = std::ranges::count_if(config.JourAffich, [](int jour) { return jour != 0; });
-    if (displayed == 0 || config.NbJours < 1 || config.NbJours > 7) {
-        return QStringLiteral("le nombre de jours affichés est faux");
+    if (config.NbJours < 1) {
+        return QStringLiteral("aucun jour n'est affiché");
     }
     return {};
 }
@@ -26,14 +28,6 @@ bool Dans(int jour, const std::array<int, 7> &liste) {
 
 QString LibelleFauteuil(const QString &fauteuil) {
     return QStringLiteral("Fauteuil ") + fauteuil;
-}
-
-int NumeroFauteuil(const QString &libelle) {
-    return libelle.isEmpty() ? 0 : int(CLng(libelle.last(1)));
-}
-
-QString NumeroPraticien(int place) {
-    return u'0' + QString::number(place + 1);
 }
 
 long CLng(const QString &texte) {

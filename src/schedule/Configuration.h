@@ -7,8 +7,9 @@
 /// The display schedule of one practitioner at one chair: the loaded row of Config.
 /// Weekdays are indexed 0 = Monday … 6 = Sunday; weekday numbers run 1 = Monday … 7 = Sunday.
 struct Configuration {
-    QString FauteuilCourant;
-    int NbJours = 0;                 ///< displayed days
+    QString NomConfig;
+    QString FauteuilCourant;         ///< number of the chair as the book keeps it
+    int NbJours = 0;                 ///< displayed days, counted from JourAffich
     std::array<int, 7> JourAffich{}; ///< i + 1 when day i is displayed, 0 otherwise
     int JourRepos = 0;               ///< weekday number of the rest day
     std::array<int, 7> JourGrise{};  ///< 0 nothing greyed, 1 morning, 2 afternoon, 3 both
@@ -21,27 +22,24 @@ struct Configuration {
     friend bool operator==(const Configuration &, const Configuration &) = default;
 };
 
-/// Why a grid cannot be drawn from `config`, as the end of a French sentence; empty when it can:
-/// a slot of at least 1 minute, four hours in order, an afternoon end after the morning start,
-/// a displayed day, and 1 to 7 columns.
+/// Why a grid cannot be drawn from `config`, as the end of a French sentence; empty when it can: a displayed
+/// day, four hours in order, an afternoon end after the morning start, and a slot of at least 1 minute that
+/// is no longer than the day.
 QString DefautConfiguration(const Configuration &config);
 
 /// Whether the weekday number is one of the seven entries (of JourAffich: whether that day is displayed).
 bool Dans(int jour, const std::array<int, 7> &liste);
 
-/// One configuration as the chair menu lists it.
+/// One of a practitioner's configurations.
 struct LigneConfig {
-    QString NomConfig;
-    QString Fauteuil;
+    Configuration config;
     bool DefaultConfig = false;
+
+    friend bool operator==(const LigneConfig &, const LigneConfig &) = default;
 };
 
 /// "Fauteuil " and the number.
 QString LibelleFauteuil(const QString &fauteuil);
-/// The chair number of a menu item: its last character as a number, 0 when it is no digit.
-int NumeroFauteuil(const QString &libelle);
-/// The number of the practitioner at a 0-based place of the practitioner menu, as the book keeps it: "01".
-QString NumeroPraticien(int place);
 
 /// Digits of a number kept as text ("01" is 1), as clng() reads it; 0 for a text that is no number.
 long CLng(const QString &texte);

@@ -28,5 +28,6 @@ bool NomValide(const QString &nom) {
 }
 
 bool FauteuilValide(const QString &texte) {
-    return texte.size() == 1 && estChiffre(texte[0]);
+    constexpr int plusLongNumero = 4;
+    return !texte.isEmpty() && texte.size() <= plusLongNumero && std::ranges::all_of(texte, estChiffre);
 }

@@ -10,6 +10,5 @@ bool IsAlphaNum(const QString &texte);
 /// characters.
 bool NomValide(const QString &nom);
 
-/// Whether `texte` is a chair number: one digit, as the chair menu reads back the last character of its
-/// caption.
+/// Whether `texte` is a chair number: 1 to 4 digits.
 bool FauteuilValide(const QString &texte);

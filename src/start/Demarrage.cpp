@@ -1,86 +1,84 @@
 #include "start/Demarrage.h"
 
-#include "platform/db/DbError.h"
-#include "platform/ui/Messages.h"
 #include "patients/TransmissionTables.h"
+#include "practice/Essai.h"
+#include "schedule/Configuration.h"
 #include "start/MiseANiveauTables.h"
-#include "start/VariablesGlobales.h"
 
-bool LitEmplacements(VariablesGlobales &v, const QString &fichier) {
-    try {
-        Database chemin = Database::open(fichier);
-        const auto lus = LitChemin(chemin);
-        if (!lus || lus->LeChemin.isEmpty()) {
-            v.messages->error(
-                QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
-                    .arg(fichier));
-            return false;
-        }
-        v.CheminRacine = lus->LeChemin;
-        v.CheminFichiers = lus->CheminBase + QStringLiteral("\\Fichiers");
-        return true;
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-        return false;
+namespace {
+
+/// Runs one step; what it fails of is to be told. True when it went through.
+bool etape(const Environnement &env, Depart &depart, const std::function<void()> &operation) {
+    const std::optional<DbError> echec = tente(env, operation);
+    if (echec) {
+        depart.messages << echec->message();
     }
+    return !echec;
 }
 
-bool MetBaseANiveau(VariablesGlobales &v) {
-    v.CheminBaseRDV = v.CheminFichiers + QStringLiteral("\\Tavelin.mdb");
+bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString erreur;
-    try {
-        Database base = v.ouvreCarnet();
-        erreur = MetANiveau(base);
-    } catch (const DbError &echec) {
-        erreur = echec.message();
-    }
+    const bool lue = etape(env, depart, [&] {
+        Database carnet = env.ouvreCarnet();
+        erreur = MetANiveau(carnet);
+    });
     if (!erreur.isEmpty()) {
-        v.messages->error(erreur);
+        depart.messages << erreur;
     }
-    return erreur.isEmpty();
+    return lue && erreur.isEmpty();
 }
 
-void LitTransmissionSuite(VariablesGlobales &v) {
+void litPraticienTransmis(const Environnement &env, Depart &depart) {
     Transmission lue;
-    try {
-        Database transmission = v.ouvreTransmission();
+    etape(env, depart, [&] {
+        Database transmission = env.ouvreTransmission();
         lue = LitTransmission(transmission);
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    });
+    if (lue.NumPraticien.isEmpty() || CLng(lue.NumPraticien) > 0) {
+        depart.PraticienCourant = lue.NumPraticien;
         return;
     }
-    if (lue.avecPatient) {
-        v.NomPatientTransmis = lue.NomPatient;
-        v.PrenomPatientTransmis = lue.PrenomPatient;
-        v.NumPatientTransmis = int(lue.NumPatient);
-        v.NumPatientCourant = QString::number(lue.NumPatient);
-    }
-    if (!lue.NumPraticien.isEmpty() && CLng(lue.NumPraticien) <= 0) {
-        v.messages->error(
-            QStringLiteral("Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est "
-                           "pas un numéro valable : le carnet s'ouvre sur le premier praticien.")
-                .arg(lue.NumPraticien.left(50)));
-        return;
-    }
-    v.PraticienCourant = lue.NumPraticien;
+    depart.messages << QStringLiteral(
+                           "Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est pas "
+                           "un numéro valable : le carnet s'ouvre sur le premier praticien.")
+                           .arg(lue.NumPraticien.left(50));
 }
 
-QList<Praticien> LitPraticiens(VariablesGlobales &v) {
-    QList<Praticien> praticiens;
-    try {
-        Database param = v.ouvreParametres();
-        praticiens = Praticiens(param);
-        if (v.PraticienCourant.isEmpty() && !praticiens.isEmpty()) {
-            v.PraticienCourant = u'0' + QString::number(praticiens.first().codeprat);
-        }
-        v.AvecWord = AvecWordDuPraticien(param, v.numPraticien()).value_or(v.AvecWord);
-        v.NbPraticiens = NombreDePraticiens(param);
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-        return {};
+} // namespace
+
+QString LitEmplacements(Environnement &env, const QString &fichier) {
+    std::optional<Emplacements> lus;
+    const auto echec = tente(env, [&] {
+        Database chemin = Database::open(fichier);
+        lus = LitChemin(chemin);
+    });
+    if (echec) {
+        return echec->message();
     }
-    if (praticiens.isEmpty()) {
-        v.messages->error(QStringLiteral("Aucun praticien n'est enregistré dans les paramètres du cabinet."));
+    if (!lus || lus->LeChemin.isEmpty()) {
+        return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
+            .arg(fichier);
     }
-    return praticiens;
+    env.prendEmplacements(*lus);
+    return {};
+}
+
+Depart Demarre(const Environnement &env) {
+    Depart depart;
+    if (!metBaseANiveau(env, depart)) {
+        return depart;
+    }
+    litPraticienTransmis(env, depart);
+    const bool lus = etape(env, depart, [&] {
+        Database parametres = env.ouvreParametres();
+        depart.praticiens = Praticiens(parametres);
+    });
+    if (lus && depart.praticiens.isEmpty()) {
+        depart.messages << QStringLiteral("Aucun praticien n'est enregistré dans les paramètres du cabinet.");
+    }
+    depart.complet = !depart.praticiens.isEmpty();
+    if (depart.complet && depart.PraticienCourant.isEmpty()) {
+        depart.PraticienCourant = depart.praticiens.first().numero();
+    }
+    return depart;
 }

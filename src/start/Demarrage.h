@@ -1,23 +1,24 @@
 #pragma once
 
 #include "config/PraticienTables.h"
+#include "practice/Environnement.h"
 
-#include <QList>
+#include <QStringList>
 
-struct VariablesGlobales;
+/// The first steps of the start-up, which read the data before anything is drawn.
 
-/// The first steps of the start-up, which read the data before anything is drawn. Each tells the user what is
-/// wrong and gives false when the start-up cannot go on.
+/// Reads the path database `fichier` (a real file). Gives why the program has to end, nothing when it can go
+/// on.
+QString LitEmplacements(Environnement &env, const QString &fichier);
 
-/// Reads the path database `fichier` (a real file). False: the program ends.
-bool LitEmplacements(VariablesGlobales &v, const QString &fichier);
+/// What the window opens on.
+struct Depart {
+    bool complet = false; ///< false: there is nothing to open on yet
+    QStringList messages; ///< what the user has to be told, in order
+    QList<Praticien> praticiens;
+    QString PraticienCourant; ///< number as text: "01"
+};
 
-/// Brings the appointment database up to date. False: the main window stays empty.
-bool MetBaseANiveau(VariablesGlobales &v);
-
-/// Reads what the suite hands over; without it the book opens on the first practitioner.
-void LitTransmissionSuite(VariablesGlobales &v);
-
-/// Reads the practitioners, whether the current one uses the word processor and how many they are; chooses
-/// the first when the suite named none. Empty when there is nobody to open the book on.
-QList<Praticien> LitPraticiens(VariablesGlobales &v);
+/// Brings the appointment database up to date, reads whom the suite hands over and who the practitioners are.
+/// Without a hand-off the book opens on the first practitioner. It may be tried again after a failure.
+Depart Demarre(const Environnement &env);

@@ -3,36 +3,39 @@
 #include "ui_FrmEntree.h"
 
 #include "booking/ActionsRDV.h"
-#include "booking/SelectionRendezVous.h"
+#include "booking/MessagesRDV.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
-#include "schedule/Creneaux.h"
-#include "grid/Disposition.h"
 #include "grid/FrmMois.h"
-#include "grid/GrilleSemaine.h"
-#include "grid/GrillesJour.h"
 #include "grid/Navigation.h"
-#include "platform/db/DbError.h"
+#include "grid/Vues.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
-#include "platform/ui/Twips.h"
+#include "practice/Environnement.h"
+#include "start/BarreEtat.h"
 #include "start/Demarrage.h"
+#include "start/DispositionFenetre.h"
 #include "start/FrmAPropos.h"
 #include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
-#include "start/VariablesGlobales.h"
 
+#include <QApplication>
 #include <QHBoxLayout>
+#include <QMenu>
+#include <QPushButton>
 #include <QShortcut>
 #include <QShowEvent>
+
+#include <functional>
 
 namespace {
 
 constexpr int periodeTimer1 = 65535; // ms
-constexpr int attenteTimer1 = 500;   // ms, while a dialog is open or the mouse drags
+constexpr int periodeReprise = 5000; // ms, as long as the book could not be read
+constexpr int attenteTimer1 = 500;   // ms, while the user is in the middle of something
 
 /// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
 QFont sansMiseEnForme(QFont police) {
@@ -41,47 +44,37 @@ QFont sansMiseEnForme(QFont police) {
     return police;
 }
 
+Geste gesteDe(FlexGrid::Gesture geste) {
+    const bool clic = geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::RightPress;
+    return clic ? Geste::Clic : Geste::Glisse;
+}
+
 } // namespace
 
-FrmEntree::FrmEntree(VariablesGlobales &etat, QWidget *parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), v(etat) {
+FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
+    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), m_env(env), m_carnet(env, this),
+      m_commandes(*ui, env) {
     setFont(sansMiseEnForme(font()));
     ui->setupUi(this);
-    construitBarreEtat();
     construitBoutonsVue();
-    m_semaine = std::make_unique<GrilleSemaine>(*ui->GrilleRDV, v);
-    m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, v);
-    m_selection =
-        std::make_unique<SelectionRendezVous>(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, v);
-    m_actions = std::make_unique<ActionsRDV>(v, *this);
-    m_menus = std::make_unique<MenusPraticien>(*ui->mnuPraticien, *ui->menuFaut, v);
+    m_vues = new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this);
+    m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
+    m_actions = new ActionsRDV(env, *this);
+    m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
+    relieCarnet();
     relieMenus();
-    relieRendezVous();
     relieBoutons();
     relieClavier();
-    montreVue();
+    MontreVue(*ui, true);
+    dessineMenus();
 }
 
 FrmEntree::~FrmEntree() = default;
 
 // ---- Construction
-
-void FrmEntree::construitBarreEtat() {
-    const QList<int> parts{40, 30, 15, 15};
-    for (int i = 0; i < parts.size(); ++i) {
-        auto *panneau = new QLabel(ui->StatusBar1);
-        panneau->setObjectName(QStringLiteral("StatusBar1_%1").arg(i + 1));
-        panneau->setTextFormat(Qt::PlainText);
-        panneau->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        panneau->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-        ui->StatusBar1->addWidget(panneau, parts[i]);
-        m_panneaux << panneau;
-    }
-    ui->StatusBar1->setFixedHeight(pixelsFromTwips(375));
-}
 
 /// The two views, at the right end of the menu bar: the bottom of the window has no room left for them.
 void FrmEntree::construitBoutonsVue() {
@@ -103,230 +96,306 @@ void FrmEntree::construitBoutonsVue() {
     ui->menubar->setCornerWidget(coin);
 }
 
-void FrmEntree::relieMenus() {
-    for (QAction *action : findChildren<QAction *>()) {
-        const bool menuOuListe =
-            action->menu() != nullptr || action == ui->mnuDocteur || action == ui->mnuFauteuil;
-        action->setEnabled(menuOuListe || action->isSeparator());
-    }
-    relie(ui->mnuquitter, [this] { close(); });
-    connect(m_menus.get(), &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
-    connect(m_menus.get(), &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
-    relie(ui->mnusemaine, [this] { BtnSemaine_Click(); });
-    relie(ui->mnuJour, [this] { BtnJour_Click(); });
-    relie(ui->mnuRafraichir, [this] { BtnRafraichir_Click(); });
-    relie(ui->mnuZoom, [this] { mnuZoom_Click(); });
-    relie(ui->mnutranche, [this] { mnutranche_Click(); });
-    relie(ui->mnuexclure, [this] { mnuexclure_Click(); });
-    relie(ui->mnuSauver, [this] { mnuSauver_Click(); });
-    relie(ui->menuSuppConfig, [this] { menuSuppConfig_Click(); });
-    relie(ui->mnuAPropos, [this] { mnuAPropos_Click(); });
-    ui->mnuReporter->setVisible(false);
-    active(ui->mnuquitter, true);
-    active(ui->mnuAPropos, true);
+/// From the grids to the values, and from the values to all that shows them.
+void FrmEntree::relieCarnet() {
+    connect(m_vues, &Vues::selectionDemandee, this, &FrmEntree::selectionne);
+    connect(m_vues, &Vues::ouvertureDemandee, this, &FrmEntree::ouvre);
+    connect(m_vues, &Vues::menuDemande, this,
+            [this](const QPoint &position) { ui->mnupatient->popup(position); });
+    connect(&m_carnet, &CarnetMontre::affichageChange, this, &FrmEntree::dessine);
+    connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
+    connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
+    connect(m_actions, &ActionsRDV::rdvEcrit, this, &FrmEntree::rdvEcrit);
 }
 
-/// The selection, and what is done with it.
-void FrmEntree::relieRendezVous() {
-    const auto relieAction = [this](QAction *action, void (ActionsRDV::*gestionnaire)()) {
-        relie(action, [this, gestionnaire] { (m_actions.get()->*gestionnaire)(); });
+void FrmEntree::relieMenus() {
+    const auto relie = [this](QAction *action, auto gestionnaire) {
+        m_commandes.relie(action, [this, gestionnaire] { std::invoke(gestionnaire, this); });
     };
-    relieAction(ui->mnuAjouter, &ActionsRDV::mnuAjouter_Click);
-    relieAction(ui->mnuEditer, &ActionsRDV::mnuEditer_Click);
-    relieAction(ui->mnuReporter, &ActionsRDV::mnuReporter_Click);
-    relieAction(ui->mnuSupprimer, &ActionsRDV::mnuSupprimer_Click);
-    relieAction(ui->mnuPresent, &ActionsRDV::mnuPresent_Click);
+    relie(ui->mnuAjouter, &FrmEntree::mnuAjouter_Click);
+    relie(ui->mnuEditer, &FrmEntree::mnuEditer_Click);
+    relie(ui->mnuSupprimer, &FrmEntree::mnuSupprimer_Click);
+    relie(ui->mnuPresent, &FrmEntree::mnuPresent_Click);
+    relie(ui->mnuquitter, &FrmEntree::close);
+    connect(m_menus, &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
+    connect(m_menus, &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
+    relie(ui->mnusemaine, &FrmEntree::BtnSemaine_Click);
+    relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
+    relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
+    relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
+    relie(ui->mnutranche, &FrmEntree::mnutranche_Click);
+    relie(ui->mnuexclure, &FrmEntree::mnuexclure_Click);
+    relie(ui->mnuSauver, &FrmEntree::mnuSauver_Click);
+    relie(ui->menuSuppConfig, &FrmEntree::menuSuppConfig_Click);
+    relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
+    ui->mnuReporter->setVisible(false);
     ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
-    connect(m_selection.get(), &SelectionRendezVous::contexteChange, this, [this] {
-        metMenusSelection();
-        AfficheSelection();
-    });
-    connect(m_selection.get(), &SelectionRendezVous::menuDemande, this,
-            [this](const QPoint &position) { ui->mnupatient->popup(position); });
-    connect(m_selection.get(), &SelectionRendezVous::ouvertureDemandee, this, [this] {
-        QAction *action = v.SelectionLibre ? ui->mnuAjouter : ui->mnuEditer;
-        if (action->isEnabled()) {
-            action->trigger();
-        }
-    });
-    connect(m_actions.get(), &ActionsRDV::rdvEcrit, this, [this] { essaie([this] { redessine(); }); });
 }
 
 void FrmEntree::relieBoutons() {
+    const auto aujourdhui = [this] { vaAu(m_env.maintenant().date()); };
     connect(BtnSemaine, &QPushButton::clicked, this, &FrmEntree::BtnSemaine_Click);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
     connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { decale(-7); });
-    connect(ui->BtnAujourdhui, &QPushButton::clicked, this, [this] { vaAu(v.maintenant().date()); });
+    connect(ui->BtnAujourdhui, &QPushButton::clicked, this, aujourdhui);
     connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { decale(7); });
     connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { decale(-1); });
-    connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, [this] { vaAu(v.maintenant().date()); });
+    connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
     connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { decale(1); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
-    const auto montreDate = [this](QDate date) { m_panneaux[3]->setText(DatesFr::etat(date)); };
-    connect(m_semaine.get(), &GrilleSemaine::dateAffichee, this, montreDate);
-    connect(m_jour.get(), &GrillesJour::dateAffichee, this, montreDate);
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
 }
 
 void FrmEntree::relieClavier() {
     const auto touche = [this](const QKeySequence &suite, auto operation) {
-        connect(new QShortcut(suite, this), &QShortcut::activated, this, [this, operation] {
-            if (m_charge) {
-                operation();
-            }
-        });
+        connect(new QShortcut(suite, this), &QShortcut::activated, this, operation);
     };
-    touche(Qt::Key_PageUp, [this] { decale(v.VueSemaine ? -7 : -1); });
-    touche(Qt::Key_PageDown, [this] { decale(v.VueSemaine ? 7 : 1); });
-    touche(Qt::Key_Home, [this] { vaAu(v.maintenant().date()); });
+    touche(Qt::Key_PageUp, [this] { decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
+    touche(Qt::Key_PageDown, [this] { decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
+    touche(Qt::Key_Home, [this] { vaAu(m_env.maintenant().date()); });
     touche(Qt::Key_F5, [this] { BtnRafraichir_Click(); });
 }
 
 // ---- Start-up
 
 void FrmEntree::Form_Load() {
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
-        bouton->setEnabled(bouton == ui->BtnQuitter);
+    Timer1.start(periodeReprise);
+    const Depart depart = Demarre(m_env);
+    for (const QString &message : depart.messages) {
+        if (!m_dits.contains(message)) { // a start that is tried again tells its trouble once
+            m_dits << message;
+            m_env.messages->error(message);
+        }
     }
-    if (!MetBaseANiveau(v)) {
+    if (!depart.complet) {
         return;
     }
-    LitTransmissionSuite(v);
-    const QList<Praticien> praticiens = LitPraticiens(v);
-    if (praticiens.isEmpty()) {
+    m_menus->construitPraticiens(depart.praticiens);
+    const QDate aujourdhui = m_env.maintenant().date();
+    if (!m_carnet.montre({.PraticienCourant = depart.PraticienCourant, .jour = aujourdhui},
+                         CarnetMontre::Annonce::UneFois)) {
         return;
     }
-    v.txtNumJourEnCours = v.maintenant().date();
-    m_menus->construitPraticiens(praticiens);
-    m_charge = true;
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
-        bouton->setEnabled(true);
-    }
-    for (QAction *action :
-         {ui->mnusemaine, ui->mnuJour, ui->mnuRafraichir, ui->mnuZoom, ui->menuSuppConfig}) {
-        active(action, true);
-    }
-    essaie([this] {
-        m_menus->construitFauteuils();
-        changePraticien();
-        m_menus->choisitConfiguration(-2);
-        metMenusConfiguration();
-        v.VueSemaine = true;
-        v.txtNumJourEnCours = PremierJourAffiche(v.txtNumJourEnCours, v.config.JourAffich);
-        m_panneaux[3]->setText(DatesFr::etat(v.txtNumJourEnCours));
-        redessine();
-    });
-    Form_Resize();
+    vaAu(PremierJourAffiche(aujourdhui, m_carnet.affichage().grilles.first().config.JourAffich));
     Timer1.start(periodeTimer1);
 }
 
-/// Title and status bar.
-void FrmEntree::changePraticien() {
-    const QString libelle = m_menus->libelleCoche();
-    if (!libelle.isEmpty()) {
-        setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
-        m_panneaux[1]->setText(libelle);
+// ---- Drawing
+
+void FrmEntree::dessine() {
+    const Sablier sablier;
+    const Affichage &affichage = m_carnet.affichage();
+    const QString libelle = m_menus->libelle(affichage.demande.PraticienCourant);
+    setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
+    m_etat->montrePraticien(libelle);
+    m_vues->dessine(affichage);
+    MontreVue(*ui, affichage.demande.VueSemaine);
+    dessineMenus();
+    dessineSelection();
+}
+
+void FrmEntree::dessineSelection() {
+    const Selection &selection = m_carnet.selection();
+    const Coins &c = selection.coins;
+    const bool semaine = m_carnet.affichage().demande.VueSemaine;
+    m_vues->contourne(selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
+                      semaine ? InfoBulleRDV(selection) : QString());
+    m_etat->montreSelection(m_carnet.affichage(), selection);
+    m_commandes.dessine(m_carnet);
+}
+
+/// Qt has ticked what was chosen: what is shown decides.
+void FrmEntree::dessineMenus() {
+    const bool semaine = m_carnet.affichage().demande.VueSemaine;
+    m_menus->dessine(m_carnet.affichage());
+    m_commandes.dessine(m_carnet);
+    for (QPushButton *bouton : findChildren<QPushButton *>()) {
+        bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
+    }
+    BtnSemaine->setChecked(semaine);
+    BtnJour->setChecked(!semaine);
+}
+
+void FrmEntree::dessineLecture() {
+    m_etat->montreLecture(m_carnet.affichage(), m_carnet.lectureManquee(), *m_env.lectureSeule);
+    dessineMenus();
+}
+
+// ---- What is done with the selection
+
+void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
+    const Coins coins{c.row, c.col, c.rowSel, c.colSel};
+    m_carnet.selectionne(grille, coins, gesteDe(geste));
+    if (PlusieursColonnes(m_carnet.affichage(), coins)) {
+        m_vues->finGlisse();
+        m_env.messages->show(QStringLiteral("Vous ne pouvez pas sélectionner plusieurs colonnes !"),
+                             QStringLiteral("Erreur de sélection !"));
     }
 }
 
-void FrmEntree::metMenusConfiguration() {
-    for (QAction *action : {ui->mnuSauver, ui->mnutranche, ui->mnuexclure}) {
-        active(action, true);
+void FrmEntree::ouvre(bool parSouris) {
+    if (parSouris) {
+        m_carnet.annuleSuivant();
     }
-    for (QAction *action : {ui->mnuPurger, ui->mnuAjouter}) {
-        active(action, v.ConfigExiste);
+    QAction *action = m_carnet.selection().rdv ? ui->mnuEditer : ui->mnuAjouter;
+    if (action->isEnabled()) {
+        action->trigger();
     }
 }
 
-// ---- Handlers
-
-void FrmEntree::mnuDocteur_Click(int index) {
-    m_menus->prendPraticien(index);
-    changePraticien();
-    essaie([this] {
-        m_menus->construitFauteuils();
-        if (v.VueSemaine) {
-            m_menus->choisitConfiguration(-1);
-            metMenusConfiguration();
-        } else {
-            v.ConfigGrilleJour = -1;
-        }
-        redessine();
-    });
+bool FrmEntree::relitRDV(const QString &disparu, const QString &titre) {
+    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
+    if (!m_carnet.relit()) {
+        return false;
+    }
+    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
+    if (!encoreLa) {
+        m_env.messages->show(disparu, titre);
+    }
+    return encoreLa;
 }
 
-void FrmEntree::mnuFauteuil_Click(int index) {
-    m_menus->cocheFauteuil(index);
-    essaie([this, index] {
-        if (v.VueSemaine) {
-            m_menus->chargeFauteuil(m_menus->fauteuil(index));
-        } else {
-            v.ConfigGrilleJour = -1;
-        }
-        redessine();
-    });
+void FrmEntree::mnuAjouter_Click() {
+    if (!m_carnet.relit()) {
+        return;
+    }
+    const Selection &selection = m_carnet.selection();
+    if (selection.vide() || selection.rdv) {
+        m_env.messages->show(messageOccupe, titreOccupe);
+        return;
+    }
+    m_actions->ajoute(PlaceDe(m_carnet.affichage(), selection));
+}
+
+void FrmEntree::mnuEditer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
+        m_actions->edite(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
+    }
+}
+
+void FrmEntree::mnuSupprimer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                 QStringLiteral("Rendez-vous déjà supprimé"))) {
+        m_actions->supprime(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
+    }
+}
+
+/// Sets what the user saw himself choose; the row is looked at where it is written.
+void FrmEntree::mnuPresent_Click() {
+    const RendezVous rdv = *m_carnet.selection().rdv;
+    m_actions->marquePresent(rdv, !rdv.Present);
+    dessineMenus();
+}
+
+void FrmEntree::rdvEcrit(const RendezVous &rdv) {
+    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
+    const Affichage &affichage = m_carnet.affichage();
+    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
+        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
+        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
+                                 .arg(DatesFr::jourComplet(rdv.Date1)));
+    }
+}
+
+// ---- What is asked for
+
+Demande FrmEntree::courante() const {
+    const Demande &montree = m_carnet.affichage().demande;
+    return {.PraticienCourant = montree.PraticienCourant,
+            .VueSemaine = montree.VueSemaine,
+            .jour = m_carnet.jourCourant()};
+}
+
+void FrmEntree::mnuDocteur_Click(const QString &numero) {
+    Demande demande = courante();
+    demande.PraticienCourant = numero;
+    m_carnet.montre(demande);
+}
+
+void FrmEntree::mnuFauteuil_Click(long fauteuil) {
+    Demande demande = courante();
+    demande.fauteuil = fauteuil;
+    m_carnet.montre(demande);
 }
 
 void FrmEntree::BtnSemaine_Click() {
-    v.VueSemaine = true;
-    montreVue();
-    const int praticien = m_menus->praticienCoche();
-    if (praticien >= 0) {
-        mnuDocteur_Click(praticien); // loads the configuration again and draws
-    }
+    Demande demande = courante();
+    demande.VueSemaine = true;
+    m_carnet.montre(demande);
 }
 
 void FrmEntree::BtnJour_Click() {
-    v.VueSemaine = false;
-    v.txtNumJourEnCours = v.maintenant().date();
-    v.ConfigGrilleJour = -1;
-    montreVue();
-    essaie([this] { redessine(); });
-    m_jour->MontreHeureCourante();
-}
-
-void FrmEntree::BtnRafraichir_Click() {
-    if (v.VueSemaine) {
-        BtnSemaine_Click();
-    } else {
-        essaie([this] { redessine(); });
+    const Affichage &affichage = m_carnet.affichage();
+    Demande demande = courante();
+    demande.VueSemaine = false;
+    demande.jour = m_env.maintenant().date();
+    if (affichage.fauteuilCoche >= 0) {
+        demande.fauteuil = CLng(affichage.configs[affichage.fauteuilCoche].config.FauteuilCourant);
+    }
+    if (m_carnet.montre(demande)) {
+        m_vues->montreHeureCourante(affichage);
     }
 }
 
+void FrmEntree::BtnRafraichir_Click() {
+    if (m_carnet.estVide()) {
+        m_dits.clear();
+        Form_Load();
+        return;
+    }
+    const Demande &montree = m_carnet.affichage().demande;
+    m_carnet.montre(montree.VueSemaine ? courante() : Demande(montree));
+}
+
 void FrmEntree::mnuZoom_Click() {
-    v.config.Intervalle = BasculeZoom(v.config.Intervalle, v.intervalleSansZoom);
-    v.ConfigGrilleJour = -1; // the day grids keep their own slots
-    essaie([this] { redessine(); });
-    m_semaine->MontreHeureCourante();
+    Demande demande = m_carnet.affichage().suite();
+    if (demande.VueSemaine && demande.config) { // the day grids keep their own slots
+        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
+    }
+    if (m_carnet.montre(demande) && demande.VueSemaine) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
+    }
+}
+
+const Configuration &FrmEntree::reglages() const {
+    return m_carnet.affichage().reglages(m_carnet.selection().grille);
+}
+
+void FrmEntree::prendReglages(const Configuration &config) {
+    Demande demande = m_carnet.affichage().suite();
+    demande.config = config;
+    demande.intervalleSansZoom = 0;
+    m_carnet.montre(demande);
 }
 
 void FrmEntree::mnutranche_Click() {
-    FrmTrancheHoraire fenetre(v, this);
-    connect(&fenetre, &FrmTrancheHoraire::configurationModifiee, this, [this] {
-        v.intervalleSansZoom = 0;
-        v.ConfigGrilleJour = -1;
-        essaie([this] { redessine(); });
-    });
-    fenetre.exec();
+    FrmTrancheHoraire fenetre(m_env, reglages(), this);
+    if (fenetre.exec() == QDialog::Accepted) {
+        prendReglages(fenetre.configuration());
+    }
 }
 
 void FrmEntree::mnuexclure_Click() {
-    FrmJourExclure fenetre(v, this);
-    connect(&fenetre, &FrmJourExclure::configurationModifiee, this,
-            [this] { essaie([this] { redessine(); }); });
+    const Configuration avant = reglages();
+    FrmJourExclure fenetre(m_env, avant, this);
     fenetre.exec();
+    if (fenetre.configuration() != avant) { // also a rest day that was chosen before cancelling
+        prendReglages(fenetre.configuration());
+    }
 }
 
 void FrmEntree::mnuSauver_Click() {
-    if (FrmSauvegarde(v, this).exec() == QDialog::Accepted) {
+    FrmSauvegarde fenetre(m_env, m_carnet.affichage().demande.PraticienCourant, reglages(), this);
+    if (fenetre.exec() == QDialog::Accepted) {
         FrmQuit(this).exec();
+        close();
     }
 }
 
 void FrmEntree::menuSuppConfig_Click() {
-    if (SuppConfig(v, this).exec() == QDialog::Accepted) {
+    if (SuppConfig(m_env, m_carnet.affichage().demande.numPraticien(), this).exec() == QDialog::Accepted) {
         close();
     }
 }
@@ -336,17 +405,19 @@ void FrmEntree::mnuAPropos_Click() {
 }
 
 void FrmEntree::BtnMois_Click() {
-    FrmMois fenetre(v.txtNumJourEnCours, v.maintenant().date(), this);
+    FrmMois fenetre(m_carnet.jourCourant(), m_env.maintenant().date(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        v.txtNumJourEnCours = fenetre.jour();
-        essaie([this] { redessine(); });
+        vaAu(fenetre.jour());
     }
 }
 
 void FrmEntree::decale(int jours) {
-    const QDate jour = DecaleDate(v.txtNumJourEnCours, jours);
+    if (m_carnet.estVide()) {
+        return;
+    }
+    const QDate jour = DecaleDate(m_carnet.jourCourant(), jours);
     if (!jour.isValid()) {
-        v.messages->show(
+        m_env.messages->show(
             QStringLiteral("Le carnet va du %1 au %2.")
                 .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
         return;
@@ -355,143 +426,57 @@ void FrmEntree::decale(int jours) {
 }
 
 void FrmEntree::vaAu(QDate jour) {
-    v.txtNumJourEnCours = jour;
-    essaie([this] {
-        if (!v.VueSemaine) {
-            redessine();
-            return;
-        }
-        m_semaine->ChangeSemaine();
-        m_selection->rafraichit();
-    });
+    if (!m_carnet.estVide() && jour != m_carnet.affichage().demande.jour) {
+        Demande demande = m_carnet.affichage().suite();
+        demande.jour = jour;
+        m_carnet.montre(demande);
+    }
+}
+
+bool FrmEntree::estOccupe() const {
+    return m_carnet.enLecture() || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr;
 }
 
 void FrmEntree::Timer1_Timer() {
-    const bool glisse =
-        ui->GrilleRDV->isDragging() || ui->GrilleRDV02->isDragging() || ui->GrilleRDV03->isDragging();
-    if (glisse || QApplication::activeModalWidget() != nullptr ||
-        QApplication::activePopupWidget() != nullptr) {
-        Timer1.start(attenteTimer1); // a redraw would rewrite what the user is working on
-        return;
+    if (estOccupe()) {
+        Timer1.start(attenteTimer1);
+    } else if (m_carnet.estVide()) {
+        Form_Load();
+    } else {
+        Timer1.start(periodeTimer1);
+        m_carnet.relit(CarnetMontre::Annonce::UneFois);
     }
-    Timer1.start(periodeTimer1);
-    essaie([this] { redessine(); });
-}
-
-// ---- Selection
-
-void FrmEntree::metMenusSelection() {
-    const bool surRDV = !v.SelectionLibre;
-    for (QAction *action : {ui->mnuEditer, ui->mnuSupprimer, ui->mnuLettre, ui->mnuPresent}) {
-        active(action, surRDV);
-    }
-    ui->mnuPresent->setChecked(surRDV && v.PresentRDV);
-    active(ui->mnuAjouter, !surRDV && v.ConfigExiste);
-}
-
-void FrmEntree::AfficheSelection() {
-    const QString debut = DatesFr::heure(v.HeureDebutCourante);
-    m_panneaux[2]->setText(
-        debut.isEmpty() ? QString() : debut + QStringLiteral("  /  ") + DatesFr::heure(v.HeureFinCourante));
-    m_panneaux[3]->setText(DatesFr::etat(v.txtNumJourEnCours));
-    m_panneaux[0]->setText(TexteEtatRDV(v.NomRDV, v.PrenomRDV, v.DescriptionRDV));
 }
 
 // ---- Window
 
-/// Grids and navigation buttons of the current view.
-void FrmEntree::montreVue() {
-    const bool semaine = v.VueSemaine;
-    for (QWidget *w :
-         QList<QWidget *>{ui->GrilleRDV, ui->Frame1, ui->BtnPrecedent, ui->BtnAujourdhui, ui->BtnSuivant}) {
-        w->setVisible(semaine);
-    }
-    for (QWidget *w : QList<QWidget *>{ui->GrilleRDV02, ui->GrilleRDV03, ui->Frame4, ui->BtnPrecedent2,
-                                       ui->BtnAujourdhui2, ui->BtnSuivant2}) {
-        w->setVisible(!semaine);
-    }
-    BtnSemaine->setChecked(semaine);
-    BtnJour->setChecked(!semaine);
-    (semaine ? ui->GrilleRDV : ui->GrilleRDV02)->setFocus();
-}
-
-void FrmEntree::redessine() {
-    if (v.VueSemaine) {
-        m_semaine->Trace();
-        m_semaine->ResizingGrille();
-    } else {
-        m_jour->AffichageJournée(m_menus->fauteuilCoche());
-        m_jour->Dimensionne();
-    }
-    m_selection->rafraichit();
-}
-
-void FrmEntree::Form_Resize() {
+void FrmEntree::dispose() {
     const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
-    const auto d = DisposeFenetre(twipsFromPixels(centralWidget()->width()), twipsFromPixels(hauteur));
-    if (!d) {
-        return;
+    if (PlaceControles(*ui, centralWidget()->width(), hauteur)) {
+        m_vues->dimensionne();
     }
-    const std::initializer_list<std::pair<QWidget *, const Rectangle *>> places{
-        {ui->GrilleRDV, &d->GrilleRDV},
-        {ui->Frame1, &d->Frame1},
-        {ui->BtnPrecedent, &d->BtnPrecedent},
-        {ui->BtnAujourdhui, &d->BtnAujourdhui},
-        {ui->BtnSuivant, &d->BtnSuivant},
-        {ui->Frame2, &d->Frame2},
-        {ui->BtnRafraichir, &d->BtnRafraichir},
-        {ui->BtnMois, &d->BtnMois},
-        {ui->Frame3, &d->Frame3},
-        {ui->BtnQuitter, &d->BtnQuitter},
-        {ui->Frame4, &d->Frame1},
-        {ui->BtnPrecedent2, &d->BtnPrecedent},
-        {ui->BtnAujourdhui2, &d->BtnAujourdhui},
-        {ui->BtnSuivant2, &d->BtnSuivant},
-        {ui->GrilleRDV02, &d->GrilleRDV02},
-        {ui->GrilleRDV03, &d->GrilleRDV03}};
-    for (const auto &[controle, place] : places) {
-        controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
-    }
-    m_semaine->ResizingGrille();
-    m_jour->Dimensionne();
 }
 
 void FrmEntree::resizeEvent(QResizeEvent *event) {
     QMainWindow::resizeEvent(event);
-    Form_Resize();
+    dispose();
 }
 
 void FrmEntree::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
-    Form_Resize();
-    if (!event->spontaneous()) {
-        m_semaine->MontreHeureCourante();
+    dispose();
+    if (!event->spontaneous() && !m_carnet.estVide() && m_carnet.affichage().demande.VueSemaine) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
     }
 }
 
 void FrmEntree::wheelEvent(QWheelEvent *event) {
-    const bool zoome = v.intervalleSansZoom > 0;
+    const bool zoome = m_carnet.affichage().demande.intervalleSansZoom > 0;
     const int sens = event->angleDelta().y();
     const bool bascule = event->modifiers().testFlag(Qt::ControlModifier) && (zoome ? sens < 0 : sens > 0);
-    if (m_charge && bascule) {
+    if (!m_carnet.estVide() && bascule) {
         mnuZoom_Click();
     }
     event->accept();
-}
-
-void FrmEntree::relie(QAction *action, const std::function<void()> &gestionnaire) {
-    connect(action, &QAction::triggered, this, [gestionnaire] { gestionnaire(); });
-    m_reliees.insert(action);
-}
-
-void FrmEntree::active(QAction *action, bool active) {
-    action->setEnabled(active && m_reliees.contains(action));
-}
-
-void FrmEntree::essaie(const std::function<void()> &operation) {
-    try {
-        operation();
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-    }
 }

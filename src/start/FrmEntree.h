@@ -1,34 +1,33 @@
 #pragma once
 
-#include "config/PraticienTables.h"
+#include "platform/ui/FlexGrid.h"
+#include "start/CarnetMontre.h"
+#include "start/Commandes.h"
 
-#include <QLabel>
 #include <QMainWindow>
-#include <QSet>
 #include <QTimer>
-#include <functional>
 #include <memory>
 
 namespace Ui {
 class FrmEntree;
 }
 class ActionsRDV;
-class GrilleSemaine;
-class GrillesJour;
+class BarreEtat;
 class MenusPraticien;
 class QPushButton;
-class SelectionRendezVous;
-struct VariablesGlobales;
+class Vues;
 
-/// The main window: wires menus and buttons to the subsystems and owns no rule.
+/// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is
+/// drawn from the two values that its CarnetMontre holds.
 class FrmEntree : public QMainWindow {
     Q_OBJECT
   public:
-    /// The data locations of `v` are read already; `v` outlives the window.
-    explicit FrmEntree(VariablesGlobales &etat, QWidget *parent = nullptr);
+    /// The data locations of `env` are read already; `env` outlives the window.
+    explicit FrmEntree(const Environnement &env, QWidget *parent = nullptr);
     ~FrmEntree() override;
 
-    /// The start-up, from the upgrade to the drawn week. What fails is told and leaves the window usable.
+    /// The start-up, from the upgrade to the drawn week. What fails is told, and tried again from time to
+    /// time.
     void Form_Load();
 
   protected:
@@ -38,16 +37,34 @@ class FrmEntree : public QMainWindow {
 
   private:
     // Construction
-    void construitBarreEtat();
     void construitBoutonsVue();
+    void relieCarnet();
     void relieMenus();
-    void relieRendezVous();
     void relieBoutons();
     void relieClavier();
 
-    // Handlers, in screen order
-    void mnuDocteur_Click(int index);
-    void mnuFauteuil_Click(int index);
+    // Drawing, which cannot fail
+    void dessine();
+    void dessineSelection();
+    void dessineMenus();
+    void dessineLecture();
+    void dispose();
+
+    // What is done with the selection
+    void selectionne(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
+    void ouvre(bool parSouris);
+    void mnuAjouter_Click();
+    void mnuEditer_Click();
+    void mnuSupprimer_Click();
+    void mnuPresent_Click();
+    void rdvEcrit(const RendezVous &rdv);
+    /// The book is read again before anything is done with an appointment; false when it is not there any
+    /// more, which is told.
+    bool relitRDV(const QString &disparu, const QString &titre);
+
+    // What is asked for, in screen order
+    void mnuDocteur_Click(const QString &numero);
+    void mnuFauteuil_Click(long fauteuil);
     void BtnSemaine_Click();
     void BtnJour_Click();
     void BtnRafraichir_Click();
@@ -58,37 +75,28 @@ class FrmEntree : public QMainWindow {
     void menuSuppConfig_Click();
     void mnuAPropos_Click();
     void BtnMois_Click();
-    /// Week and day buttons: to `jour`, in the view that is shown.
+    void decale(int jours);
+    /// To `jour`, in the view that is shown.
     void vaAu(QDate jour);
     void Timer1_Timer();
 
-    void decale(int jours);
-    void changePraticien();
-    void metMenusConfiguration();
-    void metMenusSelection();
-    void AfficheSelection();
-    void montreVue();
-    void redessine();
-    void Form_Resize();
-
-    /// Connects an action to its handler, which makes it an action that may be enabled.
-    void relie(QAction *action, const std::function<void()> &gestionnaire);
-    /// Enables or disables an action; one without a handler stays disabled.
-    void active(QAction *action, bool active);
-    /// Runs one user action; what the book refuses is told, once.
-    void essaie(const std::function<void()> &operation);
+    /// The practitioner, view and current date that are shown; chair and configuration as the book has them.
+    Demande courante() const;
+    const Configuration &reglages() const;
+    void prendReglages(const Configuration &config);
+    /// A dialog, a menu, a drag or a reading would lose what it works on.
+    bool estOccupe() const;
 
     std::unique_ptr<Ui::FrmEntree> ui;
-    VariablesGlobales &v;
-    std::unique_ptr<GrilleSemaine> m_semaine;
-    std::unique_ptr<GrillesJour> m_jour;
-    std::unique_ptr<SelectionRendezVous> m_selection;
-    std::unique_ptr<ActionsRDV> m_actions;
-    std::unique_ptr<MenusPraticien> m_menus;
+    const Environnement &m_env;
+    CarnetMontre m_carnet;
+    Commandes m_commandes;
+    std::unique_ptr<BarreEtat> m_etat;
+    Vues *m_vues;
+    ActionsRDV *m_actions;
+    MenusPraticien *m_menus;
     QPushButton *BtnSemaine = nullptr;
     QPushButton *BtnJour = nullptr;
-    QList<QLabel *> m_panneaux; ///< StatusBar1's panels 1 to 4
-    QSet<QAction *> m_reliees;
+    QStringList m_dits; ///< what a start-up that goes on failing has told already
     QTimer Timer1;
-    bool m_charge = false; ///< the start-up went through
 };

@@ -4,7 +4,6 @@
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 #include "start/Options.h"
-#include "start/VariablesGlobales.h"
 
 #include <QApplication>
 #include <QLibraryInfo>
@@ -13,6 +12,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <cstdlib>
 #include <fontconfig/fontconfig.h>
 #include <thread>
 
@@ -43,6 +43,18 @@ std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
     return [decalage] { return QDateTime::currentDateTime().addMSecs(decalage); };
 }
 
+/// Qt ends the program with an English sentence where there is no screen.
+void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &texte) {
+    QTextStream erreurs(stderr);
+    if (genre != QtFatalMsg) {
+        return;
+    }
+    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir ("
+            << texte.section(u'\n', 0, 0) << ")\n";
+    erreurs.flush();
+    std::_Exit(codeErreur);
+}
+
 /// A comfortable size, or the whole of a smaller screen.
 void montre(QWidget &fenetre) {
     constexpr QSize confortable(1280, 940);
@@ -69,10 +81,10 @@ int Lance(int argc, char **argv) {
         return 0;
     }
     MessageBoxes boites;
-    VariablesGlobales v;
-    v.messages = &boites;
+    Environnement env;
+    env.messages = &boites;
     QString erreur = options.erreur;
-    if (erreur.isEmpty() && !v.chemins.addDrives(options.lecteurs)) {
+    if (erreur.isEmpty() && !env.chemins.addDrives(options.lecteurs)) {
         erreur = QStringLiteral("« %1 » n'est pas de la forme D=DOSSIER").arg(options.lecteurs);
     }
     if (!erreur.isEmpty()) {
@@ -80,19 +92,23 @@ int Lance(int argc, char **argv) {
         return codeLigneRefusee;
     }
     if (options.maintenant.isValid()) {
-        v.maintenant = horlogeDepuis(options.maintenant);
+        env.maintenant = horlogeDepuis(options.maintenant);
     }
 
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
     std::jthread polices([] { FcInit(); });   // the list of fonts is read while the window system answers
+    const QtMessageHandler ordinaire = qInstallMessageHandler(ditSansEcran);
     QApplication application(argc, argv);
+    qInstallMessageHandler(ordinaire);
     polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
-    if (!LitEmplacements(v, options.chemin)) {
+    const QString impossible = LitEmplacements(env, options.chemin);
+    if (!impossible.isEmpty()) {
+        boites.error(impossible);
         return codeErreur;
     }
-    FrmEntree FrmEntree(v);
+    FrmEntree FrmEntree(env);
     FrmEntree.Form_Load();
     montre(FrmEntree);
     if (!options.capture.isEmpty()) {

@@ -7,46 +7,33 @@
 
 class QAction;
 class QMenu;
-struct VariablesGlobales;
+struct Affichage;
 
-/// The practitioner and chair menus, and the choice of the configuration that goes with them.
-/// What reads the book throws DbError.
+/// The practitioner and chair menus. What they show comes from what is displayed, ticks included: Qt has set
+/// its own when an item is chosen.
 class MenusPraticien : public QObject {
     Q_OBJECT
   public:
     /// Item 0 of each menu is there already; the others come and go.
-    MenusPraticien(QMenu &mnuPraticien, QMenu &menuFaut, VariablesGlobales &etat, QObject *parent = nullptr);
+    MenusPraticien(QMenu &mnuPraticien, QMenu &menuFaut, QObject *parent);
 
+    /// The practitioners of this run.
     void construitPraticiens(const QList<Praticien> &praticiens);
-    /// The current practitioner's chairs; the menu shows when one of them is not 0.
-    void construitFauteuils();
-    /// Loads the practitioner's default configuration, or the fall-back with `fauteuilDeRepli`.
-    void choisitConfiguration(int fauteuilDeRepli);
-    /// Loads the configuration of one of the practitioner's chairs, or the fall-back.
-    void chargeFauteuil(int fauteuil);
-
-    void prendPraticien(int index);
-    void cocheFauteuil(int index);
+    void dessine(const Affichage &affichage);
+    /// "docteur ", surname, first name; one who is not listed has his number.
+    QString libelle(const QString &PraticienCourant) const;
     /// Captions in menu order.
     QStringList libelles() const;
-    /// The ticked item's place; -1 when none is.
-    int praticienCoche() const;
-    int fauteuilCoche() const;
-    QString libelleCoche() const;
-    int fauteuil(int index) const;
 
   signals:
-    void praticienChoisi(int index);
-    void fauteuilChoisi(int index);
+    void praticienChoisi(const QString &numero);
+    void fauteuilChoisi(long fauteuil);
 
   private:
-    void chargeConfig(Database &base, const QString &nomConfig, int fauteuil);
-    void chargeRepli(Database &base, int fauteuil);
-
     QMenu &m_menuPraticien;
     QMenu &m_menuFaut;
-    VariablesGlobales &v;
+    QList<Praticien> m_praticiens;
     QList<QAction *> m_docteurs;
     QList<QAction *> m_fauteuils;
-    int m_fauteuilParDefaut = 0;
+    QList<long> m_numeros; ///< chair of each item
 };

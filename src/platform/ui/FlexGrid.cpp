@@ -3,8 +3,10 @@
 #include "platform/ui/FlexGridDelegate.h"
 
 #include <QHeaderView>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include <algorithm>
 
@@ -23,11 +25,13 @@ class FlexHeader : public QHeaderView {
     void mousePressEvent(QMouseEvent *event) override {
         const int col = logicalIndexAt(event->position().toPoint());
         if (event->button() == Qt::LeftButton && col >= 0) {
-            m_grid.select(0, col, 0, col);
+            emit m_grid.selectionAsked({0, col, 0, col}, FlexGrid::Gesture::Press);
         }
     }
     void mouseReleaseEvent(QMouseEvent *event) override {
-        emit m_grid.buttonReleased(event->button(), event->globalPosition().toPoint());
+        if (event->button() == Qt::RightButton) {
+            emit m_grid.contextMenuAsked(event->globalPosition().toPoint());
+        }
     }
     void mouseMoveEvent(QMouseEvent *event) override { event->accept(); }
 
@@ -57,60 +61,22 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
     connect(&m_cells, &QAbstractItemModel::modelReset, this, &FlexGrid::afterReset);
 }
 
-void FlexGrid::setRow(int row) {
-    if (row != m_row) {
-        select(row, m_col, row, m_col);
-    }
-}
-
-void FlexGrid::setCol(int col) {
-    if (col != m_col) {
-        select(m_row, col, m_row, col);
-    }
-}
-
-void FlexGrid::setRowSel(int row) {
-    select(m_row, m_col, row, m_colSel);
-}
-
-void FlexGrid::setColSel(int col) {
-    select(m_row, m_col, m_rowSel, col);
-}
-
 void FlexGrid::showAtTop(int row) {
     executeDelayedItemsLayout(); // right after a redraw the scroll bar still has the old range
     updateGeometries();
     scrollTo(m_cells.index(row, 0), QAbstractItemView::PositionAtTop);
 }
 
-void FlexGrid::select(int row, int col, int rowSel, int colSel) {
-    change(row, col, rowSel, colSel, false);
-}
-
-void FlexGrid::change(int row, int col, int rowSel, int colSel, bool startsDrag) {
-    const bool same = row == m_row && col == m_col && rowSel == m_rowSel && colSel == m_colSel;
-    if (same) {
-        return;
-    }
-    if (row != m_row || col != m_col) {
-        m_dragging = startsDrag; // a handler that moves the beginning ends the drag
-    }
-    m_row = row;
-    m_col = col;
-    m_rowSel = rowSel;
-    m_colSel = colSel;
-    showSelection();
-    emit selectionChanging();
-}
-
-void FlexGrid::showSelection() {
-    const QModelIndex first = m_cells.index(std::min(m_row, m_rowSel), std::min(m_col, m_colSel));
-    const QModelIndex last = m_cells.index(std::max(m_row, m_rowSel), std::max(m_col, m_colSel));
+void FlexGrid::showOutline(const std::optional<Corners> &corners) {
+    m_outline = corners;
+    const Corners c = corners.value_or(Corners{-1, -1, -1, -1});
+    const QModelIndex first = m_cells.index(std::min(c.row, c.rowSel), std::min(c.col, c.colSel));
+    const QModelIndex last = m_cells.index(std::max(c.row, c.rowSel), std::max(c.col, c.colSel));
     if (!first.isValid() || !last.isValid()) {
         selectionModel()->clear();
         return;
     }
-    selectionModel()->setCurrentIndex(m_cells.index(m_row, m_col), QItemSelectionModel::NoUpdate);
+    selectionModel()->setCurrentIndex(m_cells.index(c.row, c.col), QItemSelectionModel::NoUpdate);
     selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
 }
 
@@ -119,13 +85,6 @@ void FlexGrid::afterReset() {
         setRowHidden(0, true); // the header shows it
     }
     fitRows();
-    const int lastRow = std::max(m_cells.rows() - 1, 1);
-    const int lastCol = std::max(m_cells.cols() - 1, 1);
-    m_row = std::clamp(m_row, 0, lastRow);
-    m_rowSel = std::clamp(m_rowSel, 0, lastRow);
-    m_col = std::clamp(m_col, 0, lastCol);
-    m_colSel = std::clamp(m_colSel, 0, lastCol);
-    showSelection();
 }
 
 int FlexGrid::leastRowHeight() const {
@@ -159,41 +118,45 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     if (!under.isValid()) {
         return;
     }
-    const bool inSelection = selectionModel()->isSelected(under);
     if (event->button() == Qt::LeftButton) {
+        const bool extend = event->modifiers().testFlag(Qt::ShiftModifier) && m_outline;
+        m_anchor = extend ? QPoint(m_outline->col, m_outline->row) : QPoint(under.column(), under.row());
+        m_lastDragged = QPoint(under.column(), under.row());
         m_dragging = true;
-        const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
-        change(extend ? m_row : under.row(), extend ? m_col : under.column(), under.row(), under.column(),
-               true);
-    } else if (event->button() == Qt::RightButton && !inSelection) {
-        select(under.row(), under.column(), under.row(), under.column());
+        emit selectionAsked({m_anchor.y(), m_anchor.x(), under.row(), under.column()},
+                            extend ? Gesture::Drag : Gesture::Press);
+    } else if (event->button() == Qt::RightButton && !isOutlined(under)) {
+        emit selectionAsked({under.row(), under.column(), under.row(), under.column()}, Gesture::RightPress);
     }
 }
 
 void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
-        m_dragging = false; // the release went to a message box
+        m_dragging = false;
     }
     if (!m_dragging) {
         return;
     }
     const QPoint cell = nearestCell(event->position().toPoint());
+    if (m_lastDragged == cell) {
+        return;
+    }
+    m_lastDragged = cell;
     scrollTo(m_cells.index(cell.y(), cell.x()));
-    select(m_row, m_col, cell.y(), cell.x());
+    emit selectionAsked({m_anchor.y(), m_anchor.x(), cell.y(), cell.x()}, Gesture::Drag);
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
     m_dragging = false;
-    if (event->button() == Qt::LeftButton) {
-        emit clicked();
+    if (event->button() == Qt::RightButton) {
+        emit contextMenuAsked(event->globalPosition().toPoint());
     }
-    emit buttonReleased(event->button(), event->globalPosition().toPoint());
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     const QModelIndex under = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && under.isValid()) {
-        emit activatedSelection();
+    if (event->button() == Qt::LeftButton && under.isValid() && isOutlined(under)) {
+        emit opened(true);
     }
 }
 
@@ -214,7 +177,9 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
         break;
     case Qt::Key_Return:
     case Qt::Key_Enter:
-        emit activatedSelection();
+        if (m_outline) {
+            emit opened(false);
+        }
         break;
     default:
         event->ignore(); // shortcuts and the window's own keys
@@ -222,16 +187,20 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
 }
 
 void FlexGrid::moveBy(int rows, int cols, bool extend) {
-    const QRect &area = m_keyboardArea;
+    const QRect &area = m_selectable;
     if (area.isEmpty()) {
         return;
     }
+    const Corners from =
+        m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
     // From a block of several rows, Down leaves it by its end and Up by its beginning.
-    const int from = extend ? m_rowSel : (rows > 0 ? std::max(m_row, m_rowSel) : std::min(m_row, m_rowSel));
-    const int row = std::clamp(from + rows, area.top(), area.bottom());
-    const int col = std::clamp(m_col + cols, area.left(), area.right());
-    select(extend ? m_row : row, col, row, col);
-    scrollTo(m_cells.index(m_rowSel, m_colSel));
+    const int leaving = rows > 0 ? std::max(from.row, from.rowSel) : std::min(from.row, from.rowSel);
+    const int row = std::clamp((extend ? from.rowSel : leaving) + rows, area.top(), area.bottom());
+    const int col = std::clamp(from.col + cols, area.left(), area.right());
+    emit selectionAsked({extend ? from.row : row, col, row, col}, Gesture::Key);
+    if (m_outline) {
+        scrollTo(m_cells.index(m_outline->rowSel, m_outline->colSel));
+    }
 }
 
 void FlexGrid::wheelEvent(QWheelEvent *event) {
@@ -240,4 +209,27 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
         return;
     }
     QTableView::wheelEvent(event);
+}
+
+void FlexGrid::paintEvent(QPaintEvent *event) {
+    QTableView::paintEvent(event);
+    if (!m_placeholder.isEmpty()) {
+        QPainter painter(viewport());
+        painter.setPen(palette().color(QPalette::PlaceholderText));
+        painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
+                         m_placeholder);
+    }
+}
+
+bool FlexGrid::viewportEvent(QEvent *event) {
+    if (event->type() != QEvent::ToolTip) {
+        return QTableView::viewportEvent(event);
+    }
+    const auto &help = static_cast<QHelpEvent &>(*event);
+    const bool over = !m_toolTip.isEmpty() && isOutlined(indexAt(help.pos()));
+    // as rich text, so that long lines wrap; what the data says stays plain
+    QToolTip::showText(help.globalPos(),
+                       over ? QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped()) : QString(),
+                       viewport());
+    return true;
 }

@@ -3,46 +3,52 @@
 #include "platform/ui/FlexGridModel.h"
 
 #include <QTableView>
+#include <optional>
 
-/// A grid of cells with a selection given by two corners, as the book's handlers expect it:
-/// (row, col), where the selection began, and (rowSel, colSel), where it ends.
-/// - Setting row or col to a new value collapses the selection on that cell; setting rowSel or colSel extends
-///   it; setting any of them to the value that it has does nothing at all.
-/// - selectionChanging() is raised exactly when a value changed, also for a change made by its own handler.
-/// Row 0 is the header: it stays in sight, and a click on it selects it like any cell.
+/// A grid of cells with an outline. What the user does with mouse and keys asks for a selection; what is
+/// outlined is shown by whoever answers, and is nobody's gesture. Row 0 is the header: it stays in sight, and
+/// a click on it asks for a selection like any cell.
 class FlexGrid : public QTableView {
     Q_OBJECT
   public:
+    /// Two corners: where a selection begins and where it ends.
+    struct Corners {
+        int row = 0;
+        int col = 0;
+        int rowSel = 0;
+        int colSel = 0;
+
+        friend bool operator==(const Corners &, const Corners &) = default;
+    };
+    enum class Gesture { Press, RightPress, Drag, Key };
+
     explicit FlexGrid(QWidget *parent = nullptr);
 
     FlexGridModel &cells() { return m_cells; }
     const FlexGridModel &cells() const { return m_cells; }
 
-    int row() const { return m_row; }
-    int col() const { return m_col; }
-    int rowSel() const { return m_rowSel; }
-    int colSel() const { return m_colSel; }
-    void setRow(int row);
-    void setCol(int col);
-    void setRowSel(int row);
-    void setColSel(int col);
-    /// Both corners at once: one change, or none.
-    void select(int row, int col, int rowSel, int colSel);
+    /// Outlines these cells, or none.
+    void showOutline(const std::optional<Corners> &corners);
+    const std::optional<Corners> &outline() const { return m_outline; }
+    /// Plain text shown while the pointer rests on the outlined cells.
+    void setOutlineToolTip(const QString &text) { m_toolTip = text; }
+    /// Said in the middle of a grid that has no rows to show.
+    void setPlaceholder(const QString &text) { m_placeholder = text; }
     /// The cells that the arrow keys reach: columns and rows as x and y.
-    void setKeyboardArea(const QRect &cells) { m_keyboardArea = cells; }
+    void setSelectableArea(const QRect &cells) { m_selectable = cells; }
 
-    /// True from the press of the left button in a cell to its release, or until a handler moves the
-    /// beginning of the selection, which ends the drag.
+    /// True from the press of the left button in a cell to its release.
     bool isDragging() const { return m_dragging; }
+    /// A message box takes the release away.
+    void endDrag() { m_dragging = false; }
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
 
   signals:
-    void selectionChanging();
-    void clicked();
-    /// Double click, or Enter, on the selection.
-    void activatedSelection();
-    void buttonReleased(Qt::MouseButton button, const QPoint &globalPosition);
+    void selectionAsked(const FlexGrid::Corners &corners, FlexGrid::Gesture gesture);
+    /// Enter, or a double click on the outlined cells.
+    void opened(bool byMouse);
+    void contextMenuAsked(const QPoint &globalPosition);
 
   protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -52,24 +58,25 @@ class FlexGrid : public QTableView {
     void keyPressEvent(QKeyEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
+    bool viewportEvent(QEvent *event) override;
 
   private:
-    /// The one place where the selection changes.
-    void change(int row, int col, int rowSel, int colSel, bool startsDrag);
-    void showSelection();
     void afterReset();
     int leastRowHeight() const;
     /// Rows share the height, between the least that their text needs and twice that.
     void fitRows();
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;
+    bool isOutlined(const QModelIndex &index) const { return selectionModel()->isSelected(index); }
     void moveBy(int rows, int cols, bool extend);
 
     FlexGridModel m_cells;
-    int m_row = 0; ///< 0: nothing but the hidden header row, until somebody selects
-    int m_col = 0;
-    int m_rowSel = 0;
-    int m_colSel = 0;
+    std::optional<Corners> m_outline;
+    QPoint m_anchor;      ///< column and row where the drag began
+    QPoint m_lastDragged; ///< and where it is: a move within a cell asks for nothing
     bool m_dragging = false;
-    QRect m_keyboardArea;
+    QRect m_selectable;
+    QString m_toolTip;
+    QString m_placeholder;
 };

@@ -1,4 +1,4 @@
-#include "booking/MessageModifie.h"
+#include "booking/MessagesRDV.h"
 
 #include "platform/ui/DatesFr.h"
 

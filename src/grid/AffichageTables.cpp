@@ -1,0 +1,136 @@
+#include "grid/AffichageTables.h"
+
+#include "config/ConfigTables.h"
+#include "grid/RendezVousTables.h"
+
+namespace {
+
+Grille grilleDe(const Configuration &config, QTime debut, QTime fin, const QString &entete) {
+    const QString defaut = DefautConfiguration(config);
+    if (defaut.isEmpty()) {
+        return {config, {debut, fin, config.Intervalle}, entete, {}, {}};
+    }
+    return {config,
+            {},
+            entete,
+            {},
+            QStringLiteral("La configuration « %1 » ne peut pas être affichée : %2.")
+                .arg(config.NomConfig.left(100), defaut)};
+}
+
+Grille grilleDeLaJournee(const Configuration &config, const QString &entete) {
+    return grilleDe(config, config.HeureMatDebut, config.HeurePMFin, entete);
+}
+
+Grille grilleVide(const QString &entete, const QString &empechement) {
+    return {{}, {}, entete, {}, empechement};
+}
+
+QString sansRepli() {
+    return QStringLiteral(
+        "Ce praticien n'a pas de configuration et la configuration « Défaut » n'existe pas : "
+        "le carnet ne peut pas être affiché.");
+}
+
+QString matin() {
+    return QStringLiteral("Matin");
+}
+
+QString apresMidi() {
+    return QStringLiteral("Après-midi");
+}
+
+/// The week's configuration: the one kept, the chair's, or the fall-back.
+std::optional<Configuration> configDeLaSemaine(Database &carnet, const Affichage &affichage) {
+    if (affichage.demande.config) {
+        return affichage.demande.config;
+    }
+    const int place = PlaceDuFauteuil(affichage.configs, affichage.demande.fauteuil);
+    return place < 0 ? ConfigDeRepli(carnet) : std::optional(affichage.configs[place].config);
+}
+
+void litSemaine(Database &carnet, Affichage &affichage) {
+    const std::optional<Configuration> config = configDeLaSemaine(carnet, affichage);
+    if (!config) {
+        affichage.grilles = {grilleVide({}, sansRepli())};
+        return;
+    }
+    affichage.grilles = {grilleDeLaJournee(*config, {})};
+    for (int i = int(affichage.configs.size()) - 1; i >= 0; --i) {
+        if (affichage.configs[i].config.NomConfig == config->NomConfig) {
+            affichage.fauteuilCoche = i;
+        }
+    }
+}
+
+/// Morning and afternoon of the practitioner's first configuration.
+void litMatinEtApresMidi(Database &carnet, Affichage &affichage) {
+    const std::optional<Configuration> config =
+        affichage.configs.isEmpty() ? ConfigDeRepli(carnet) : std::optional(affichage.configs.first().config);
+    if (!config) {
+        affichage.grilles = {grilleVide(matin(), sansRepli()), grilleVide(apresMidi(), sansRepli())};
+        return;
+    }
+    affichage.grilles = {grilleDe(*config, config->HeureMatDebut, config->HeureMatFin, matin()),
+                         grilleDe(*config, config->HeurePMDebut, config->HeurePMFin, apresMidi())};
+}
+
+void litDeuxFauteuils(Affichage &affichage) {
+    const int nombre = int(affichage.configs.size());
+    if (nombre < 2 || affichage.fauteuilCoche < 0) {
+        const QString pourquoi =
+            nombre < 2 ? QStringLiteral("Ce praticien n'a qu'un fauteuil : la vue par jour en montre deux.")
+                       : QStringLiteral("Aucun fauteuil n'est choisi dans le menu Fauteuil.");
+        affichage.grilles = {grilleVide(matin(), pourquoi), grilleVide(apresMidi(), pourquoi)};
+        return;
+    }
+    const auto [premier, second] = FauteuilsDuJour(nombre, affichage.fauteuilCoche);
+    for (const int place : {premier, second}) {
+        // the chair's configuration is its first row, whichever row the menu lists
+        const QString fauteuil = affichage.configs[place].config.FauteuilCourant;
+        const int ligne = PlaceDuFauteuil(affichage.configs, CLng(fauteuil));
+        affichage.grilles << grilleDeLaJournee(affichage.configs[ligne].config, LibelleFauteuil(fauteuil));
+    }
+}
+
+bool toutesLesChaises(const Affichage &affichage) {
+    return !affichage.demande.VueSemaine && !affichage.AvecFauteuils();
+}
+
+QList<RendezVous> rendezVous(Database &carnet, const Affichage &affichage, const Grille &grille,
+                             QDate premier, QDate dernier) {
+    const long praticien = affichage.demande.numPraticien();
+    if (toutesLesChaises(affichage)) {
+        return RendezVousEntre(carnet, premier, dernier, praticien, std::nullopt);
+    }
+    return RendezVousEntre(carnet, premier, dernier, praticien, CLng(grille.config.FauteuilCourant));
+}
+
+} // namespace
+
+Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime &maintenant) {
+    Affichage affichage;
+    affichage.demande = demande;
+    affichage.lu = maintenant;
+    affichage.configs = ConfigsDuPraticien(carnet, demande.numPraticien());
+    if (demande.VueSemaine) {
+        litSemaine(carnet, affichage);
+    } else if (affichage.AvecFauteuils()) {
+        affichage.fauteuilCoche = PlaceDuFauteuil(affichage.configs, demande.fauteuil);
+        litDeuxFauteuils(affichage);
+    } else {
+        affichage.fauteuilCoche = PlaceDuFauteuil(affichage.configs, demande.fauteuil);
+        litMatinEtApresMidi(carnet, affichage);
+    }
+    const auto [premier, dernier] = JoursLus(demande);
+    for (Grille &grille : affichage.grilles) {
+        if (grille.tracable()) {
+            grille.rendezVous = rendezVous(carnet, affichage, grille, premier, dernier);
+        }
+    }
+    return affichage;
+}
+
+QList<RendezVous> RelitJour(Database &carnet, const Affichage &affichage, int grille, QDate jour) {
+    return rendezVous(carnet, affichage, affichage.grilles[grille], jour, jour);
+}

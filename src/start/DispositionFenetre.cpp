@@ -1,0 +1,50 @@
+#include "start/DispositionFenetre.h"
+
+#include "ui_FrmEntree.h"
+
+#include "grid/Disposition.h"
+#include "platform/ui/Twips.h"
+
+bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur) {
+    const auto d = DisposeFenetre(twipsFromPixels(largeur), twipsFromPixels(hauteur));
+    if (!d) {
+        return false;
+    }
+    const std::initializer_list<std::pair<QWidget *, const Rectangle *>> places{
+        {ui.GrilleRDV, &d->GrilleRDV},
+        {ui.Frame1, &d->Frame1},
+        {ui.BtnPrecedent, &d->BtnPrecedent},
+        {ui.BtnAujourdhui, &d->BtnAujourdhui},
+        {ui.BtnSuivant, &d->BtnSuivant},
+        {ui.Frame2, &d->Frame2},
+        {ui.BtnRafraichir, &d->BtnRafraichir},
+        {ui.BtnMois, &d->BtnMois},
+        {ui.Frame3, &d->Frame3},
+        {ui.BtnQuitter, &d->BtnQuitter},
+        {ui.Frame4, &d->Frame1},
+        {ui.BtnPrecedent2, &d->BtnPrecedent},
+        {ui.BtnAujourdhui2, &d->BtnAujourdhui},
+        {ui.BtnSuivant2, &d->BtnSuivant},
+        {ui.GrilleRDV02, &d->GrilleRDV02},
+        {ui.GrilleRDV03, &d->GrilleRDV03}};
+    for (const auto &[controle, place] : places) {
+        controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
+    }
+    return true;
+}
+
+void MontreVue(const Ui::FrmEntree &ui, bool semaine) {
+    QWidget *grille = semaine ? ui.GrilleRDV : ui.GrilleRDV02;
+    const bool change = grille->isHidden();
+    for (QWidget *w :
+         QList<QWidget *>{ui.GrilleRDV, ui.Frame1, ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant}) {
+        w->setVisible(semaine);
+    }
+    for (QWidget *w : QList<QWidget *>{ui.GrilleRDV02, ui.GrilleRDV03, ui.Frame4, ui.BtnPrecedent2,
+                                       ui.BtnAujourdhui2, ui.BtnSuivant2}) {
+        w->setVisible(!semaine);
+    }
+    if (change) { // a redraw leaves the focus where it is
+        grille->setFocus();
+    }
+}
