@@ -16,10 +16,14 @@ QTime prochainCreneau() {
 }
 
 double ajoute(CarnetOuvert &carnet, QImage &image) {
-    carnet.v.HeureDebutCourante = prochainCreneau();
-    carnet.v.HeureFinCourante = carnet.v.HeureDebutCourante.addSecs(600);
-    FrmAjouter dialogue(carnet.v);
-    QObject::connect(&dialogue, &FrmAjouter::rdvEcrit, carnet.fenetre.get(), [&] {
+    const QTime debut = prochainCreneau();
+    FrmAjouter dialogue(carnet.v, {carnet.v.PraticienCourant,
+                                   carnet.v.config.FauteuilCourant,
+                                   carnet.v.txtNumJourEnCours,
+                                   {debut, debut.addSecs(600)},
+                                   carnet.v.config.Intervalle,
+                                   1});
+    QObject::connect(&dialogue, &QDialog::accepted, carnet.fenetre.get(), [&] {
         carnet.fenetre->findChild<QPushButton *>(QStringLiteral("BtnRafraichir"))->click();
         carnet.GrilleRDV->render(&image);
     });

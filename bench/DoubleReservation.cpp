@@ -202,8 +202,8 @@ class Poste {
         const SaisieRDV nouvelle = saisie(voulue);
         const qint64 avant = instant();
         const bool fait =
-            deplace ? ModifieRDV(rdv, choisi.RefRDV, nouvelle, praticien, fauteuil) == ResultatEdition::Fait
-                    : RetrouveRDV(rdv, choisi, praticien) && SupprimeRDV(rdv, choisi.RefRDV);
+            (deplace ? ModifieRDV(rdv, choisi, nouvelle, praticien, fauteuil) : SupprimeRDV(rdv, choisi))
+                .resultat == Ecriture::Fait;
         if (fait) {
             const QString contenu = contenuDe(nouvelle, QStringLiteral("0%1").arg(praticien), fauteuil);
             m_journal.note({deplace ? Action::Modification : Action::Suppression, choisi.RefRDV, avant,

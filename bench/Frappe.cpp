@@ -47,6 +47,15 @@ struct Recherche {
         });
     }
 
+    /// All that the list holds once somebody has walked to its end.
+    int listes() const {
+        QAbstractItemModel &liste = *Grille1->model();
+        while (liste.canFetchMore({})) {
+            liste.fetchMore({});
+        }
+        return liste.rowCount();
+    }
+
     /// Reads the four listed columns of every row.
     int lit() const {
         sqlite3 *base = nullptr;
@@ -69,7 +78,7 @@ struct Recherche {
 Cotes cotes(const QString &texte, const QString &dialecte, bool avecReference) {
     const auto recherche = std::make_shared<Recherche>(dialecte);
     recherche->tape(texte);
-    const int listes = recherche->Grille1->model()->rowCount();
+    const int listes = recherche->listes();
     if (listes == 0 || listes != recherche->lit()) {
         throw MesureImpossible(
             QStringLiteral("%1 patients listés pour %2 lus").arg(listes).arg(recherche->lit()));

@@ -5,64 +5,76 @@
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Essai.h"
 
-ActionsRDV::ActionsRDV(VariablesGlobales &etat, QWidget &fenetre) : v(etat), m_fenetre(fenetre) {}
+ActionsRDV::ActionsRDV(const Environnement &env, QWidget &fenetre) : m_env(env), m_fenetre(fenetre) {}
 
-void ActionsRDV::mnuAjouter_Click() {
+void ActionsRDV::ajoute(const PlaceRDV &place) {
     constexpr int aCheval = 2;
-    if (v.ChoixHoraire == aCheval) {
+    PlaceRDV choisie = place;
+    if (place.ChoixHoraire == aCheval) {
         FrmQuelHoraire question(&m_fenetre);
         if (question.exec() != QDialog::Accepted) {
             return;
         }
-        v.ChoixHoraire = question.ChoixHoraire();
+        choisie.ChoixHoraire = question.ChoixHoraire();
     }
-    FrmAjouter fenetre(v, &m_fenetre);
-    connect(&fenetre, &FrmAjouter::rdvEcrit, this, &ActionsRDV::rdvEcrit);
-    fenetre.exec();
+    FrmAjouter fenetre(m_env, choisie, &m_fenetre);
+    if (fenetre.exec() == QDialog::Accepted) {
+        emit rdvEcrit(fenetre.rdvEcrit());
+    }
 }
 
-void ActionsRDV::mnuEditer_Click() {
-    std::optional<qint64> ref;
-    try {
-        Database base = v.ouvreCarnet();
-        ref = RetrouveRDV(base, v.rdvSelectionne(), v.numPraticien());
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+void ActionsRDV::edite(const RendezVous &rdv, const PlaceRDV &place) {
+    std::optional<RendezVous> actuel;
+    const bool lu = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnet();
+        actuel = LitRDV(base, rdv.RefRDV);
+    });
+    if (!lu) {
         return;
     }
-    if (!ref) { // deleted from another workstation: there is nothing to edit
-        v.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
-        emit rdvEcrit();
+    if (!actuel) { // deleted from another workstation: there is nothing to edit
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
+        emit rdvEcrit({});
         return;
     }
-    FrmEditer fenetre(v, *ref, &m_fenetre);
-    connect(&fenetre, &FrmEditer::rdvEcrit, this, &ActionsRDV::rdvEcrit);
-    fenetre.exec();
-}
-
-void ActionsRDV::mnuReporter_Click() {
-    FrmJourMois(v.maintenant().date(), &m_fenetre).exec();
-}
-
-void ActionsRDV::mnuSupprimer_Click() {
-    FrmSupprimer fenetre(v, &m_fenetre);
-    connect(&fenetre, &FrmSupprimer::rdvEcrit, this, &ActionsRDV::rdvEcrit);
-    fenetre.exec();
-}
-
-void ActionsRDV::mnuPresent_Click() {
-    try {
-        Database base = v.ouvreCarnet();
-        if (!BasculePresent(base, v.RefRDVCourant)) {
-            v.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
-        }
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    FrmEditer fenetre(m_env, *actuel, place, &m_fenetre);
+    const bool ferme = fenetre.exec() == QDialog::Accepted;
+    if (ferme || fenetre.rdvEcrit() != rdv) {
+        emit rdvEcrit(fenetre.rdvEcrit());
     }
-    emit rdvEcrit(); // the drawn book says what Present is, also where nothing could be written
+}
+
+void ActionsRDV::supprime(const RendezVous &rdv, const PlaceRDV &place) {
+    FrmSupprimer fenetre(m_env, rdv, place, &m_fenetre);
+    if (fenetre.exec() == QDialog::Accepted) {
+        emit rdvEcrit(fenetre.rdvReste());
+    }
+}
+
+void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
+    BilanEcriture bilan;
+    RendezVous apres = rdv;
+    const bool fait = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        bilan = MarquePresent(base, rdv, present);
+    });
+    if (bilan.resultat == Ecriture::Disparu) {
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
+        apres = {};
+    } else if (bilan.resultat == Ecriture::Change) {
+        m_env.messages->show(MessageModifie(rdv, bilan.actuel), titreModifie);
+        apres = bilan.actuel;
+    } else if (fait) {
+        apres.Present = present;
+    }
+    emit rdvEcrit(apres); // the drawn book says what Present is, also where nothing could be written
+}
+
+void ActionsRDV::reporte() {
+    FrmJourMois(m_env.maintenant().date(), &m_fenetre).exec();
 }

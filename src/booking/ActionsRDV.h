@@ -1,28 +1,34 @@
 #pragma once
 
+#include "grid/PlaceRDV.h"
+#include "grid/RendezVous.h"
+
 #include <QObject>
 
 class QWidget;
-struct VariablesGlobales;
+struct Environnement;
 
-/// What the menus do with the selection: each opens its window, or acts at once.
+/// What the menus do with a place or an appointment: each opens its window, or acts at once.
 class ActionsRDV : public QObject {
     Q_OBJECT
   public:
     /// `fenetre` is the windows' parent.
-    ActionsRDV(VariablesGlobales &etat, QWidget &fenetre);
+    ActionsRDV(const Environnement &env, QWidget &fenetre);
 
-    void mnuAjouter_Click();
-    void mnuEditer_Click();
-    void mnuReporter_Click();
-    void mnuSupprimer_Click();
-    void mnuPresent_Click();
+    /// `place` is free; a range across the working hours is asked about first.
+    void ajoute(const PlaceRDV &place);
+    /// `rdv` is the appointment as the window shows it, here and below.
+    void edite(const RendezVous &rdv, const PlaceRDV &place);
+    void supprime(const RendezVous &rdv, const PlaceRDV &place);
+    void marquePresent(const RendezVous &rdv, bool present);
+    void reporte();
 
   signals:
-    /// The book was changed, or is not what the grid shows: it is to be drawn again.
-    void rdvEcrit();
+    /// The book was changed, or is not what the window shows: it is to be read again. `rdv` is the
+    /// appointment as it now stands, its RefRDV 0 when there is none left.
+    void rdvEcrit(const RendezVous &rdv);
 
   private:
-    VariablesGlobales &v;
+    const Environnement &m_env;
     QWidget &m_fenetre;
 };

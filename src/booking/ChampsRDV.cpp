@@ -1,14 +1,113 @@
 #include "booking/ChampsRDV.h"
 
-#include "schedule/TrancheHoraire.h"
+#include "patients/Critere.h"
+#include "patients/TexteSaisi.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "platform/ui/Sablier.h"
+#include "practice/Essai.h"
+#include "schedule/TrancheHoraire.h"
 #include "ui_ChampsRDV.h"
 
 namespace {
 
-void coloreChamp(QWidget &champ, CouleurPatient couleur) {
+// Widths of the book's columns, characters.
+constexpr int largeurNom = 50;
+constexpr int largeurTelephone = 20;
+constexpr int largeurDescription = 255;
+
+/// A text that is stored longer than its column stays whole.
+void metTexte(QLineEdit &champ, const QString &texte, int largeur) {
+    champ.setMaxLength(std::max(largeur, int(texte.size())));
+    champ.setText(texte);
+    champ.setCursorPosition(0);
+}
+
+QString lit(const QLineEdit &champ, const QString &montre) {
+    return champ.text() == montre ? montre : UneLigne(champ.text());
+}
+
+} // namespace
+
+ChampsRDV::ChampsRDV(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ChampsRDV>()) {
+    ui->setupUi(this);
+    setFocusProxy(ui->recherchePatient); // the patient comes first
+    ui->DTPicker1->setReader(LitDate, premiereDate, derniereDate);
+    relieHoraires();
+    relieListe();
+    for (const QLineEdit *champ : {ui->Text1, ui->Text2}) {
+        connect(champ, &QLineEdit::textEdited, this, &ChampsRDV::retireNumero);
+    }
+    connect(ui->BtnInit, &QPushButton::clicked, this, &ChampsRDV::BtnInit_Click);
+}
+
+ChampsRDV::~ChampsRDV() = default;
+
+void ChampsRDV::relieHoraires() {
+    const std::initializer_list<std::pair<UpDown *, Deplace>> fleches{
+        {ui->UpDown1, Deplace::Debut}, {ui->UpDown2, Deplace::Fin}, {ui->UpDown3, Deplace::LesDeux}};
+    for (const auto &[fleche, quoi] : fleches) {
+        connect(fleche, &UpDown::upClicked, this, [this, quoi = quoi] { deplace(quoi, Sens::PlusTard); });
+        connect(fleche, &UpDown::downClicked, this, [this, quoi = quoi] { deplace(quoi, Sens::PlusTot); });
+    }
+    for (QLineEdit *champ : {ui->TextHeureDebut, ui->TextHeureFin}) {
+        connect(champ, &QLineEdit::editingFinished, this, [champ] {
+            if (const auto heure = LitHeure(champ->text())) {
+                champ->setText(DatesFr::heure(*heure));
+            }
+        });
+    }
+}
+
+void ChampsRDV::relieListe() {
+    connect(ui->recherchePatient, &RecherchePatient::patientParcouru, this, &ChampsRDV::parcourt);
+    connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this,
+            [this](const PatientTrouve &patient) {
+                parcourt(patient); // the fields may have been typed over since the row was highlighted
+                emit patientChoisi(m_drapeau);
+            });
+}
+
+void ChampsRDV::utilise(const Environnement &env, int intervalle, Usage usage) {
+    m_env = &env;
+    m_intervalle = intervalle;
+    m_usage = usage;
+    ui->recherchePatient->utilise(env);
+    ui->txtNumPatient->setEnabled(usage == Usage::Edition);
+}
+
+// ---- Filling
+
+void ChampsRDV::montre(const SaisieRDV &saisie) {
+    m_montree = saisie;
+    ui->DTPicker1->setDate(saisie.Date1);
+    montreHoraires({saisie.HeureDebut, saisie.HeureFin});
+    metTexte(*ui->Text1, saisie.Nom, largeurNom);
+    metTexte(*ui->Text2, saisie.Prenom, largeurNom);
+    metTexte(*ui->Text3, saisie.Telephone, largeurTelephone);
+    metTexte(*ui->Text4, saisie.Description, largeurDescription);
+    metNumero(saisie.NumPatient);
+}
+
+void ChampsRDV::montreHoraires(const HorairesRDV &horaires) {
+    ui->TextHeureDebut->setText(DatesFr::heure(horaires.debut));
+    ui->TextHeureFin->setText(DatesFr::heure(horaires.fin));
+}
+
+void ChampsRDV::montrePatient(const QString &nom, const QString &prenom, const QString &numero) {
+    metTexte(*ui->Text1, nom, largeurNom);
+    metTexte(*ui->Text2, prenom, largeurNom);
+    metNumero(numero);
+    m_drapeau = std::nullopt;
+    essaie(*m_env, [&] {
+        const Sablier sablier;
+        Database patients = m_env->ouvrePatients();
+        m_drapeau = RDVNonHonoré(patients, CLng(numero));
+    });
+    colore(CouleurDuPatient(m_drapeau));
+}
+
+void ChampsRDV::colore(CouleurPatient couleur) {
     if (couleur == CouleurPatient::Inchangee) {
         return;
     }
@@ -16,49 +115,24 @@ void coloreChamp(QWidget &champ, CouleurPatient couleur) {
     if (couleur == CouleurPatient::Rouge) {
         palette.setColor(QPalette::Text, Qt::red);
     }
-    champ.setPalette(palette);
-}
-
-} // namespace
-
-ChampsRDV::ChampsRDV(QWidget *parent) : QWidget(parent), ui(std::make_unique<Ui::ChampsRDV>()) {
-    ui->setupUi(this);
-    const std::initializer_list<std::pair<UpDown *, Deplace>> fleches{
-        {ui->UpDown1, Deplace::Debut}, {ui->UpDown2, Deplace::Fin}, {ui->UpDown3, Deplace::LesDeux}};
-    for (const auto &[fleche, quoi] : fleches) {
-        connect(fleche, &UpDown::upClicked, this, [this, quoi = quoi] { deplace(quoi, Sens::PlusTard); });
-        connect(fleche, &UpDown::downClicked, this, [this, quoi = quoi] { deplace(quoi, Sens::PlusTot); });
+    for (QWidget *champ : {ui->Text1, ui->Text2, ui->Text3, ui->Text4}) {
+        champ->setPalette(palette);
     }
-    connect(ui->Text1, &QLineEdit::textEdited, this, &ChampsRDV::nomTape);
-    connect(ui->BtnInit, &QPushButton::clicked, this, &ChampsRDV::remiseAZero);
-    connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this, &ChampsRDV::patientChoisi);
-    setFocusProxy(ui->recherchePatient); // the patient comes first
-    ui->DTPicker1->setLocale(QLocale(QLocale::French, QLocale::France));
 }
 
-ChampsRDV::~ChampsRDV() = default;
-
-void ChampsRDV::utilise(VariablesGlobales &etat) {
-    v = &etat;
-    ui->recherchePatient->utilise(etat);
+/// No number is an empty field where it cannot be typed.
+void ChampsRDV::metNumero(const QString &numero) {
+    const bool aucun = CLng(numero) == 0;
+    ui->txtNumPatient->setText(aucun && m_usage == Usage::Ajout ? QString() : numero);
 }
 
-void ChampsRDV::montreHoraire(QDate jour, const HorairesRDV &horaires) {
-    ui->DTPicker1->setDate(jour);
-    ui->TextHeureDebut->setText(DatesFr::heure(horaires.debut));
-    ui->TextHeureFin->setText(DatesFr::heure(horaires.fin));
+void ChampsRDV::metDescription(const QString &description) {
+    metTexte(*ui->Text4, description, largeurDescription);
 }
 
-void ChampsRDV::montrePatient(const QString &nom, const QString &prenom, const QString &telephone,
-                              const QString &description) {
-    montreNom(nom, prenom);
-    ui->Text3->setText(telephone);
-    ui->Text4->setText(description);
-}
-
-void ChampsRDV::montreNom(const QString &nom, const QString &prenom) {
-    ui->Text1->setText(nom);
-    ui->Text2->setText(prenom);
+void ChampsRDV::videDetails() {
+    ui->Text3->clear();
+    ui->Text4->clear();
 }
 
 void ChampsRDV::activeSaisie(bool active) {
@@ -67,67 +141,88 @@ void ChampsRDV::activeSaisie(bool active) {
     }
 }
 
-void ChampsRDV::metDescription(const QString &description) {
-    ui->Text4->setText(description);
-}
-
-void ChampsRDV::colore(CouleurPatient couleur) {
-    for (QWidget *champ : {ui->Text1, ui->Text2, ui->Text3, ui->Text4}) {
-        coloreChamp(*champ, couleur);
-    }
-}
-
-void ChampsRDV::coloreNom(CouleurPatient couleur) {
-    coloreChamp(*ui->Text1, couleur);
-}
+// ---- Handlers
 
 /// The arrows start from what the fields show, typed text included; a field that shows no time stays.
 void ChampsRDV::deplace(Deplace quoi, Sens sens) {
     const auto debut = LitHeure(ui->TextHeureDebut->text());
     const auto fin = LitHeure(ui->TextHeureFin->text());
     if (debut && fin) {
-        montreHoraire(ui->DTPicker1->date(),
-                      DeplaceHoraires({*debut, *fin}, quoi, sens, v->config.Intervalle));
+        montreHoraires(DeplaceHoraires({*debut, *fin}, quoi, sens, m_intervalle));
     }
 }
 
+void ChampsRDV::parcourt(const PatientTrouve &patient) {
+    montrePatient(patient.nom, patient.prenom, patient.numero);
+    emit patientChange();
+}
+
+void ChampsRDV::retireNumero() {
+    metNumero(QStringLiteral("0"));
+    colore(CouleurPatient::ParDefaut);
+    emit patientChange();
+}
+
+void ChampsRDV::BtnInit_Click() {
+    ui->Text1->clear();
+    ui->Text2->clear();
+    if (m_usage == Usage::Edition) {
+        videDetails();
+    }
+    retireNumero();
+}
+
+// ---- Reading
+
+std::nullopt_t ChampsRDV::refuse(const QString &texte, const QString &titre, QWidget &champ) {
+    m_env->messages->show(texte, titre);
+    champ.setFocus();
+    return std::nullopt;
+}
+
+bool ChampsRDV::exigeNom() {
+    if (!ui->Text1->text().trimmed().isEmpty()) {
+        return true;
+    }
+    ui->Text1->clear();
+    refuse(QStringLiteral("Vous devez obligatoirement entrer un Nom."), QStringLiteral("Erreur de case vide"),
+           *ui->Text1);
+    return false;
+}
+
 std::optional<SaisieRDV> ChampsRDV::saisie() {
-    const auto refuse = [this](const QString &texte, const QString &titre, QWidget *champ) {
-        v->messages->show(texte, titre);
-        champ->setFocus();
+    const QString erreur = QStringLiteral("Erreur !");
+    if (!exigeNom()) {
         return std::nullopt;
-    };
-    if (ui->Text1->text().trimmed().isEmpty()) {
-        ui->Text1->setText(ui->Text1->text().trimmed());
-        return refuse(QStringLiteral("Vous devez obligatoirement entrer un Nom."),
-                      QStringLiteral("Erreur de case vide"), ui->Text1);
+    }
+    const auto jour = ui->DTPicker1->date();
+    if (!jour) {
+        return refuse(
+            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
+            erreur, *ui->DTPicker1);
     }
     const auto debut = LitHeure(ui->TextHeureDebut->text());
     const auto fin = LitHeure(ui->TextHeureFin->text());
     if (!debut || !fin) {
         return refuse(QStringLiteral("Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00."),
-                      QStringLiteral("Erreur !"), debut ? ui->TextHeureFin : ui->TextHeureDebut);
+                      erreur, debut ? *ui->TextHeureFin : *ui->TextHeureDebut);
     }
     if (!EstReservable({*debut, *fin})) {
-        return refuse(QStringLiteral("L'heure de fin doit venir après l'heure de début."),
-                      QStringLiteral("Erreur !"), ui->TextHeureFin);
+        return refuse(QStringLiteral("L'heure de fin doit venir après l'heure de début."), erreur,
+                      *ui->TextHeureFin);
     }
-    SaisieRDV saisie;
-    saisie.Nom = ui->Text1->text();
-    saisie.Prenom = ui->Text2->text();
-    saisie.Telephone = ui->Text3->text();
-    saisie.Description = ui->Text4->text();
-    saisie.Date1 = ui->DTPicker1->date();
-    saisie.HeureDebut = *debut;
-    saisie.HeureFin = *fin;
-    return saisie;
-}
-
-void ChampsRDV::garde(const SaisieRDV &saisie) {
-    v->HeureDebutCourante = saisie.HeureDebut;
-    v->HeureFinCourante = saisie.HeureFin;
-    v->NomRDV = saisie.Nom;
-    v->PrenomRDV = saisie.Prenom;
-    v->TelephoneRDV = saisie.Telephone;
-    v->DescriptionRDV = saisie.Description;
+    if (!EstNumeroPatient(ui->txtNumPatient->text())) {
+        return refuse(
+            QStringLiteral("Ce numéro de patient n'est pas valide. Veuillez saisir des chiffres, ou "
+                           "rien pour un patient sans numéro."),
+            erreur, *ui->txtNumPatient);
+    }
+    return SaisieRDV{lit(*ui->Text1, m_montree.Nom),
+                     lit(*ui->Text2, m_montree.Prenom),
+                     lit(*ui->Text3, m_montree.Telephone),
+                     lit(*ui->Text4, m_montree.Description),
+                     ui->txtNumPatient->text().trimmed(),
+                     *jour,
+                     *debut,
+                     *fin};
 }

@@ -11,42 +11,60 @@
 namespace Ui {
 class ChampsRDV;
 }
-struct VariablesGlobales;
+class QLineEdit;
+struct Environnement;
 
 /// What the add and the edit dialogs have in common: date and hours with their arrows, the patient's fields,
-/// the patient lookup.
+/// the patient lookup. What the fields say is what is booked: a highlighted patient fills them, and his
+/// number goes with the name it came with.
 class ChampsRDV : public QWidget {
     Q_OBJECT
   public:
+    /// An edit may type a patient's number, and its reset empties telephone and description too.
+    enum class Usage { Ajout, Edition };
+
     explicit ChampsRDV(QWidget *parent = nullptr);
     ~ChampsRDV() override;
 
-    /// Nothing works before this call; `etat` outlives the widget.
-    void utilise(VariablesGlobales &etat);
-    void montreHoraire(QDate jour, const HorairesRDV &horaires);
-    void montrePatient(const QString &nom, const QString &prenom, const QString &telephone,
-                       const QString &description);
-    void montreNom(const QString &nom, const QString &prenom);
+    /// Nothing works before this call; `env` outlives the widget. `intervalle` is the arrows' step, minutes.
+    void utilise(const Environnement &env, int intervalle, Usage usage);
+    /// Fills every field.
+    void montre(const SaisieRDV &saisie);
+    /// Names a patient, in the colour that his flag asks for.
+    void montrePatient(const QString &nom, const QString &prenom, const QString &numero);
+    void metDescription(const QString &description);
+    /// Empties telephone and description.
+    void videDetails();
     /// Whether the patient's name, first name and telephone may be typed.
     void activeSaisie(bool active);
-    void metDescription(const QString &description);
-    void colore(CouleurPatient couleur);
-    void coloreNom(CouleurPatient couleur);
 
+    /// Tells a missing name, which gets the focus.
+    bool exigeNom();
     /// What the screen says. What it must not say is told, gets the focus, and gives nothing.
     std::optional<SaisieRDV> saisie();
-    /// Copies what was said into the selection context.
-    void garde(const SaisieRDV &saisie);
 
   signals:
-    void nomTape();
-    void patientChoisi(const PatientTrouve &patient);
-    /// BtnInit
-    void remiseAZero();
+    /// The user names another patient: typed, highlighted or emptied.
+    void patientChange();
+    /// The highlighted patient was chosen; the fields name him.
+    void patientChoisi(NonHonore drapeau);
 
   private:
+    void relieHoraires();
+    void relieListe();
+    void montreHoraires(const HorairesRDV &horaires);
     void deplace(Deplace quoi, Sens sens);
+    void parcourt(const PatientTrouve &patient);
+    void colore(CouleurPatient couleur);
+    void retireNumero();
+    void metNumero(const QString &numero);
+    void BtnInit_Click();
+    std::nullopt_t refuse(const QString &texte, const QString &titre, QWidget &champ);
 
     std::unique_ptr<Ui::ChampsRDV> ui;
-    VariablesGlobales *v = nullptr;
+    const Environnement *m_env = nullptr;
+    int m_intervalle = 0;
+    Usage m_usage = Usage::Ajout;
+    SaisieRDV m_montree; ///< texts as they were shown: what nobody touches is written back as it was
+    NonHonore m_drapeau;
 };

@@ -1,26 +1,23 @@
 #include "booking/FrmAjouter.h"
 
 #include "booking/CodesRapidesDescription.h"
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "patients/ActesTables.h"
-#include "start/VariablesGlobales.h"
 #include "patients/FrmNouveauPatient.h"
-#include "platform/db/DbError.h"
-#include "platform/ui/Messages.h"
-#include "platform/ui/Sablier.h"
 #include "patients/TransmissionTables.h"
-#include "start/VariablesGlobales.h"
+#include "platform/ui/Messages.h"
+#include "practice/Essai.h"
 #include "ui_FrmAjouter.h"
 
 #include <QEvent>
 
-FrmAjouter::FrmAjouter(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmAjouter>()), v(etat) {
+FrmAjouter::FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmAjouter>()), m_env(env), m_place(place) {
     ui->setupUi(this);
-    ui->champs->utilise(v);
+    ui->champs->utilise(env, place.Intervalle, ChampsRDV::Usage::Ajout);
     ui->champs->setFocus();
-    connect(ui->champs, &ChampsRDV::nomTape, this, [this] { v.NumPatientTransmis = 0; });
-    connect(ui->champs, &ChampsRDV::remiseAZero, this, &FrmAjouter::BtnInit_Click);
+    connect(ui->champs, &ChampsRDV::patientChange, this, [this] { m_numTransmis = 0; });
     connect(ui->champs, &ChampsRDV::patientChoisi, this, &FrmAjouter::choisit);
     connect(ui->Check1, &QCheckBox::toggled, this, &FrmAjouter::Check1_Click);
     connect(ui->NouveauPatient, &QPushButton::clicked, this, &FrmAjouter::NouveauPatient_Click);
@@ -28,7 +25,11 @@ FrmAjouter::FrmAjouter(VariablesGlobales &etat, QWidget *parent)
     connect(ui->BtnAjouter, &QPushButton::clicked, this, &FrmAjouter::BtnAjouter_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     Check1_Click();
-    ui->champs->montreHoraire(v.txtNumJourEnCours, {v.HeureDebutCourante, v.HeureFinCourante});
+    SaisieRDV vide;
+    vide.Date1 = place.jour;
+    vide.HeureDebut = place.horaire.debut;
+    vide.HeureFin = place.horaire.fin;
+    ui->champs->montre(vide);
     litTransmission();
 }
 
@@ -43,31 +44,23 @@ bool FrmAjouter::event(QEvent *event) {
 
 void FrmAjouter::litTransmission() {
     Transmission lue;
-    try {
-        Database transmission = v.ouvreTransmission();
+    const std::optional<DbError> echec = tente(m_env, [&] {
+        Database transmission = m_env.ouvreTransmission();
         lue = LitTransmission(transmission);
-    } catch (const DbError &erreur) {
+    });
+    if (echec) {
         if (!m_numLu) { // told once, not each time the window comes back
             m_numLu = 0;
-            v.messages->error(erreur.message());
+            m_env.messages->error(echec->message());
         }
         return;
     }
     const bool autrePatient = m_numLu != lue.NumPatient;
     m_numLu = lue.NumPatient;
-    if (!lue.avecPatient || !autrePatient) {
-        return;
-    }
-    v.NomPatientTransmis = lue.NomPatient;
-    v.PrenomPatientTransmis = lue.PrenomPatient;
-    v.NumPatientTransmis = int(lue.NumPatient);
-    v.NumPatientCourant = QString::number(lue.NumPatient);
-    ui->champs->montrePatient(lue.NomPatient, lue.PrenomPatient, QString(), QString());
-    try {
-        Database patients = v.ouvrePatients();
-        ui->champs->colore(CouleurALActivation(RDVNonHonoré(patients, v.NumPatientTransmis)));
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    if (lue.avecPatient && autrePatient) {
+        ui->champs->videDetails();
+        ui->champs->montrePatient(lue.NomPatient, lue.PrenomPatient, QString::number(lue.NumPatient));
+        m_numTransmis = lue.NumPatient;
     }
 }
 
@@ -77,7 +70,7 @@ void FrmAjouter::Check1_Click() {
 }
 
 void FrmAjouter::NouveauPatient_Click() {
-    FrmNouveauPatient(v, this).exec();
+    FrmNouveauPatient(m_env, this).exec();
 }
 
 void FrmAjouter::PlusDeDesciption_Click() {
@@ -86,82 +79,46 @@ void FrmAjouter::PlusDeDesciption_Click() {
     ui->champs->metDescription(acceptee ? fenetre.texte() : QString());
 }
 
-void FrmAjouter::BtnInit_Click() {
-    ui->champs->montreNom(QString(), QString());
-    v.NumPatientCourant = QStringLiteral("0");
-    v.NumPatientTransmis = 0; // an emptied field is nobody's any more
-}
-
-void FrmAjouter::choisit(const PatientTrouve &patient) {
-    ui->champs->montreNom(patient.nom, patient.prenom);
-    v.NumPatientCourant = patient.numero;
-    v.NumPatientTransmis = 0;
-    try {
-        NonHonore drapeau;
-        {
-            const Sablier sablier;
-            Database patients = v.ouvrePatients();
-            drapeau = RDVNonHonoré(patients, CLng(patient.numero));
-        }
-        ui->champs->coloreNom(CouleurAuChoix(drapeau));
-        if (AlerteAuChoix(drapeau)) {
-            v.messages->show(messageNonHonore, titreNonHonore, Messages::Icon::Critical);
-        }
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-        return;
+void FrmAjouter::choisit(NonHonore drapeau) {
+    if (drapeau == true) {
+        m_env.messages->show(messageNonHonore, titreNonHonore, Messages::Icon::Critical);
     }
     BtnAjouter_Click();
 }
 
 void FrmAjouter::BtnAjouter_Click() {
-    v.txtUnPatientBelmor.clear();
-    const std::optional<SaisieRDV> saisie = ui->champs->saisie();
-    if (!saisie) {
+    std::optional<SaisieRDV> saisie = ui->champs->saisie();
+    if (!saisie || !completeDescription(*saisie)) {
         return;
     }
-    try {
-        if (estLibre(*saisie)) {
-            ajoute(*saisie);
-        } else {
-            refuseOccupe();
-        }
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-    }
-}
-
-bool FrmAjouter::estLibre(const SaisieRDV &saisie) {
-    const CreneauRDV voulu{
-        saisie.Date1, {saisie.HeureDebut, saisie.HeureFin}, v.numPraticien(), CLng(v.config.FauteuilCourant)};
-    Database base = v.ouvreCarnet();
-    return HoraireLibre(base, voulu) && !RDVHere(base, voulu);
-}
-
-void FrmAjouter::refuseOccupe() {
-    v.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
-                                    "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage."),
-                     QStringLiteral("Horaire occupé"));
-}
-
-void FrmAjouter::ajoute(SaisieRDV saisie) {
-    if (v.NumPatientTransmis != 0) {
-        v.NumPatientCourant = QString::number(v.NumPatientTransmis);
-    }
-    if (saisie.Description.trimmed().isEmpty()) {
-        saisie.Description = v.DescriptionRDV;
-        if (v.NumPatientTransmis != 0) {
-            Database actes = v.ouvreActes();
-            saisie.Description = DernierActeAFaire(actes, v.NumPatientTransmis);
-        }
-    }
-    saisie.NumPatient = v.NumPatientCourant;
-    Database base = v.ouvreCarnet();
-    if (!AjouteRDV(base, {saisie, v.PraticienCourant, v.config.FauteuilCourant, v.ChoixHoraire != 0})) {
-        refuseOccupe(); // somebody took it in between
+    const NouveauRDV nouveau{*saisie, m_place.PraticienCourant, m_place.FauteuilCourant,
+                             m_place.ChoixHoraire != 0};
+    std::optional<qint64> ref;
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        ref = AjouteRDV(base, nouveau);
+    });
+    if (!ecrit) {
         return;
     }
-    ui->champs->garde(saisie);
-    emit rdvEcrit();
+    if (!ref) {
+        m_env.messages->show(messageOccupe, titreOccupe);
+        return;
+    }
+    m_ecrit.RefRDV = *ref;
+    m_ecrit.NumPraticien = CLng(nouveau.NumPraticien);
+    m_ecrit.Fauteuil = CLng(nouveau.Fauteuil);
+    m_ecrit = Rempli(m_ecrit, *saisie);
     accept();
+}
+
+bool FrmAjouter::completeDescription(SaisieRDV &saisie) {
+    if (!saisie.Description.trimmed().isEmpty()) {
+        return true;
+    }
+    saisie.Description.clear();
+    return m_numTransmis == 0 || essaie(m_env, [&] {
+               Database actes = m_env.ouvreActes();
+               saisie.Description = DernierActeAFaire(actes, m_numTransmis);
+           });
 }

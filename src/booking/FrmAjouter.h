@@ -1,6 +1,8 @@
 #pragma once
 
-#include "patients/TabPatTables.h"
+#include "grid/PlaceRDV.h"
+#include "grid/RendezVous.h"
+#include "patients/AlerteNonHonore.h"
 
 #include <QDialog>
 #include <memory>
@@ -9,19 +11,17 @@
 namespace Ui {
 class FrmAjouter;
 }
+struct Environnement;
 struct SaisieRDV;
-struct VariablesGlobales;
 
-/// Books an appointment at the selected times.
+/// Books an appointment at a place. Accepted, it is booked.
 class FrmAjouter : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmAjouter(VariablesGlobales &etat, QWidget *parent = nullptr);
+    FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent = nullptr);
     ~FrmAjouter() override;
-
-  signals:
-    /// The book has a new appointment: the grid is to be drawn again.
-    void rdvEcrit();
+    /// The appointment as it was booked.
+    RendezVous rdvEcrit() const { return m_ecrit; }
 
   protected:
     bool event(QEvent *event) override;
@@ -33,15 +33,15 @@ class FrmAjouter : public QDialog {
     void Check1_Click();
     void NouveauPatient_Click();
     void PlusDeDesciption_Click();
-    void BtnInit_Click();
     void BtnAjouter_Click();
-    void choisit(const PatientTrouve &patient);
-
-    bool estLibre(const SaisieRDV &saisie);
-    void refuseOccupe();
-    void ajoute(SaisieRDV saisie);
+    void choisit(NonHonore drapeau);
+    /// False when the handed-over patient's act cannot be read, which is told.
+    bool completeDescription(SaisieRDV &saisie);
 
     std::unique_ptr<Ui::FrmAjouter> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
+    const PlaceRDV m_place;
+    RendezVous m_ecrit;
     std::optional<qint64> m_numLu; ///< patient number of the hand-off read last
+    qint64 m_numTransmis = 0;      ///< the same as long as the fields name that patient
 };

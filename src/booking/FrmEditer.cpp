@@ -1,73 +1,55 @@
 #include "booking/FrmEditer.h"
 
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Essai.h"
 #include "ui_FrmEditer.h"
 
-FrmEditer::FrmEditer(VariablesGlobales &etat, qint64 refRDV, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmEditer>()), v(etat), RefRDVEdite(refRDV) {
+FrmEditer::FrmEditer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &place, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmEditer>()), m_env(env), m_place(place), m_rdv(rdv) {
     ui->setupUi(this);
-    ui->champs->utilise(v);
+    ui->champs->utilise(env, place.Intervalle, ChampsRDV::Usage::Edition);
     ui->champs->setFocus();
-    connect(ui->champs, &ChampsRDV::remiseAZero, this, &FrmEditer::BtnInit_Click);
-    connect(ui->champs, &ChampsRDV::patientChoisi, this, &FrmEditer::choisit);
+    connect(ui->champs, &ChampsRDV::patientChoisi, ui->champs, &ChampsRDV::exigeNom);
     connect(ui->BtnMettreAJour, &QPushButton::clicked, this, &FrmEditer::BtnMettreAJour_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
-    ui->champs->montreHoraire(v.txtNumJourEnCours, {v.HeureDebutCourante, v.HeureFinCourante});
-    ui->champs->montrePatient(v.NomRDV, v.PrenomRDV, v.TelephoneRDV, v.DescriptionRDV);
-    ui->txtNumPatient->setText(v.NumPatientCourant);
+    ui->champs->montre({rdv.Nom, rdv.Prenom, rdv.Telephone, rdv.Description, rdv.NumPatient, rdv.Date1,
+                        rdv.HeureDebut, rdv.HeureFin});
 }
 
 FrmEditer::~FrmEditer() = default;
 
-void FrmEditer::BtnInit_Click() {
-    ui->champs->montrePatient(QString(), QString(), QString(), QString());
-    v.NumPatientCourant = QStringLiteral("0");
-    ui->txtNumPatient->setText(v.NumPatientCourant);
-}
-
-void FrmEditer::choisit(const PatientTrouve &patient) {
-    ui->champs->montreNom(patient.nom, patient.prenom);
-    ui->txtNumPatient->setText(patient.numero);
-    v.NumPatientCourant = patient.numero;
-    v.NumPatientTransmis = 0;
-    ValideSaisie();
-}
-
-void FrmEditer::ValideSaisie() {
-    v.txtUnPatientBelmor.clear();
-    if (const auto saisie = ui->champs->saisie()) {
-        ui->champs->garde(*saisie);
-    }
-}
-
 void FrmEditer::BtnMettreAJour_Click() {
-    auto saisie = ui->champs->saisie();
+    const std::optional<SaisieRDV> saisie = ui->champs->saisie();
     if (!saisie) {
         return;
     }
-    saisie->NumPatient = ui->txtNumPatient->text();
-    try {
-        Database base = v.ouvreCarnet();
-        switch (ModifieRDV(base, RefRDVEdite, *saisie, v.numPraticien(), CLng(v.config.FauteuilCourant))) {
-        case ResultatEdition::Occupe:
-            v.messages->show(QStringLiteral("Le créneau choisit n'est pas libre!"),
-                             QStringLiteral("Message"));
-            return;
-        case ResultatEdition::Disparu:
-            v.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
-            break;
-        case ResultatEdition::Fait:
-            ui->champs->garde(*saisie);
-            v.NumPatientCourant = saisie->NumPatient;
-            break;
-        }
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    BilanEcriture bilan;
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        bilan =
+            ModifieRDV(base, m_rdv, *saisie, CLng(m_place.PraticienCourant), CLng(m_place.FauteuilCourant));
+    });
+    if (!ecrit) {
         return;
     }
-    emit rdvEcrit();
+    switch (bilan.resultat) {
+    case Ecriture::Occupe:
+        m_env.messages->show(QStringLiteral("Le créneau choisit n'est pas libre!"),
+                             QStringLiteral("Message"));
+        return;
+    case Ecriture::Change: // what was typed stays, for the appointment as it is now
+        m_env.messages->show(MessageModifie(m_rdv, bilan.actuel), titreModifie);
+        m_rdv = bilan.actuel;
+        return;
+    case Ecriture::Disparu:
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
+        m_rdv = {};
+        break;
+    case Ecriture::Fait:
+        m_rdv = Rempli(m_rdv, *saisie);
+        break;
+    }
     accept();
 }

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "patients/TabPatTables.h"
+#include "grid/PlaceRDV.h"
+#include "grid/RendezVous.h"
 
 #include <QDialog>
 #include <memory>
@@ -8,28 +9,25 @@
 namespace Ui {
 class FrmEditer;
 }
-struct VariablesGlobales;
+struct Environnement;
 
-/// Changes the selected appointment.
+/// Changes an appointment. Accepted, it was written, or is gone.
 class FrmEditer : public QDialog {
     Q_OBJECT
   public:
-    /// `refRDV` is the appointment's key, found again in the book before the window opens.
-    FrmEditer(VariablesGlobales &etat, qint64 refRDV, QWidget *parent = nullptr);
+    /// `rdv` is the appointment as the book has it; `place` tells the current practitioner and chair, and the
+    /// arrows' step.
+    FrmEditer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &place,
+              QWidget *parent = nullptr);
     ~FrmEditer() override;
-
-  signals:
-    /// The book was changed, or is not what the grid shows: it is to be drawn again.
-    void rdvEcrit();
+    /// The appointment as the book was last seen to have it: as written, once accepted. RefRDV 0 when gone.
+    RendezVous rdvEcrit() const { return m_rdv; }
 
   private:
-    void BtnInit_Click();
     void BtnMettreAJour_Click();
-    void choisit(const PatientTrouve &patient);
-    /// Copies the dialog into the selection context without writing.
-    void ValideSaisie();
 
     std::unique_ptr<Ui::FrmEditer> ui;
-    VariablesGlobales &v;
-    qint64 RefRDVEdite;
+    const Environnement &m_env;
+    const PlaceRDV m_place;
+    RendezVous m_rdv;
 };

@@ -1,40 +1,52 @@
 #include "booking/FrmSupprimer.h"
 
+#include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
-#include "platform/db/DbError.h"
+#include "patients/TexteSaisi.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Essai.h"
 #include "ui_FrmSupprimer.h"
 
-FrmSupprimer::FrmSupprimer(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmSupprimer>()), v(etat) {
+namespace {
+
+/// On one line, which is never wider than a name's column needs.
+void montre(QLabel &label, const QString &texte) {
+    constexpr int largeur = 400; // pixels
+    label.setText(label.fontMetrics().elidedText(UneLigne(texte), Qt::ElideRight, largeur));
+}
+
+} // namespace
+
+FrmSupprimer::FrmSupprimer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmSupprimer>()), m_env(env), m_rdv(rdv) {
     ui->setupUi(this);
     connect(ui->BtnOK, &QPushButton::clicked, this, &FrmSupprimer::BtnOK_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
-    ui->Label3->setText(v.NomRDV);
-    ui->Label4->setText(v.PrenomRDV);
-    ui->Label17->setText(DatesFr::jourComplet(v.txtNumJourEnCours));
-    ui->Label13->setText(DatesFr::heure(v.HeureDebutCourante));
-    ui->Label15->setText(DatesFr::heure(v.HeureFinCourante));
+    montre(*ui->Label3, rdv.Nom);
+    montre(*ui->Label4, rdv.Prenom);
+    ui->Label17->setText(DatesFr::jourComplet(rdv.Date1));
+    ui->Label13->setText(DatesFr::heure(rdv.HeureDebut));
+    ui->Label15->setText(DatesFr::heure(rdv.HeureFin));
 }
 
 FrmSupprimer::~FrmSupprimer() = default;
 
 void FrmSupprimer::BtnOK_Click() {
-    bool supprime = false;
-    try {
-        Database base = v.ouvreCarnet();
-        const auto ref = RetrouveRDV(base, v.rdvSelectionne(), v.numPraticien());
-        supprime = ref && SupprimeRDV(base, *ref);
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    BilanEcriture bilan;
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        bilan = SupprimeRDV(base, m_rdv);
+    });
+    if (!ecrit) {
         return;
     }
-    if (!supprime) {
-        v.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"),
-                         QStringLiteral("Rendez-vous déjà supprimé"));
+    if (bilan.resultat == Ecriture::Disparu) {
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                             QStringLiteral("Rendez-vous déjà supprimé"));
+    } else if (bilan.resultat == Ecriture::Change) {
+        m_env.messages->show(MessageModifie(m_rdv, bilan.actuel), titreModifie);
+        m_reste = bilan.actuel;
     }
-    emit rdvEcrit();
     accept();
 }

@@ -1,27 +1,32 @@
 #pragma once
 
+#include "grid/PlaceRDV.h"
+#include "grid/RendezVous.h"
+
 #include <QDialog>
 #include <memory>
 
 namespace Ui {
 class FrmSupprimer;
 }
-struct VariablesGlobales;
+struct Environnement;
 
-/// Confirms and deletes the selected appointment.
+/// Confirms and deletes an appointment. Accepted, the book was changed, here or elsewhere.
 class FrmSupprimer : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmSupprimer(VariablesGlobales &etat, QWidget *parent = nullptr);
+    /// `rdv` is the appointment as the grid shows it.
+    FrmSupprimer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &place,
+                 QWidget *parent = nullptr);
     ~FrmSupprimer() override;
-
-  signals:
-    /// The book was changed, or is not what the grid shows: it is to be drawn again.
-    void rdvEcrit();
+    /// The appointment that was not deleted because it is another one now; RefRDV 0 without one.
+    const RendezVous &rdvReste() const { return m_reste; }
 
   private:
     void BtnOK_Click();
 
     std::unique_ptr<Ui::FrmSupprimer> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
+    const RendezVous m_rdv;
+    RendezVous m_reste;
 };

@@ -7,32 +7,12 @@ namespace {
 const QString tableRDV = QStringLiteral("RDV");
 const QString cle = QStringLiteral("RefRDV");
 
-SqlValue texteHeure(QTime heure) {
-    return texte(heure.toString(QStringLiteral("HH:mm")) + QStringLiteral(":00"));
-}
-
-/// `sql` ends where the practitioner's number is due. The day is found by its key.
-bool sansConflit(Database &rdv, SqlText sql, const CreneauRDV &voulu) {
-    const SqlValue debut = texteHeure(voulu.horaire.debut);
-    const SqlValue fin = texteHeure(voulu.horaire.fin);
-    sql << nombre(voulu.praticien) << " AND Fauteuil = " << nombre(voulu.fauteuil)
-        << " AND DateInv = " << texte(InverseDate(voulu.jour)) << " AND ( (str(HeureDebut) >= " << debut
-        << " AND str(HeureDebut) < " << fin << " ) OR ( str(HeureFin) > " << debut
-        << " AND str(HeureFin) <= " << fin << " ) OR ( str(HeureDebut) < " << debut << " AND str(HeureFin) > "
-        << debut << ") )";
-    return rdv.query(sql).isEmpty();
-}
-
-Records ligne(Database &rdv, qint64 RefRDV) {
-    return rdv.query(SqlText("SELECT * FROM RDV WHERE RefRDV = ") << nombre(RefRDV));
-}
-
-CreneauRDV creneauDe(const SaisieRDV &saisie, long praticien, long fauteuil) {
-    return {saisie.Date1, {saisie.HeureDebut, saisie.HeureFin}, praticien, fauteuil};
+PlageHoraire plageDe(const SaisieRDV &saisie) {
+    return EnMinutes({saisie.HeureDebut, saisie.HeureFin});
 }
 
 Fields champsDe(const SaisieRDV &saisie) {
-    const auto [debut, fin] = EnMinutes({saisie.HeureDebut, saisie.HeureFin});
+    const auto [debut, fin] = plageDe(saisie);
     return {{QStringLiteral("Nom"), saisie.Nom},
             {QStringLiteral("Prenom"), saisie.Prenom},
             {QStringLiteral("Telephone"), saisie.Telephone},
@@ -44,41 +24,50 @@ Fields champsDe(const SaisieRDV &saisie) {
             {QStringLiteral("DateInv"), InverseDate(saisie.Date1)}};
 }
 
+bool memeSaisie(RendezVous a, const RendezVous &b) {
+    a.Present = b.Present;
+    a.NumPraticien = b.NumPraticien;
+    a.Fauteuil = b.Fauteuil;
+    return a == b;
+}
+
+/// What occupies a practitioner and chair: what their day shows.
+QList<RendezVous> duJour(Database &rdv, QDate jour, long praticien, long fauteuil) {
+    return RendezVousEntre(rdv, jour, jour, praticien, fauteuil);
+}
+
+bool libreSauf(Database &rdv, qint64 ref, const SaisieRDV &saisie, long praticien, long fauteuil) {
+    return HoraireLibreSauf(duJour(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
+}
+
 } // namespace
 
-bool HoraireLibre(Database &rdv, const CreneauRDV &voulu) {
-    return sansConflit(rdv, SqlText("SELECT * FROM RDV  WHERE clng(NumPraticien) = "), voulu);
-}
-
-bool HoraireLibreSauf(Database &rdv, qint64 RefRDV, const CreneauRDV &voulu) {
-    return sansConflit(
-        rdv, SqlText("SELECT * FROM RDV  WHERE RefRDV <> ") << nombre(RefRDV) << " AND clng(NumPraticien) = ",
-        voulu);
-}
-
-bool RDVHere(Database &rdv, const CreneauRDV &voulu) {
-    const PlageHoraire plage = EnMinutes(voulu.horaire);
-    const SqlValue debut = heureSql(plage.debut);
-    const SqlValue fin = heureSql(plage.fin);
-    return !rdv.query(SqlText("Select * from RDV Where Date1 = ")
-                      << dateSql(voulu.jour) << " AND clng(NumPraticien) = " << nombre(voulu.praticien)
-                      << " AND clng(Fauteuil) = " << nombre(voulu.fauteuil)
-                      << " AND ((HeureDebut <= " << debut << " And HeureFin > " << debut
-                      << ") OR (HeureDebut < " << fin << " And HeureFin >= " << fin << "))")
-                .isEmpty();
+RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie) {
+    const auto [debut, fin] = plageDe(saisie);
+    rdv.Nom = saisie.Nom;
+    rdv.Prenom = saisie.Prenom;
+    rdv.Telephone = saisie.Telephone;
+    rdv.Description = saisie.Description;
+    rdv.NumPatient = QString::number(CLng(saisie.NumPatient));
+    rdv.Date1 = saisie.Date1;
+    rdv.HeureDebut = debut;
+    rdv.HeureFin = fin;
+    return rdv;
 }
 
 std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
-    const CreneauRDV voulu = creneauDe(nouveau.saisie, CLng(nouveau.NumPraticien), CLng(nouveau.Fauteuil));
-    if (!EstReservable(voulu.horaire)) {
+    const PlageHoraire voulu = plageDe(nouveau.saisie);
+    if (!EstReservable(voulu)) {
         return std::nullopt;
     }
+    const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
     champs.emplace_back(QStringLiteral("NumPraticien"), nouveau.NumPraticien);
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
-    champs.emplace_back(QStringLiteral("Fauteuil"), qint64{voulu.fauteuil});
+    champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
     Transaction transaction(rdv);
-    if (!HoraireLibre(rdv, voulu) || RDVHere(rdv, voulu)) {
+    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
+    if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
         return std::nullopt;
     }
     const qint64 ref = rdv.insert(tableRDV, champs);
@@ -86,66 +75,50 @@ std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
     return ref;
 }
 
-ResultatEdition ModifieRDV(Database &rdv, qint64 RefRDV, const SaisieRDV &saisie, long praticien,
-                           long fauteuil) {
-    CreneauRDV voulu = creneauDe(saisie, praticien, fauteuil);
+BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
+                         long fauteuil) {
+    const qint64 ref = avant.RefRDV;
     Transaction transaction(rdv);
-    if (!EstReservable(voulu.horaire) || !HoraireLibreSauf(rdv, RefRDV, voulu)) {
-        return ResultatEdition::Occupe;
+    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+    if (!actuel) {
+        return {Ecriture::Disparu};
     }
-    const Records rows = ligne(rdv, RefRDV);
-    if (rows.isEmpty()) {
-        return ResultatEdition::Disparu;
+    if (!memeSaisie(*actuel, avant)) {
+        return {Ecriture::Change, *actuel};
     }
-    // The chair may have been changed since the appointment was selected.
-    voulu.praticien = rows.first()[u"NumPraticien"].toInteger();
-    voulu.fauteuil = rows.first()[u"Fauteuil"].toInteger();
-    if (!HoraireLibreSauf(rdv, RefRDV, voulu)) {
-        return ResultatEdition::Occupe;
+    if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
+        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
+        return {Ecriture::Occupe};
     }
-    rdv.update(tableRDV, cle, RefRDV, champsDe(saisie));
+    rdv.update(tableRDV, cle, ref, champsDe(saisie));
     transaction.commit();
-    return ResultatEdition::Fait;
+    return {};
 }
 
-int WithCote(const QString &texte) {
-    return int(texte.indexOf(u'\'')) + 1;
-}
-
-std::optional<qint64> RetrouveRDV(Database &rdv, const RendezVous &selection, long praticien) {
-    SqlText sql("SELECT * FROM RDV WHERE ( ");
-    if (WithCote(selection.Nom) == 0) {
-        // a Null name reads as an empty one, in the grid as here
-        sql << "(cstr(Nom) = " << texte(selection.Nom) << " ) AND (cstr(Prenom) = " << texte(selection.Prenom)
-            << ") AND ";
-    }
-    sql << "(Date1 = " << dateSql(selection.Date1) << ") AND (clng(NumPraticien) = " << nombre(praticien)
-        << ") AND (HeureDebut = " << heureSql(EnMinutes({selection.HeureDebut, {}}).debut) << "))";
-    const Records rows = rdv.query(sql);
-    const int ref = rows.field(cle);
-    for (const Record row : rows) {
-        if (row.at(ref).toInteger() == selection.RefRDV) {
-            return selection.RefRDV;
-        }
-    }
-    return std::nullopt;
-}
-
-bool SupprimeRDV(Database &rdv, qint64 RefRDV) {
+BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {
     Transaction transaction(rdv);
-    const int lignes = rdv.execute(SqlText("DELETE FROM RDV WHERE RefRDV = ") << nombre(RefRDV));
+    const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
+    if (!actuel) {
+        return {Ecriture::Disparu};
+    }
+    if (*actuel != avant) {
+        return {Ecriture::Change, *actuel};
+    }
+    rdv.execute(SqlText("DELETE FROM RDV WHERE RefRDV = ") << nombre(avant.RefRDV));
     transaction.commit();
-    return lignes > 0;
+    return {};
 }
 
-std::optional<bool> BasculePresent(Database &rdv, qint64 RefRDV) {
+BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present) {
     Transaction transaction(rdv);
-    const Records rows = ligne(rdv, RefRDV);
-    if (rows.isEmpty()) {
-        return std::nullopt;
+    const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
+    if (!actuel) {
+        return {Ecriture::Disparu};
     }
-    const bool present = !rows.first()[u"Present"].toBoolean();
-    rdv.update(tableRDV, cle, RefRDV, {{QStringLiteral("Present"), Value::boolean(present)}});
+    if (!memeSaisie(*actuel, avant)) {
+        return {Ecriture::Change, *actuel};
+    }
+    rdv.update(tableRDV, cle, avant.RefRDV, {{QStringLiteral("Present"), Value::boolean(present)}});
     transaction.commit();
-    return present;
+    return {};
 }

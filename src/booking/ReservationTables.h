@@ -1,23 +1,12 @@
 #pragma once
 
 #include "booking/Occupation.h"
+#include "grid/RendezVousTables.h"
 #include "platform/db/Database.h"
 
 /// Adding, changing, deleting appointments and marking attendance. Every write is one transaction that holds
-/// the writer's lock from its start, looks again inside, and leaves nothing behind when it throws DbError.
-
-/// A range of a day, for one practitioner at one chair.
-struct CreneauRDV {
-    QDate jour;
-    PlageHoraire horaire;
-    long praticien = 0;
-    long fauteuil = 0;
-};
-
-/// What the user is told before writing: each opens with the range in whole minutes and runs one query.
-bool HoraireLibre(Database &rdv, const CreneauRDV &voulu);
-bool HoraireLibreSauf(Database &rdv, qint64 RefRDV, const CreneauRDV &voulu);
-bool RDVHere(Database &rdv, const CreneauRDV &voulu);
+/// the writer's lock from its start, looks inside it whether the range is free and the appointment still what
+/// the user saw, and leaves nothing behind when it throws DbError.
 
 /// The fields of an appointment that the user fills. The times are written in whole minutes.
 struct SaisieRDV {
@@ -31,6 +20,9 @@ struct SaisieRDV {
     QTime HeureFin;
 };
 
+/// `rdv` with these fields, as the book has it once they are written.
+RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie);
+
 struct NouveauRDV {
     SaisieRDV saisie;
     QString NumPraticien; ///< number as the book keeps it: "01"
@@ -42,23 +34,24 @@ struct NouveauRDV {
 /// (EstReservable; the dialogs refuse that with a message of their own before it comes here).
 std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau);
 
-enum class ResultatEdition {
+enum class Ecriture {
     Fait,
-    Occupe, ///< the range is not free, or not one
-    Disparu ///< the appointment was deleted meanwhile
+    Occupe,  ///< the range is not free, or not one
+    Disparu, ///< the appointment was deleted meanwhile
+    Change   ///< it was changed meanwhile
 };
+struct BilanEcriture {
+    Ecriture resultat = Ecriture::Fait;
+    RendezVous actuel = {}; ///< what the appointment is now, when it was changed meanwhile
+};
+
+// `avant` is the appointment as the user saw it.
+
 /// Rewrites an appointment. It keeps its practitioner and its chair, for which the range must be free as well
-/// as for `praticien` and `fauteuil`, the current ones.
-ResultatEdition ModifieRDV(Database &rdv, qint64 RefRDV, const SaisieRDV &saisie, long praticien,
-                           long fauteuil);
-
-/// 1-based position of the first apostrophe, 0 without one.
-int WithCote(const QString &texte);
-/// The selected appointment (RefRDV) if the book still has it at its day and start, and under its names when
-/// the surname has no apostrophe. Never another row, whatever else is there.
-std::optional<qint64> RetrouveRDV(Database &rdv, const RendezVous &selection, long praticien);
-/// False when it is gone already.
-bool SupprimeRDV(Database &rdv, qint64 RefRDV);
-
-/// Turns Present over; gives its new value, or nothing when the appointment is gone.
-std::optional<bool> BasculePresent(Database &rdv, qint64 RefRDV);
+/// as for `praticien` and `fauteuil`, the current ones. Changed meanwhile: in a field that is written here.
+BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
+                         long fauteuil);
+/// Changed meanwhile: in any field.
+BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant);
+/// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.
+BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present);

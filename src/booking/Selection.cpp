@@ -33,14 +33,16 @@ int colonneDuJour(const Affichage &affichage, int grille, QDate jour) {
     if (jour < premier || jour > dernier) {
         return 0;
     }
-    return affichage.demande.VueSemaine ? ColonneDuJour(Jour(jour), affichage.grilles[grille].config.JourAffich)
-                                        : 1;
+    return affichage.demande.VueSemaine
+               ? ColonneDuJour(Jour(jour), affichage.grilles[grille].config.JourAffich)
+               : 1;
 }
 
 QList<RendezVous> dessous(const Grille &grille, QDate jour, const PlageHoraire &plage) {
     QList<RendezVous> trouves;
     for (const RendezVous &rdv : DuJour(grille, jour)) {
-        if (rdv.aUneDuree() && Minutes(rdv.HeureDebut, plage.fin) > 0 && Minutes(plage.debut, rdv.HeureFin) > 0) {
+        if (rdv.aUneDuree() && Minutes(rdv.HeureDebut, plage.fin) > 0 &&
+            Minutes(plage.debut, rdv.HeureFin) > 0) {
             trouves << rdv;
         }
     }
@@ -58,15 +60,14 @@ bool depasse(const RendezVous &rdv, const Grille &grille) {
            grille.creneaux.derniereLigne(rdv.HeureFin) > derniereLigne(grille) + 1;
 }
 
-/// To the rows that the appointment covers; one that begins before the first row or ends after the closing one
-/// leaves the outline as the user made it.
+/// To the rows that the appointment covers; one that begins before the first row or ends after the closing
+/// one leaves the outline as the user made it.
 void elargit(Selection &selection, const Grille &grille) {
     if (!depasse(*selection.rdv, grille)) {
         selection.coins.ligne = grille.creneaux.premiereLigne(selection.rdv->HeureDebut);
         selection.coins.ligneFin =
             std::min(grille.creneaux.derniereLigne(selection.rdv->HeureFin), derniereLigne(grille));
-        selection.contour =
-            heuresDesLignes(grille.creneaux, selection.coins.ligne, selection.coins.ligneFin);
+        selection.contour = heuresDesLignes(grille.creneaux, selection.coins.ligne, selection.coins.ligneFin);
     }
 }
 
@@ -152,7 +153,8 @@ Selection retrouve(const Affichage &affichage, qint64 RefRDV, int prefere, const
     for (int i = 0; i < affichage.grilles.size(); ++i) {
         const int place = rangDe(affichage.grilles[i].rendezVous, RefRDV);
         if (place >= 0 && (trouvee.vide() || i == prefere)) {
-            const Selection ici = selectionneRDV(affichage, i, affichage.grilles[i].rendezVous[place], contour);
+            const Selection ici =
+                selectionneRDV(affichage, i, affichage.grilles[i].rendezVous[place], contour);
             trouvee = ici.vide() ? trouvee : ici;
         }
     }
@@ -199,8 +201,8 @@ Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins
     Selection selection = analyse(affichage, grille, *corriges, jour, 0);
     const bool memeGrille = avant.rdv && avant.grille == grille && avant.jour == jour;
     if (geste == Geste::Clic && memeGrille && selection.nombre > 1) {
-        const PlageHoraire plage =
-            heuresDesLignes(affichage.grilles[grille].creneaux, corriges->premiereLigne(), corriges->derniereLigne());
+        const PlageHoraire plage = heuresDesLignes(affichage.grilles[grille].creneaux,
+                                                   corriges->premiereLigne(), corriges->derniereLigne());
         const int rang = rangDe(dessous(affichage.grilles[grille], jour, plage), avant.rdv->RefRDV);
         if (rang >= 0) {
             selection = analyse(affichage, grille, *corriges, jour, (rang + 1) % selection.nombre);
@@ -247,8 +249,12 @@ QDate JourCourant(const Affichage &affichage, const Selection &selection) {
 
 PlaceRDV PlaceDe(const Affichage &affichage, const Selection &selection) {
     const Configuration &config = affichage.grilles[selection.grille].config;
-    return {affichage.demande.PraticienCourant, config.FauteuilCourant, selection.jour, selection.horaire,
-            config.Intervalle, selection.ChoixHoraire};
+    return {affichage.demande.PraticienCourant,
+            config.FauteuilCourant,
+            selection.jour,
+            selection.horaire,
+            config.Intervalle,
+            selection.ChoixHoraire};
 }
 
 QString InfoBulleRDV(const Selection &selection) {

@@ -26,8 +26,8 @@ struct Selection {
     PlageHoraire horaire; ///< the appointment's own hours, or the outlined ones
     int ChoixHoraire = 0; ///< against the working hours, see HoraireProf
     std::optional<RendezVous> rdv;
-    int rang = 0;   ///< of the appointment among those that the clicked cells hold, from 1
-    int nombre = 0; ///< of these
+    int rang = 0;         ///< of the appointment among those that the clicked cells hold, from 1
+    int nombre = 0;       ///< of these
     bool suivant = false; ///< a second click went on to the next of them
 
     bool vide() const { return grille < 0; }
@@ -44,14 +44,14 @@ QDate JourDesCoins(const Affichage &affichage, int grille, const Coins &coins);
 
 /// What `coins` of a grid select. Hour columns select nothing: `avant` stays, and so does it where there is
 /// nothing to select. The header and the closing row of the week, and several columns, give its first cell; a
-/// day grid's closing row, its whole day. An appointment is taken whole, and a second click on cells that hold
-/// several goes on to the next.
+/// day grid's closing row, its whole day. An appointment is taken whole, and a second click on cells that
+/// hold several goes on to the next.
 Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins, Geste geste,
                       const Selection &avant);
 
-/// `avant`, made on `ancien`, on what is shown now. The same appointment or the same hours where the same place
-/// is shown; nothing when the appointment is gone and others have its place. Elsewhere the same hours of the same
-/// weekday, and what lies there.
+/// `avant`, made on `ancien`, on what is shown now. The same appointment or the same hours where the same
+/// place is shown; nothing when the appointment is gone and others have its place. Elsewhere the same hours
+/// of the same weekday, and what lies there.
 Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Selection &avant);
 
 /// The selection of an appointment by its key; nothing when it is not shown.

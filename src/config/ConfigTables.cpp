@@ -65,7 +65,8 @@ std::optional<Configuration> ConfigDeRepli(Database &rdv) {
     if (duZero.isEmpty() || duZero.first()[u"NomConfig"].toText() != defaut) {
         return std::nullopt;
     }
-    return configurationDe(rdv.query(SqlText("Select * from Config Where NomConfig =") << texte(defaut)).first());
+    return configurationDe(
+        rdv.query(SqlText("Select * from Config Where NomConfig =") << texte(defaut)).first());
 }
 
 Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config) {
@@ -77,10 +78,10 @@ Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, c
              .isEmpty()) {
         return Enregistrement::NomPris;
     }
-    if (nouvelle.Fauteuil && !rdv.query(SqlText("Select * from Config Where clng(NumPraticien) =")
-                                        << nombre(praticien) << "and clng(Fauteuil) = "
-                                        << nombre(*nouvelle.Fauteuil))
-                                  .isEmpty()) {
+    if (nouvelle.Fauteuil &&
+        !rdv.query(SqlText("Select * from Config Where clng(NumPraticien) =")
+                   << nombre(praticien) << "and clng(Fauteuil) = " << nombre(*nouvelle.Fauteuil))
+             .isEmpty()) {
         return Enregistrement::FauteuilPris;
     }
     if (nouvelle.DefaultConfig) {

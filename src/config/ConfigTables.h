@@ -1,7 +1,7 @@
 #pragma once
 
-#include "schedule/Configuration.h"
 #include "platform/db/Database.h"
+#include "schedule/Configuration.h"
 
 #include <QList>
 #include <optional>

@@ -78,7 +78,7 @@ void FrmJourExclure::BtnOK_Click() {
     const JoursExclus jours = joursSaisis();
     if (NbJoursAffiches(jours) < moinsDeJoursAffiches) {
         m_env.messages->show(QStringLiteral("Vous devez permettre l'affichage d'au moins deux jours."),
-                         QStringLiteral("Erreur d'affichage !"));
+                             QStringLiteral("Erreur d'affichage !"));
         return;
     }
     AppliqueJours(jours, m_config);

@@ -3,13 +3,13 @@
 #include "ui_FrmSauvegarde.h"
 
 #include "config/ConfigTables.h"
-#include "schedule/JoursExclus.h"
-#include "schedule/NomConfiguration.h"
-#include "schedule/Creneaux.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/FlexGridModel.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
+#include "schedule/Creneaux.h"
+#include "schedule/JoursExclus.h"
+#include "schedule/NomConfiguration.h"
 
 FrmSauvegarde::FrmSauvegarde(const Environnement &env, const QString &praticien, const Configuration &config,
                              QWidget *parent)
@@ -73,7 +73,8 @@ void FrmSauvegarde::BtnSauver_Click() {
     }
     const QString defaut = DefautConfiguration(m_config);
     if (!defaut.isEmpty()) {
-        m_env.messages->error(QStringLiteral("La configuration ne peut pas être sauvegardée : %1.").arg(defaut));
+        m_env.messages->error(
+            QStringLiteral("La configuration ne peut pas être sauvegardée : %1.").arg(defaut));
         return;
     }
     enregistre(nom);
@@ -102,12 +103,12 @@ void FrmSauvegarde::enregistre(const QString &nom) {
     switch (resultat) {
     case Enregistrement::NomPris:
         m_env.messages->show(QStringLiteral("Une configuration porte déjà ce nom !"), impossible,
-                         Messages::Icon::Critical);
+                             Messages::Icon::Critical);
         ui->Text6->setFocus();
         return;
     case Enregistrement::FauteuilPris:
         m_env.messages->show(QStringLiteral("Un Fauteuil porte déjà ce numéro !"), impossible,
-                         Messages::Icon::Critical);
+                             Messages::Icon::Critical);
         ui->TxtNumFauteuil->setFocus();
         return;
     case Enregistrement::Fait:

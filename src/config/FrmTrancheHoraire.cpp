@@ -75,9 +75,10 @@ void FrmTrancheHoraire::BtnOK_Click() {
         return;
     }
     if (TropRapproches(*saisie)) {
-        m_env.messages->show(QStringLiteral("Les horaires sont trop rapprochés ou l'intervalle est trop grand.\n"
-                                        "Veuillez les modifier."),
-                         QStringLiteral("Erreur !"));
+        m_env.messages->show(
+            QStringLiteral("Les horaires sont trop rapprochés ou l'intervalle est trop grand.\n"
+                           "Veuillez les modifier."),
+            QStringLiteral("Erreur !"));
         remplit();
         return;
     }

@@ -13,8 +13,8 @@ class QLineEdit;
 class UpDown;
 struct Environnement;
 
-/// Slot length and hours of a configuration. Nothing is stored: accepted, configuration() has them. It opens on
-/// any configuration, since a faulty one is repaired here.
+/// Slot length and hours of a configuration. Nothing is stored: accepted, configuration() has them. It opens
+/// on any configuration, since a faulty one is repaired here.
 class FrmTrancheHoraire : public QDialog {
     Q_OBJECT
   public:

@@ -39,14 +39,15 @@ void SuppConfig::remplit(long praticien) {
 
 void SuppConfig::cmdSupprimer_Click() {
     if (!m_env.messages->ask(QStringLiteral("Etes-vous certain de vouloir supprimer cette configuration ?"),
-                         QStringLiteral("Attention"))) {
+                             QStringLiteral("Attention"))) {
         return;
     }
     const QList<QListWidgetItem *> choisies = ui->ListDesConfig->selectedItems();
-    const bool faite = choisies.isEmpty() || essaie(m_env, [&] {
-        Database base = m_env.ouvreCarnetPourEcrire();
-        SupprimeConfig(base, choisies.first()->text()); // one already gone ends the program all the same
-    });
+    const bool faite =
+        choisies.isEmpty() || essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            SupprimeConfig(base, choisies.first()->text()); // one already gone ends the program all the same
+        });
     if (faite) {
         accept();
     }

@@ -3,8 +3,8 @@
 #include <algorithm>
 
 bool Affichage::AvecFauteuils() const {
-    return std::ranges::any_of(configs,
-                               [](const LigneConfig &ligne) { return CLng(ligne.config.FauteuilCourant) != 0; });
+    return std::ranges::any_of(
+        configs, [](const LigneConfig &ligne) { return CLng(ligne.config.FauteuilCourant) != 0; });
 }
 
 Demande Affichage::suite() const {
@@ -30,9 +30,8 @@ int PlaceDuFauteuil(const QList<LigneConfig> &configs, std::optional<long> faute
         }
         fauteuil = CLng(parDefaut->config.FauteuilCourant);
     }
-    const auto trouvee = std::ranges::find_if(configs, [&](const LigneConfig &ligne) {
-        return CLng(ligne.config.FauteuilCourant) == *fauteuil;
-    });
+    const auto trouvee = std::ranges::find_if(
+        configs, [&](const LigneConfig &ligne) { return CLng(ligne.config.FauteuilCourant) == *fauteuil; });
     return trouvee == configs.end() ? -1 : int(trouvee - configs.begin());
 }
 

@@ -11,17 +11,17 @@
 struct Demande {
     QString PraticienCourant; ///< number as the book keeps it: "01"
     bool VueSemaine = true;
-    QDate jour;                          ///< the current date
-    std::optional<long> fauteuil;        ///< chair chosen in the menu; none: the practitioner's default one
-    std::optional<Configuration> config; ///< zoomed or unsaved settings, kept; none: as the book has it
-    int intervalleSansZoom = 0;          ///< slot length to come back to, 0 when not zoomed
+    QDate jour;                        ///< the current date
+    std::optional<long> fauteuil = {}; ///< chair chosen in the menu; none: the practitioner's default one
+    std::optional<Configuration> config = {}; ///< zoomed or unsaved settings, kept; none: as the book has it
+    int intervalleSansZoom = 0;               ///< slot length to come back to, 0 when not zoomed
 
     long numPraticien() const { return CLng(PraticienCourant); }
     friend bool operator==(const Demande &, const Demande &) = default;
 };
 
-/// One grid: a chair's week or day, or half of a day. What it draws, what a selection in it finds and where it
-/// is booked all come from here.
+/// One grid: a chair's week or day, or half of a day. What it draws, what a selection in it finds and where
+/// it is booked all come from here.
 struct Grille {
     Configuration config;
     Creneaux creneaux;
@@ -50,8 +50,8 @@ struct Affichage {
     const Configuration &reglages(int grille) const;
 };
 
-/// Place of the first configuration for `fauteuil`, or, without one, of the chair that the practitioner's last
-/// default configuration names; -1 when there is none.
+/// Place of the first configuration for `fauteuil`, or, without one, of the chair that the practitioner's
+/// last default configuration names; -1 when there is none.
 int PlaceDuFauteuil(const QList<LigneConfig> &configs, std::optional<long> fauteuil);
 
 /// The places of the two configurations that the day view shows when `coche` is ticked: both of two, else the

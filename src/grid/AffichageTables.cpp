@@ -10,7 +10,10 @@ Grille grilleDe(const Configuration &config, QTime debut, QTime fin, const QStri
     if (defaut.isEmpty()) {
         return {config, {debut, fin, config.Intervalle}, entete, {}, {}};
     }
-    return {config, {}, entete, {},
+    return {config,
+            {},
+            entete,
+            {},
             QStringLiteral("La configuration « %1 » ne peut pas être affichée : %2.")
                 .arg(config.NomConfig.left(100), defaut)};
 }
@@ -24,8 +27,9 @@ Grille grilleVide(const QString &entete, const QString &empechement) {
 }
 
 QString sansRepli() {
-    return QStringLiteral("Ce praticien n'a pas de configuration et la configuration « Défaut » n'existe pas : "
-                          "le carnet ne peut pas être affiché.");
+    return QStringLiteral(
+        "Ce praticien n'a pas de configuration et la configuration « Défaut » n'existe pas : "
+        "le carnet ne peut pas être affiché.");
 }
 
 QString matin() {
@@ -93,8 +97,8 @@ bool toutesLesChaises(const Affichage &affichage) {
     return !affichage.demande.VueSemaine && !affichage.AvecFauteuils();
 }
 
-QList<RendezVous> rendezVous(Database &carnet, const Affichage &affichage, const Grille &grille, QDate premier,
-                             QDate dernier) {
+QList<RendezVous> rendezVous(Database &carnet, const Affichage &affichage, const Grille &grille,
+                             QDate premier, QDate dernier) {
     const long praticien = affichage.demande.numPraticien();
     if (toutesLesChaises(affichage)) {
         return RendezVousEntre(carnet, premier, dernier, praticien, std::nullopt);

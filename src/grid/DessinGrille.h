@@ -1,7 +1,7 @@
 #pragma once
 
-#include "schedule/Creneaux.h"
 #include "grid/RendezVous.h"
+#include "schedule/Creneaux.h"
 
 #include <QDateTime>
 

@@ -33,8 +33,8 @@ void GrillesJour::dessineGrille(FlexGrid &vue, const Grille &grille, const Affic
     const FlexGridWriting ecriture(cellules);
     cellules.clear(grille.tracable() ? grille.creneaux.lignes() : 1, 2);
     ecritEtiquette(cellules.at(0, 0), QStringLiteral("Heure"));
-    ecritEtiquette(cellules.at(0, 1),
-                   DatesFr::enteteJourLong(affichage.demande.jour) + QStringLiteral("       ") + grille.entete);
+    ecritEtiquette(cellules.at(0, 1), DatesFr::enteteJourLong(affichage.demande.jour) +
+                                          QStringLiteral("       ") + grille.entete);
     for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
         ecritEtiquette(cellules.at(ligne, 0), DatesFr::heure(grille.creneaux.heure(ligne)));
     }

@@ -47,5 +47,6 @@ QImage ImagesRDV::image(const QString &nom) {
     if (connue != m_lues.constEnd()) {
         return *connue;
     }
-    return *m_lues.insert(nom, lit(m_env.chemins.real(m_env.CheminRacine + QStringLiteral("\\Images\\") + nom)));
+    return *m_lues.insert(nom,
+                          lit(m_env.chemins.real(m_env.CheminRacine + QStringLiteral("\\Images\\") + nom)));
 }

@@ -19,7 +19,8 @@ struct RendezVous {
     long NumPraticien = 0;
     long Fauteuil = 0;
 
-    /// Whether the end comes at a later minute than the start; an appointment that has no length is not drawn.
+    /// Whether the end comes at a later minute than the start; an appointment that has no length is not
+    /// drawn.
     bool aUneDuree() const {
         return HeureDebut.isValid() && HeureFin.isValid() && HeureFin > HeureDebut &&
                (HeureFin.minute() != HeureDebut.minute() || HeureFin.hour() != HeureDebut.hour());

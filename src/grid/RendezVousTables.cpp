@@ -46,10 +46,10 @@ QList<RendezVous> RendezVousDe(const Records &rows) {
 
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
                                   std::optional<long> fauteuil) {
-    QList<RendezVous> liste = RendezVousDe(
-        rdv.query(SqlText("Select * from RDV Where DateInv >= ")
-                  << texte(InverseDate(premier)) << " AND DateInv<= " << texte(InverseDate(dernier))
-                  << duPraticien(praticien, fauteuil)));
+    QList<RendezVous> liste =
+        RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
+                               << texte(InverseDate(premier)) << " AND DateInv<= "
+                               << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
     // A row whose two dates disagree lies on its Date1: that is what its windows show and write.
     const QList<RendezVous> decales = RendezVousDe(
         rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
@@ -62,9 +62,14 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
     });
     if (!decales.isEmpty()) {
         liste += decales;
-        std::ranges::sort(liste, {}, [](const RendezVous &r) {
-            return std::tuple(r.Date1, r.HeureDebut, r.RefRDV);
-        });
+        std::ranges::sort(liste, {},
+                          [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
     }
     return liste;
+}
+
+std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
+    const QList<RendezVous> lus =
+        RendezVousDe(rdv.query(SqlText("Select * from RDV Where RefRDV = ") << nombre(ref)));
+    return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }

@@ -1,6 +1,6 @@
 #include "patients/ActesTables.h"
 
-QString DernierActeAFaire(Database &actes, int numPatient) {
+QString DernierActeAFaire(Database &actes, qint64 numPatient) {
     const Records rows = actes.query(SqlText("SELECT Libellé, CodeSecu, Coefficient FROM Actes as A1 "
                                              "WHERE A1.NumActe IN ( SELECT max(NumActe) FROM Actes as A2 "
                                              "WHERE A2.NumPatient = ")

@@ -13,16 +13,7 @@ inline const QString messageNonHonore =
     QStringLiteral("Le patient est inscrit comme n'honorant pas ses rendez-vous !!!");
 inline const QString titreNonHonore = QStringLiteral("MESSAGE ALERTE");
 
-/// A pick in the list: the message says it, and the name loses the red of an earlier patient.
-inline bool AlerteAuChoix(NonHonore drapeau) {
-    return drapeau == true;
-}
-inline CouleurPatient CouleurAuChoix(NonHonore drapeau) {
-    return drapeau == false ? CouleurPatient::ParDefaut : CouleurPatient::Inchangee;
-}
-
-/// A patient whom the suite handed over: the colour says it, without a message.
-inline CouleurPatient CouleurALActivation(NonHonore drapeau) {
+inline CouleurPatient CouleurDuPatient(NonHonore drapeau) {
     if (!drapeau) {
         return CouleurPatient::Inchangee;
     }

@@ -25,6 +25,13 @@ Critere LitCritere(const QString &texte) {
     return texte.endsWith(u' ') ? propre + u' ' : propre;
 }
 
+bool EstNumeroPatient(const QString &texte) {
+    const QString propre = texte.trimmed();
+    bool tient = true;
+    const bool positif = propre.isEmpty() || propre.toInt(&tient) >= 0;
+    return tient && positif;
+}
+
 QString MotifDebut(const QString &debut) {
     QString motif;
     for (const QChar c : debut) {

@@ -10,6 +10,9 @@ using Critere = std::variant<std::monostate, qint64, QString>;
 /// text count for nothing, one behind it does: "LE " asks for "LE GALL" and not for "LEGALL".
 Critere LitCritere(const QString &texte);
 
+/// Whether a typed text may be kept as a patient's number: 0 to 2147483647, or nothing, which stands for 0.
+bool EstNumeroPatient(const QString &texte);
+
 /// The like pattern of the texts that begin with `debut`. What would be a wildcard stands for itself:
 /// somebody who types "D*" or "n° #" means those characters, and never gets a list of other names.
 QString MotifDebut(const QString &debut);

@@ -2,13 +2,12 @@
 
 #include "ui_FrmNouveauPatient.h"
 
-#include "start/VariablesGlobales.h"
 #include "patients/DateNaissance.h"
 #include "patients/NumeroSecu.h"
 #include "patients/TexteSaisi.h"
-#include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
+#include "practice/Essai.h"
 
 #include <QDir>
 
@@ -18,8 +17,8 @@ constexpr int longueurTitre = 20;
 
 } // namespace
 
-FrmNouveauPatient::FrmNouveauPatient(VariablesGlobales &etat, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmNouveauPatient>()), v(etat) {
+FrmNouveauPatient::FrmNouveauPatient(const Environnement &env, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmNouveauPatient>()), m_env(env) {
     ui->setupUi(this);
     ui->Titre->lineEdit()->setMaxLength(longueurTitre);
 
@@ -51,13 +50,13 @@ FrmNouveauPatient::~FrmNouveauPatient() {
 // ---- Filling
 
 void FrmNouveauPatient::remplit() {
-    try {
+    QStringList titres;
+    essaie(m_env, [&] {
         const Sablier sablier;
-        Database base = v.ouvrePatients();
-        ui->Titre->addItems(Titres(base));
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
-    }
+        Database base = m_env.ouvrePatients();
+        titres = Titres(base);
+    });
+    ui->Titre->addItems(titres);
     ui->Titre->setCurrentIndex(-1);
 }
 
@@ -76,8 +75,8 @@ void FrmNouveauPatient::txtNumSecu_LostFocus() {
     const QString numero = TexteSaisi(ui->txtNumSecu->text());
     ui->txtNumSecu->setText(numero);
     if (!NumeroSecuValide(numero)) {
-        v.messages->show(QStringLiteral("Le numéro de Sécurité Sociale n'est pas valide !"),
-                         QStringLiteral("ATTENTION"), Messages::Icon::Critical);
+        m_env.messages->show(QStringLiteral("Le numéro de Sécurité Sociale n'est pas valide !"),
+                             QStringLiteral("ATTENTION"), Messages::Icon::Critical);
     }
 }
 
@@ -89,17 +88,15 @@ void FrmNouveauPatient::cmdValiderActe_Click() {
         return;
     }
     const FichePatient nouveau = fiche();
-    try {
-        if (!accepteDoublon(nouveau)) {
-            reject();
-            return;
-        }
-        cree(nouveau);
-    } catch (const DbError &erreur) {
-        v.messages->error(erreur.message());
+    const std::optional<QString> libelle = doublon(nouveau);
+    if (!libelle) {
         return;
     }
-    accept();
+    if (!libelle->isEmpty() && !m_env.messages->ask(QuestionDoublon(*libelle), QStringLiteral("Message"))) {
+        reject();
+    } else if (cree(nouveau)) {
+        accept();
+    }
 }
 
 bool FrmNouveauPatient::saisieAcceptee() {
@@ -110,7 +107,7 @@ bool FrmNouveauPatient::saisieAcceptee() {
         }
     }
     const QString date = DateNaissanceSaisie(ui->txtDateNaissance->text());
-    const QString defaut = DefautDateNaissance(date, v.maintenant().date());
+    const QString defaut = DefautDateNaissance(date, m_env.maintenant().date());
     if (!defaut.isEmpty()) {
         refuse(defaut, *ui->txtDateNaissance);
         return false;
@@ -119,7 +116,7 @@ bool FrmNouveauPatient::saisieAcceptee() {
 }
 
 void FrmNouveauPatient::refuse(const QString &texte, QLineEdit &champ) {
-    v.messages->show(texte, QStringLiteral("Action Impossible"), Messages::Icon::Critical);
+    m_env.messages->show(texte, QStringLiteral("Action Impossible"), Messages::Icon::Critical);
     champ.setFocus();
 }
 
@@ -135,33 +132,33 @@ FichePatient FrmNouveauPatient::fiche() const {
             {DateNaissanceSaisie(ui->txtDateNaissance->text()), TexteSaisi(ui->txtNumSecu->text())}};
 }
 
-bool FrmNouveauPatient::accepteDoublon(const FichePatient &nouveau) {
+std::optional<QString> FrmNouveauPatient::doublon(const FichePatient &nouveau) {
     QList<Identite> homonymes;
-    {
+    const bool lus = essaie(m_env, [&] {
         const Sablier sablier;
-        Database base = v.ouvrePatients(); // closed again while the user thinks
+        Database base = m_env.ouvrePatients(); // closed again while the user thinks
         homonymes = Homonymes(base, nouveau);
-    }
-    const QString libelle = LibelleDoublon(homonymes, nouveau.identite);
-    return libelle.isEmpty() || v.messages->ask(QuestionDoublon(libelle), QStringLiteral("Message"));
+    });
+    return lus ? std::optional(LibelleDoublon(homonymes, nouveau.identite)) : std::nullopt;
 }
 
-void FrmNouveauPatient::cree(const FichePatient &nouveau) {
+bool FrmNouveauPatient::cree(const FichePatient &nouveau) {
     Creation creation;
     QString fichierListing;
-    {
+    const bool cree = essaie(m_env, [&] {
         const Sablier sablier;
-        Database patient = v.ouvrePatients();
-        Database listing = v.ouvrePatientsCrees();
+        Database patient = m_env.ouvrePatients();
+        Database listing = m_env.ouvrePatientsCrees();
         fichierListing = listing.path();
-        creation = CreePatient(patient, listing, nouveau, v.maintenant().date());
-    }
-    if (!creation.inscrite) {
-        v.messages->error(
+        creation = CreePatient(patient, listing, nouveau, m_env.maintenant().date());
+    });
+    if (cree && !creation.inscrite) {
+        m_env.messages->error(
             QStringLiteral(
                 "Le patient est créé sous le numéro %1, mais il n'a pas pu être inscrit dans la liste "
                 "des patients créés (fichier « %2 »). Ne le créez pas une seconde fois.")
                 .arg(creation.cptid)
                 .arg(QDir::toNativeSeparators(fichierListing)));
     }
+    return cree;
 }

@@ -4,19 +4,20 @@
 
 #include <QDialog>
 #include <memory>
+#include <optional>
 
 namespace Ui {
 class FrmNouveauPatient;
 }
 class QLineEdit;
-struct VariablesGlobales;
+struct Environnement;
 
 /// Adds a patient to the suite's patient file and to the listing of those created here. It is accepted when
 /// the patient is added; rejected, nothing was written.
 class FrmNouveauPatient : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmNouveauPatient(VariablesGlobales &etat, QWidget *parent = nullptr);
+    explicit FrmNouveauPatient(const Environnement &env, QWidget *parent = nullptr);
     ~FrmNouveauPatient() override;
 
   private:
@@ -29,10 +30,11 @@ class FrmNouveauPatient : public QDialog {
     bool saisieAcceptee();
     void refuse(const QString &texte, QLineEdit &champ);
     FichePatient fiche() const;
-    /// False when the user will not have a second patient of that name.
-    bool accepteDoublon(const FichePatient &nouveau);
-    void cree(const FichePatient &nouveau);
+    /// The words of LibelleDoublon for those who bear that name; nothing when they cannot be read, which is
+    /// told.
+    std::optional<QString> doublon(const FichePatient &nouveau);
+    bool cree(const FichePatient &nouveau);
 
     std::unique_ptr<Ui::FrmNouveauPatient> ui;
-    VariablesGlobales &v;
+    const Environnement &m_env;
 };

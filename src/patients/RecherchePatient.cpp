@@ -2,16 +2,64 @@
 
 #include "ui_RecherchePatient.h"
 
-#include "start/VariablesGlobales.h"
 #include "patients/TexteSaisi.h"
 #include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "platform/ui/Twips.h"
+#include "practice/Essai.h"
 
+#include <QApplication>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QStyleHints>
+#include <QThreadPool>
+#include <QTimer>
 #include <utility>
+
+namespace {
+
+/// What the second click of a double click would do to the window that lies under the list, when the first
+/// one has closed the dialog: nothing.
+class SecondClic : public QObject {
+  public:
+    /// `ou`: the cell that was clicked, on the screen.
+    explicit SecondClic(QRect ou) : QObject(qApp), m_ou(ou) {
+        qApp->installEventFilter(this);
+        QTimer::singleShot(QGuiApplication::styleHints()->mouseDoubleClickInterval(), this,
+                           &QObject::deleteLater);
+    }
+    bool eventFilter(QObject *, QEvent *evenement) override {
+        if (evenement->type() != QEvent::MouseButtonPress &&
+            evenement->type() != QEvent::MouseButtonDblClick) {
+            return false;
+        }
+        return m_ou.contains(static_cast<QMouseEvent *>(evenement)->globalPosition().toPoint());
+    }
+
+  private:
+    QRect m_ou;
+};
+
+/// In a file of a hundred thousand patients it takes a second, for which no window waits.
+void creeIndexACote(const Environnement &env) {
+    QThreadPool::globalInstance()->start([env] {
+        try {
+            Database patients = env.ouvrePatients();
+            CreeIndexPatients(patients);
+        } catch (
+            const DbError &) { // searches find the same without it; what is wrong with the file, they tell
+            return;
+        }
+    });
+}
+
+PatientTrouve sansBlancs(const PatientTrouve &trouve) {
+    return {trouve.nom.trimmed(), trouve.prenom.trimmed(), trouve.numero.trimmed(),
+            trouve.dateNais.trimmed()};
+}
+
+} // namespace
 
 RecherchePatient::RecherchePatient(QWidget *parent)
     : QWidget(parent), ui(std::make_unique<Ui::RecherchePatient>()) {
@@ -28,7 +76,16 @@ RecherchePatient::RecherchePatient(QWidget *parent)
 
     connect(ui->TxtPatient, &QLineEdit::textChanged, this, &RecherchePatient::TxtPatient_Change);
     connect(ui->TxtPatient1, &QLineEdit::textChanged, this, &RecherchePatient::TxtPatient1_Change);
-    connect(ui->Grille1, &QTableView::clicked, this, &RecherchePatient::choisit);
+    connect(ui->Grille1, &QTableView::clicked, this, [this](const QModelIndex &index) {
+        const QRect cellule = ui->Grille1->visualRect(index);
+        new SecondClic({ui->Grille1->viewport()->mapToGlobal(cellule.topLeft()), cellule.size()});
+        choisit(index);
+    });
+    connect(ui->Grille1->selectionModel(), &QItemSelectionModel::selectionChanged, this, [this] {
+        if (const QModelIndex ligne = ligneChoisie(); ligne.isValid()) {
+            emit patientParcouru(sansBlancs(m_liste.patient(ligne.row())));
+        }
+    });
     for (QWidget *controle : {static_cast<QWidget *>(ui->TxtPatient), static_cast<QWidget *>(ui->TxtPatient1),
                               static_cast<QWidget *>(ui->Grille1)}) {
         controle->installEventFilter(this);
@@ -37,48 +94,46 @@ RecherchePatient::RecherchePatient(QWidget *parent)
 
 RecherchePatient::~RecherchePatient() = default;
 
-void RecherchePatient::utilise(VariablesGlobales &etat) {
-    v = &etat;
-    try {
-        Database patients = etat.ouvrePatients();
-        CreeIndexPatients(patients);
-    } catch (const DbError &) { // what is wrong with the file is told by the first search
-        return;
-    }
+void RecherchePatient::utilise(const Environnement &env) {
+    m_env = &env;
+    creeIndexACote(env);
 }
 
 // ---- Filling
 
-void RecherchePatient::montre(const QList<PatientTrouve> &patients) {
-    m_liste.montre(patients);
+void RecherchePatient::montre(const PatientsTrouves &trouves) {
+    m_liste.montre(trouves, [this](const LotDeNoms &lot) {
+        QList<PatientTrouve> patients;
+        lit([&](Database &base) { patients = PatientsDuLot(base, lot); });
+        return patients;
+    });
     for (int colonne = 0; colonne < ListePatients::NbColonnes; ++colonne) {
         ui->Grille1->setColumnWidth(colonne, pixelsFromTwips(ListePatients::largeurs[colonne]));
     }
     ui->Grille1->scrollToTop();
 }
 
+void RecherchePatient::lit(const std::function<void(Database &)> &lecture) {
+    const std::optional<DbError> echec = tente(*m_env, [&] {
+        const Sablier sablier;
+        Database base = m_env->ouvrePatients();
+        lecture(base);
+    });
+    const QString erreur = echec ? echec->message() : QString();
+    if (std::exchange(m_erreurDite, erreur) != erreur && echec) {
+        m_env->messages->error(erreur);
+    }
+}
+
 // ---- Handlers
 
 void RecherchePatient::TxtPatient_Change() {
     const Critere critere = LitCritere(ui->TxtPatient->text());
-    if (v == nullptr || std::holds_alternative<std::monostate>(critere)) {
-        montre({});
-        return;
+    PatientsTrouves trouves;
+    if (m_env != nullptr && !std::holds_alternative<std::monostate>(critere)) {
+        lit([&](Database &base) { trouves = CherchePatients(base, critere); });
     }
-    QString erreurLue;
-    QList<PatientTrouve> patients;
-    try {
-        const Sablier sablier;
-        Database base = v->ouvrePatients();
-        patients = CherchePatients(base, critere);
-    } catch (const DbError &erreur) {
-        erreurLue = erreur.message();
-    }
-    montre(patients);
-    const QString dejaDite = std::exchange(m_erreurDite, erreurLue);
-    if (!erreurLue.isEmpty() && erreurLue != dejaDite) {
-        v->messages->error(erreurLue);
-    }
+    montre(trouves);
 }
 
 void RecherchePatient::TxtPatient1_Change() {
@@ -93,13 +148,14 @@ void RecherchePatient::transmetSaisie() {
     ui->TxtPatient->setText(saisie.endsWith(u'\n') ? TexteSaisi(saisie) : saisie);
 }
 
+QModelIndex RecherchePatient::ligneChoisie() const {
+    return ui->Grille1->selectionModel()->selectedRows().value(0);
+}
+
 void RecherchePatient::choisit(const QModelIndex &index) {
-    if (!index.isValid()) {
-        return;
+    if (index.isValid()) {
+        emit patientChoisi(sansBlancs(m_liste.patient(index.row())));
     }
-    const PatientTrouve &trouve = m_liste.patient(index.row());
-    emit patientChoisi(
-        {trouve.nom.trimmed(), trouve.prenom.trimmed(), trouve.numero.trimmed(), trouve.dateNais.trimmed()});
 }
 
 // ---- Keyboard: the arrows walk the list from the fields too, and Enter never reaches the dialog's default
@@ -114,19 +170,29 @@ bool RecherchePatient::eventFilter(QObject *objet, QEvent *evenement) {
         toucheEntree(objet);
         return true;
     }
-    const bool parcourt = touche.key() == Qt::Key_Up || touche.key() == Qt::Key_Down ||
-                          touche.key() == Qt::Key_PageUp || touche.key() == Qt::Key_PageDown;
-    if (parcourt && objet != ui->Grille1) {
+    return toucheFleche(touche, objet) || QWidget::eventFilter(objet, evenement);
+}
+
+bool RecherchePatient::toucheFleche(QKeyEvent &touche, const QObject *controle) {
+    if (touche.key() != Qt::Key_Up && touche.key() != Qt::Key_Down && touche.key() != Qt::Key_PageUp &&
+        touche.key() != Qt::Key_PageDown) {
+        return false;
+    }
+    if (!ligneChoisie().isValid()) { // whichever key: the walk begins at the top
+        ui->Grille1->selectRow(0);
+        return true;
+    }
+    if (controle != ui->Grille1) {
         QCoreApplication::sendEvent(ui->Grille1, &touche);
         return true;
     }
-    return QWidget::eventFilter(objet, evenement);
+    return false;
 }
 
-void RecherchePatient::toucheEntree(QObject *controle) {
+void RecherchePatient::toucheEntree(const QObject *controle) {
     if (controle == ui->TxtPatient1 && !ui->TxtPatient1->text().isEmpty()) {
         transmetSaisie();
     } else {
-        choisit(ui->Grille1->currentIndex());
+        choisit(ligneChoisie());
     }
 }

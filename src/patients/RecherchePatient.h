@@ -8,23 +8,26 @@
 namespace Ui {
 class RecherchePatient;
 }
-struct VariablesGlobales;
+struct Environnement;
 
 /// The patient lookup of a dialog: a search field that lists at every keystroke, an entry field that waits
-/// for Enter, and the list. Promoted in the dialog's .ui; the dialog hands it the state, and goes on from the
-/// pick.
+/// for Enter, and the list. Promoted in the dialog's .ui; the dialog hands it the environment, and goes on
+/// from the pick.
 class RecherchePatient : public QWidget {
     Q_OBJECT
   public:
     explicit RecherchePatient(QWidget *parent = nullptr);
     ~RecherchePatient() override;
 
-    /// Nothing is searched before this call; `etat` outlives the widget. The patient file gets its index here
-    /// if it can: without it three letters cost four times as much.
-    void utilise(VariablesGlobales &etat);
+    /// Nothing is searched before this call; `env` outlives the widget. Where the patient file lacks its
+    /// index it gets it meanwhile, if it can.
+    void utilise(const Environnement &env);
 
   signals:
-    /// A row was clicked, or Enter pressed on it. Its texts are trimmed.
+    // The patients' texts are trimmed.
+    /// A row was walked to: it is the one that the list highlights.
+    void patientParcouru(const PatientTrouve &patient);
+    /// A row was clicked, or Enter pressed on the highlighted one.
     void patientChoisi(const PatientTrouve &patient);
 
   protected:
@@ -33,13 +36,18 @@ class RecherchePatient : public QWidget {
   private:
     void TxtPatient_Change();
     void TxtPatient1_Change();
+    /// The highlighted row; invalid without one. The row that has the focus alone was chosen by nobody.
+    QModelIndex ligneChoisie() const;
     void choisit(const QModelIndex &index);
     void transmetSaisie();
-    void montre(const QList<PatientTrouve> &patients);
-    void toucheEntree(QObject *controle);
+    void montre(const PatientsTrouves &trouves);
+    /// Reads the patient file. What fails is told once, not again at every keystroke.
+    void lit(const std::function<void(Database &)> &lecture);
+    bool toucheFleche(QKeyEvent &touche, const QObject *controle);
+    void toucheEntree(const QObject *controle);
 
     std::unique_ptr<Ui::RecherchePatient> ui;
     ListePatients m_liste;
-    VariablesGlobales *v = nullptr;
-    QString m_erreurDite; ///< so that a missing file is told once, not at every keystroke
+    const Environnement *m_env = nullptr;
+    QString m_erreurDite;
 };

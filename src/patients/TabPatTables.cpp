@@ -1,7 +1,7 @@
 #include "patients/TabPatTables.h"
 
-#include "platform/db/DbError.h"
 #include "platform/db/DateInverse.h"
+#include "platform/db/DbError.h"
 
 namespace {
 
@@ -18,12 +18,33 @@ SqlText requete() {
     return SqlText("select nom, PreNom, cptid, DateNais from TabPat where ");
 }
 
-/// The bounds let the index serve; the pattern decides.
-SqlText requeteNom(const QString &debut) {
+/// The names alone, which the index holds, each with its count. The bounds let the index serve; the pattern
+/// decides.
+SqlText requeteNoms(const QString &debut) {
     const Plage plage = PlageDebut(debut);
-    return requete() << "TexteIndex(nom) >= " << texte(plage.de) << " and TexteIndex(nom) < "
-                     << texte(plage.jusqua) << " and nom like " << texte(MotifDebut(debut))
-                     << "order by TexteTri(nom) asc, TexteTri(prenom) asc";
+    return SqlText("select nom, count(*) from TabPat where TexteIndex(nom) >= ")
+           << texte(plage.de) << " and TexteIndex(nom) < " << texte(plage.jusqua)
+           << " group by TexteIndex(nom) having nom like " << texte(MotifDebut(debut))
+           << " order by TexteTri(nom), TexteIndex(nom)";
+}
+
+QList<LotDeNoms> lotsDe(const Records &noms) {
+    constexpr qint64 assez = 200; // patients: some screens
+    QList<LotDeNoms> lots;
+    qint64 combien = assez;
+    QString precedent;
+    for (const Record row : noms) {
+        const QString nom = row.at(0).toText();
+        // É and é are two keys of the index, and one name
+        if (combien >= assez && precedent.compare(nom, Qt::CaseInsensitive) != 0) {
+            lots.append(LotDeNoms());
+            combien = 0;
+        }
+        lots.last() << nom;
+        combien += row.at(1).toInteger();
+        precedent = nom;
+    }
+    return lots;
 }
 
 QList<PatientTrouve> patientsDe(const Records &rows) {
@@ -84,14 +105,27 @@ Fields ligneListing(Database &patient, qint64 cptid, QDate aujourdhui) {
 
 } // namespace
 
-QList<PatientTrouve> CherchePatients(Database &patient, const Critere &critere) {
+PatientsTrouves CherchePatients(Database &patient, const Critere &critere) {
     if (const auto *numero = std::get_if<qint64>(&critere)) {
-        return patientsDe(patient.query(requete() << "cptid = " << nombre(*numero)));
+        return {patientsDe(patient.query(requete() << "cptid = " << nombre(*numero))), {}};
     }
+    PatientsTrouves trouves;
     if (const auto *debut = std::get_if<QString>(&critere)) {
-        return patientsDe(patient.query(requeteNom(*debut)));
+        trouves.suite = lotsDe(patient.query(requeteNoms(*debut)));
+        if (!trouves.suite.isEmpty()) {
+            trouves.patients = PatientsDuLot(patient, trouves.suite.takeFirst());
+        }
     }
-    return {};
+    return trouves;
+}
+
+QList<PatientTrouve> PatientsDuLot(Database &patient, const LotDeNoms &lot) {
+    SqlText sql = requete() << "TexteIndex(nom) in (";
+    for (qsizetype i = 0; i < lot.size(); ++i) {
+        (i > 0 ? sql << ", " : sql) << texte(lot[i]);
+    }
+    return patientsDe(
+        patient.query(sql << ") order by TexteTri(nom), TexteTri(prenom), TexteIndex(nom), cptid"));
 }
 
 void CreeIndexPatients(Database &patient) {

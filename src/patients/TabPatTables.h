@@ -15,9 +15,21 @@ struct PatientTrouve {
     QString dateNais; ///< "dd/mm/yyyy"
 };
 
+/// Names of the file, in alphabetical order; patients whose names differ by letter case alone are together.
+using LotDeNoms = QStringList;
+
+/// A part of the found, and the names of those that are still to be read.
+struct PatientsTrouves {
+    QList<PatientTrouve> patients;
+    QList<LotDeNoms> suite;
+};
+
 /// The patients asked for: the one of that number, or those whose name begins with the text, by name, then
-/// first name.
-QList<PatientTrouve> CherchePatients(Database &patient, const Critere &critere);
+/// first name. Of many only the first are read; the other lots follow in their order.
+PatientsTrouves CherchePatients(Database &patient, const Critere &critere);
+
+/// The patients who bear one of the names, by name, then first name.
+QList<PatientTrouve> PatientsDuLot(Database &patient, const LotDeNoms &lot);
 
 /// Creates the index that a search by name uses, where the file can be written and lacks it. Searches find
 /// the same patients without it, later.

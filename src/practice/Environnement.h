@@ -11,8 +11,8 @@
 
 class Messages;
 
-/// The world outside: what a test replaces, and where the data lies. It is made before the first window, const
-/// from then on, and handed down by reference; it outlives every window.
+/// The world outside: what a test replaces, and where the data lies. It is made before the first window,
+/// const from then on, and handed down by reference; it outlives every window.
 struct Environnement {
     std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
     Messages *messages = nullptr;
@@ -23,8 +23,8 @@ struct Environnement {
     QString CheminFichiers;
     QString CheminBaseRDV;
 
-    /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds out
-    /// (a damaged page, locks that do not hold) writes it while the book is open.
+    /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds
+    /// out (a damaged page, locks that do not hold) writes it while the book is open.
     std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();
 
     /// Fills the three data locations from the row of the path database.
@@ -34,8 +34,8 @@ struct Environnement {
     Database ouvreCarnet() const;
     /// The same for an action that writes: refused where the book may only be read.
     Database ouvreCarnetPourEcrire() const;
-    Database ouvreParametres() const;   ///< practitioners
-    Database ouvrePatients() const;     ///< the suite's patient file
+    Database ouvreParametres() const;    ///< practitioners
+    Database ouvrePatients() const;      ///< the suite's patient file
     Database ouvrePatientsCrees() const; ///< listing of the patients created here
     Database ouvreActes() const;
     Database ouvreTransmission() const; ///< what the suite hands over

@@ -23,8 +23,8 @@ struct Configuration {
 };
 
 /// Why a grid cannot be drawn from `config`, as the end of a French sentence; empty when it can: a displayed
-/// day, four hours in order, an afternoon end after the morning start, and a slot of at least 1 minute that is
-/// no longer than the day.
+/// day, four hours in order, an afternoon end after the morning start, and a slot of at least 1 minute that
+/// is no longer than the day.
 QString DefautConfiguration(const Configuration &config);
 
 /// Whether the weekday number is one of the seven entries (of JourAffich: whether that day is displayed).

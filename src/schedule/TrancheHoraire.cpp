@@ -2,15 +2,18 @@
 
 #include "schedule/Creneaux.h"
 
+#include <QLocale>
 #include <QRegularExpression>
 
 #include <algorithm>
+#include <ranges>
 
 namespace {
 
 constexpr int pasFleche = 5; // minutes
 constexpr int derniereMinute = 23 * 60;
 constexpr int minutesParJour = 24 * 60;
+const QLocale francais(QLocale::French, QLocale::France);
 
 int minuteDuJour(QTime t) {
     return Minutes(QTime(0, 0), t);
@@ -30,6 +33,25 @@ int limite(const Horaires &horaires, size_t champ, int sinon) {
     return champ < horaires.size() && horaires[champ].isValid() ? minuteDuJour(horaires[champ]) : sinon;
 }
 
+bool estNomDeJour(const QString &mot) {
+    const auto porte = [&](int jour) {
+        return francais.dayName(jour).compare(mot, Qt::CaseInsensitive) == 0;
+    };
+    return std::ranges::any_of(std::views::iota(1, 8), porte);
+}
+
+/// 1 (January) … 12; 0 for another word.
+int moisNomme(const QString &mot) {
+    for (int mois = 1; mois <= 12; ++mois) {
+        for (const auto forme : {QLocale::ShortFormat, QLocale::LongFormat}) {
+            if (francais.monthName(mois, forme).compare(mot, Qt::CaseInsensitive) == 0) {
+                return mois;
+            }
+        }
+    }
+    return 0;
+}
+
 } // namespace
 
 Horaires HorairesDe(const Configuration &config) {
@@ -37,10 +59,32 @@ Horaires HorairesDe(const Configuration &config) {
 }
 
 std::optional<QTime> LitHeure(const QString &texte) {
-    static const QRegularExpression forme(QStringLiteral("^([0-9]{1,2}):([0-9]{2})$"));
+    static const QRegularExpression forme(
+        QStringLiteral("^([0-9]{1,2})(?:[:hH]([0-9]{2})|[hH]|([0-9]{2}))$"));
     const QRegularExpressionMatch lue = forme.match(texte.trimmed());
-    const QTime heure(lue.captured(1).toInt(), lue.captured(2).toInt());
+    const QTime heure(lue.captured(1).toInt(), (lue.captured(2) + lue.captured(3)).toInt());
     return lue.hasMatch() && heure.isValid() ? std::optional(heure) : std::nullopt;
+}
+
+std::optional<QDate> LitDate(const QString &texte) {
+    static const QRegularExpression chiffres(QStringLiteral(
+        "^([0-9]{1,2})([/.-])([0-9]{1,2})\\2((?:[0-9]{2}){1,2})$|^([0-9]{2})([0-9]{2})([0-9]{4})$"));
+    static const QRegularExpression longue(
+        QStringLiteral("^(?:(\\p{L}+) )?([0-9]{1,2}) (\\p{L}+\\.?) ([0-9]{4})$"));
+    QRegularExpressionMatch lue = chiffres.match(texte.trimmed());
+    QDate date;
+    if (lue.hasMatch()) {
+        const QString annee = lue.captured(4) + lue.captured(7);
+        date =
+            QDate(annee.toInt() + (annee.size() == 2 ? 2000 : 0), (lue.captured(3) + lue.captured(6)).toInt(),
+                  (lue.captured(1) + lue.captured(5)).toInt());
+    } else {
+        lue = longue.match(texte.simplified());
+        if (lue.captured(1).isEmpty() || estNomDeJour(lue.captured(1))) {
+            date = QDate(lue.captured(4).toInt(), moisNomme(lue.captured(3)), lue.captured(2).toInt());
+        }
+    }
+    return date >= premiereDate && date <= derniereDate ? std::optional(date) : std::nullopt;
 }
 
 std::optional<QTime> HeureApresFleche(const Horaires &horaires, size_t champ, Fleche fleche) {

@@ -10,8 +10,16 @@ using Horaires = std::array<QTime, 4>;
 
 Horaires HorairesDe(const Configuration &config);
 
-/// The time that a typed text spells, "8:00" or "08:00"; nothing for any other text.
+/// The time that a typed text spells: "9:30", "09:30", "9h30", "9h", "930", "0930"; nothing for any other
+/// text.
 std::optional<QTime> LitHeure(const QString &texte);
+
+/// Bounds of every date that may be typed.
+inline const QDate premiereDate(1900, 1, 1);
+inline const QDate derniereDate(2999, 12, 31);
+/// The date that a typed text spells: "02/12/2026", "2-12-2026", "2.12.26" (this century), "02122026", or the
+/// long form "mercredi 02 déc. 2026", whose day of the week counts for nothing; nothing for any other text.
+std::optional<QDate> LitDate(const QString &texte);
 
 enum class Fleche { Augmenter, Diminuer };
 

@@ -12,7 +12,8 @@ BarreEtat::BarreEtat(QStatusBar &StatusBar1) {
         panneau->setObjectName(QStringLiteral("StatusBar1_%1").arg(m_panneaux.size() + 1));
         panneau->setTextFormat(Qt::PlainText);
         panneau->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
-        panneau->setSizePolicy(part > 0 ? QSizePolicy::Ignored : QSizePolicy::Preferred, QSizePolicy::Preferred);
+        panneau->setSizePolicy(part > 0 ? QSizePolicy::Ignored : QSizePolicy::Preferred,
+                               QSizePolicy::Preferred);
         StatusBar1.addWidget(panneau, part);
         m_panneaux << panneau;
     }
@@ -22,12 +23,14 @@ BarreEtat::BarreEtat(QStatusBar &StatusBar1) {
 void BarreEtat::montreSelection(const Affichage &affichage, const Selection &selection) {
     m_panneaux[0]->setText(TexteEtatRDV(selection));
     const QString debut = DatesFr::heure(selection.horaire.debut);
-    m_panneaux[2]->setText(
-        debut.isEmpty() ? QString() : debut + QStringLiteral("  /  ") + DatesFr::heure(selection.horaire.fin));
+    m_panneaux[2]->setText(debut.isEmpty()
+                               ? QString()
+                               : debut + QStringLiteral("  /  ") + DatesFr::heure(selection.horaire.fin));
     m_panneaux[3]->setText(DatesFr::etat(JourCourant(affichage, selection)));
 }
 
-void BarreEtat::montreLecture(const Affichage &affichage, const QString &manquee, const QString &lectureSeule) {
+void BarreEtat::montreLecture(const Affichage &affichage, const QString &manquee,
+                              const QString &lectureSeule) {
     QStringList dits;
     if (const int nombre = SansHoraire(affichage)) {
         dits << QStringLiteral("%1 rendez-vous sans horaire lisible").arg(nombre);
@@ -45,6 +48,7 @@ void BarreEtat::montreLecture(const Affichage &affichage, const QString &manquee
     const QString quand = QStringLiteral("lu le %1 à %2")
                               .arg(DatesFr::courte(affichage.lu.date()),
                                    affichage.lu.time().toString(QStringLiteral("HH:mm:ss")));
-    panneau->setToolTip(QStringLiteral("<qt>%1</qt>")
-                            .arg(QStringList{quand, manquee, lectureSeule}.join(u'\n').trimmed().toHtmlEscaped()));
+    panneau->setToolTip(
+        QStringLiteral("<qt>%1</qt>")
+            .arg(QStringList{quand, manquee, lectureSeule}.join(u'\n').trimmed().toHtmlEscaped()));
 }

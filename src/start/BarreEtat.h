@@ -14,7 +14,8 @@ class BarreEtat {
 
     void montrePraticien(const QString &libelle) { m_panneaux[1]->setText(libelle); }
     void montreSelection(const Affichage &affichage, const Selection &selection);
-    /// `manquee`: why the last reading failed; `lectureSeule`: why the book may only be read. Empty: all is well.
+    /// `manquee`: why the last reading failed; `lectureSeule`: why the book may only be read. Empty: all is
+    /// well.
     void montreLecture(const Affichage &affichage, const QString &manquee, const QString &lectureSeule);
 
   private:

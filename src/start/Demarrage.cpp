@@ -2,6 +2,7 @@
 
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
+#include "schedule/Configuration.h"
 #include "start/MiseANiveauTables.h"
 
 namespace {
@@ -37,8 +38,9 @@ void litPraticienTransmis(const Environnement &env, Depart &depart) {
         depart.PraticienCourant = lue.NumPraticien;
         return;
     }
-    depart.messages << QStringLiteral("Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est pas "
-                                      "un numéro valable : le carnet s'ouvre sur le premier praticien.")
+    depart.messages << QStringLiteral(
+                           "Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est pas "
+                           "un numéro valable : le carnet s'ouvre sur le premier praticien.")
                            .arg(lue.NumPraticien.left(50));
 }
 
@@ -54,7 +56,8 @@ QString LitEmplacements(Environnement &env, const QString &fichier) {
         return echec->message();
     }
     if (!lus || lus->LeChemin.isEmpty()) {
-        return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.").arg(fichier);
+        return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
+            .arg(fichier);
     }
     env.prendEmplacements(*lus);
     return {};

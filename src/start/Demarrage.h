@@ -7,13 +7,14 @@
 
 /// The first steps of the start-up, which read the data before anything is drawn.
 
-/// Reads the path database `fichier` (a real file). Gives why the program has to end, nothing when it can go on.
+/// Reads the path database `fichier` (a real file). Gives why the program has to end, nothing when it can go
+/// on.
 QString LitEmplacements(Environnement &env, const QString &fichier);
 
 /// What the window opens on.
 struct Depart {
-    bool complet = false;  ///< false: there is nothing to open on yet
-    QStringList messages;  ///< what the user has to be told, in order
+    bool complet = false; ///< false: there is nothing to open on yet
+    QStringList messages; ///< what the user has to be told, in order
     QList<Praticien> praticiens;
     QString PraticienCourant; ///< number as text: "01"
 };

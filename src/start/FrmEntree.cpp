@@ -3,19 +3,17 @@
 #include "ui_FrmEntree.h"
 
 #include "booking/ActionsRDV.h"
+#include "booking/MessagesRDV.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
-#include "grid/AffichageTables.h"
 #include "grid/FrmMois.h"
-#include "grid/GrilleSemaine.h"
-#include "grid/GrillesJour.h"
-#include "grid/Navigation.h"
+#include "grid/Vues.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
-#include "practice/Essai.h"
+#include "practice/Environnement.h"
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
@@ -24,13 +22,12 @@
 #include "start/MenusPraticien.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
 #include <QShowEvent>
 
-#include <algorithm>
+#include <functional>
 
 namespace {
 
@@ -46,115 +43,84 @@ QFont sansMiseEnForme(QFont police) {
 }
 
 Geste gesteDe(FlexGrid::Gesture geste) {
-    switch (geste) {
-    case FlexGrid::Gesture::Press:
-        return Geste::Clic;
-    case FlexGrid::Gesture::Drag:
-        return Geste::Glisse;
-    default:
-        return Geste::Touche;
-    }
+    const bool clic = geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::RightPress;
+    return clic ? Geste::Clic : Geste::Glisse;
 }
 
 } // namespace
 
 FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), m_env(env) {
+    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), m_env(env), m_carnet(env, this),
+      m_commandes(*ui, env) {
     setFont(sansMiseEnForme(font()));
     ui->setupUi(this);
-    construitBoutonsVue();
-    m_semaine = std::make_unique<GrilleSemaine>(*ui->GrilleRDV, env);
-    m_jour = std::make_unique<GrillesJour>(*ui->GrilleRDV02, *ui->GrilleRDV03, env);
+    BtnSemaine = BoutonVue(*ui, QStringLiteral("Semaine"));
+    BtnJour = BoutonVue(*ui, QStringLiteral("Jour"));
+    m_vues = new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this);
     m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
     m_actions = new ActionsRDV(env, *this);
     m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
-    relieGrilles();
+    relieCarnet();
     relieMenus();
-    relieRendezVous();
     relieBoutons();
     relieClavier();
-    dessineMenus();
-    dessineBoutons();
     MontreVue(*ui, true);
+    dessineMenus();
 }
 
 FrmEntree::~FrmEntree() = default;
 
 // ---- Construction
 
-/// The two views, at the right end of the menu bar: the bottom of the window has no room left for them.
-void FrmEntree::construitBoutonsVue() {
-    auto *coin = new QWidget(this);
-    auto *rangee = new QHBoxLayout(coin);
-    rangee->setContentsMargins(0, 0, 2, 0);
-    rangee->setSpacing(2);
-    const auto bouton = [&](const QString &nom) {
-        auto *b = new QPushButton(nom, coin);
-        b->setObjectName(QStringLiteral("Btn") + nom);
-        b->setCheckable(true);
-        b->setFocusPolicy(Qt::NoFocus);
-        b->setMaximumHeight(fontMetrics().height() + 4);
-        rangee->addWidget(b);
-        return b;
-    };
-    BtnSemaine = bouton(QStringLiteral("Semaine"));
-    BtnJour = bouton(QStringLiteral("Jour"));
-    ui->menubar->setCornerWidget(coin);
-}
-
-void FrmEntree::relieGrilles() {
-    const QList<std::pair<FlexGrid *, int>> places{{ui->GrilleRDV, 0}, {ui->GrilleRDV02, 0}, {ui->GrilleRDV03, 1}};
-    for (const auto &[vue, grille] : places) {
-        connect(vue, &FlexGrid::selectionAsked, this,
-                [this, grille = grille](const FlexGrid::Corners &coins, FlexGrid::Gesture geste) {
-                    selectionne(grille, coins, geste);
-                });
-        connect(vue, &FlexGrid::opened, this, &FrmEntree::ouvre);
-        connect(vue, &FlexGrid::contextMenuAsked, this,
-                [this](const QPoint &position) { ui->mnupatient->popup(position); });
-    }
-}
-
-void FrmEntree::relieMenus() {
-    relie(ui->mnuquitter, [this] { close(); });
-    connect(m_menus, &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
-    connect(m_menus, &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
-    relie(ui->mnusemaine, [this] { BtnSemaine_Click(); });
-    relie(ui->mnuJour, [this] { BtnJour_Click(); });
-    relie(ui->mnuRafraichir, [this] { BtnRafraichir_Click(); });
-    relie(ui->mnuZoom, [this] { mnuZoom_Click(); });
-    relie(ui->mnutranche, [this] { mnutranche_Click(); });
-    relie(ui->mnuexclure, [this] { mnuexclure_Click(); });
-    relie(ui->mnuSauver, [this] { mnuSauver_Click(); });
-    relie(ui->menuSuppConfig, [this] { menuSuppConfig_Click(); });
-    relie(ui->mnuAPropos, [this] { FrmAPropos(m_menus->libelles(), this).exec(); });
-}
-
-/// What is done with the selection.
-void FrmEntree::relieRendezVous() {
-    relie(ui->mnuAjouter, [this] { mnuAjouter_Click(); });
-    relie(ui->mnuEditer, [this] { mnuEditer_Click(); });
-    relie(ui->mnuReporter, [this] { m_actions->reporte(); });
-    relie(ui->mnuSupprimer, [this] { mnuSupprimer_Click(); });
-    relie(ui->mnuPresent, [this] { mnuPresent_Click(); });
-    ui->mnuReporter->setVisible(false);
-    ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
+/// From the grids to the values, and from the values to all that shows them.
+void FrmEntree::relieCarnet() {
+    connect(m_vues, &Vues::selectionDemandee, this, &FrmEntree::selectionne);
+    connect(m_vues, &Vues::ouvertureDemandee, this, &FrmEntree::ouvre);
+    connect(m_vues, &Vues::menuDemande, this,
+            [this](const QPoint &position) { ui->mnupatient->popup(position); });
+    connect(&m_carnet, &CarnetMontre::affichageChange, this, &FrmEntree::dessine);
+    connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
+    connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
     connect(m_actions, &ActionsRDV::rdvEcrit, this, &FrmEntree::rdvEcrit);
 }
 
+void FrmEntree::relieMenus() {
+    const auto relie = [this](QAction *action, auto gestionnaire) {
+        m_commandes.relie(action, [this, gestionnaire] { std::invoke(gestionnaire, this); });
+    };
+    relie(ui->mnuAjouter, &FrmEntree::mnuAjouter_Click);
+    relie(ui->mnuEditer, &FrmEntree::mnuEditer_Click);
+    relie(ui->mnuSupprimer, &FrmEntree::mnuSupprimer_Click);
+    relie(ui->mnuPresent, &FrmEntree::mnuPresent_Click);
+    relie(ui->mnuquitter, &FrmEntree::close);
+    connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
+    connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
+    m_commandes.relie(ui->mnusemaine, [this] { m_carnet.montreSemaine(); });
+    relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
+    relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
+    relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
+    relie(ui->mnutranche, &FrmEntree::mnutranche_Click);
+    relie(ui->mnuexclure, &FrmEntree::mnuexclure_Click);
+    relie(ui->mnuSauver, &FrmEntree::mnuSauver_Click);
+    relie(ui->menuSuppConfig, &FrmEntree::menuSuppConfig_Click);
+    relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
+    ui->mnuReporter->setVisible(false);
+    ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
+}
+
 void FrmEntree::relieBoutons() {
-    const auto aujourdhui = [this] { vaAu(m_env.maintenant().date()); };
-    connect(BtnSemaine, &QPushButton::clicked, this, &FrmEntree::BtnSemaine_Click);
+    const auto aujourdhui = [this] { m_carnet.vaAu(m_env.maintenant().date()); };
+    connect(BtnSemaine, &QPushButton::clicked, &m_carnet, &CarnetMontre::montreSemaine);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
-    connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { decale(-7); });
+    connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { m_carnet.decale(-7); });
     connect(ui->BtnAujourdhui, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { decale(7); });
-    connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { decale(-1); });
+    connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { m_carnet.decale(7); });
+    connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { m_carnet.decale(-1); });
     connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { decale(1); });
+    connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { m_carnet.decale(1); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
@@ -165,9 +131,9 @@ void FrmEntree::relieClavier() {
     const auto touche = [this](const QKeySequence &suite, auto operation) {
         connect(new QShortcut(suite, this), &QShortcut::activated, this, operation);
     };
-    touche(Qt::Key_PageUp, [this] { decale(m_affichage.demande.VueSemaine ? -7 : -1); });
-    touche(Qt::Key_PageDown, [this] { decale(m_affichage.demande.VueSemaine ? 7 : 1); });
-    touche(Qt::Key_Home, [this] { vaAu(m_env.maintenant().date()); });
+    touche(Qt::Key_PageUp, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
+    touche(Qt::Key_PageDown, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
+    touche(Qt::Key_Home, [this] { m_carnet.vaAu(m_env.maintenant().date()); });
     touche(Qt::Key_F5, [this] { BtnRafraichir_Click(); });
 }
 
@@ -187,218 +153,130 @@ void FrmEntree::Form_Load() {
     }
     m_menus->construitPraticiens(depart.praticiens);
     const QDate aujourdhui = m_env.maintenant().date();
-    if (!montre({.PraticienCourant = depart.PraticienCourant, .jour = aujourdhui}, Annonce::UneFois)) {
+    if (!m_carnet.montre({.PraticienCourant = depart.PraticienCourant, .jour = aujourdhui},
+                         CarnetMontre::Annonce::UneFois)) {
         return;
     }
-    vaAu(PremierJourAffiche(aujourdhui, m_affichage.grilles.first().config.JourAffich));
+    const QDate premier =
+        PremierJourAffiche(aujourdhui, m_carnet.affichage().grilles.first().config.JourAffich);
+    if (premier != aujourdhui) {
+        m_carnet.vaAu(premier);
+    }
     Timer1.start(periodeTimer1);
 }
 
-// ---- What is shown
+// ---- Drawing
 
-bool FrmEntree::montre(const Demande &demande, Annonce annonce) {
-    Affichage lu;
-    if (!lit([&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); }, annonce)) {
-        dessineMenus(); // Qt has ticked what was chosen
-        dessineBoutons();
-        return false;
-    }
-    m_selection = Reprend(lu, m_affichage, m_selection);
-    m_affichage = lu;
-    dessine();
-    return true;
-}
-
-bool FrmEntree::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {
-    const bool dejaManquee = !m_lectureManquee.isEmpty();
-    m_enLecture = true;
-    const std::optional<DbError> echec = tente(m_env, [&] {
-        Database carnet = m_env.ouvreCarnet();
-        lecture(carnet);
-    });
-    m_enLecture = false;
-    m_lectureManquee = echec ? echec->message() : QString();
+void FrmEntree::dessine() {
+    const Sablier sablier;
+    const Affichage &affichage = m_carnet.affichage();
+    const QString libelle = m_menus->libelle(affichage.demande.PraticienCourant);
+    setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
+    m_etat->montrePraticien(libelle);
+    m_vues->dessine(affichage);
+    MontreVue(*ui, affichage.demande.VueSemaine);
     dessineLecture();
-    if (echec && (annonce == Annonce::Toujours || !dejaManquee)) {
-        m_env.messages->error(m_lectureManquee);
-    }
-    return !echec;
+    dessineSelection();
 }
+
+void FrmEntree::dessineSelection() {
+    const Selection &selection = m_carnet.selection();
+    const Coins &c = selection.coins;
+    const bool semaine = m_carnet.affichage().demande.VueSemaine;
+    m_vues->contourne(selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
+                      semaine ? InfoBulleRDV(selection) : QString());
+    m_etat->montreSelection(m_carnet.affichage(), selection);
+    m_commandes.dessine(m_carnet);
+}
+
+/// Qt has ticked what was chosen: what is shown decides.
+void FrmEntree::dessineMenus() {
+    const bool semaine = m_carnet.affichage().demande.VueSemaine;
+    m_menus->dessine(m_carnet.affichage());
+    m_commandes.dessine(m_carnet);
+    for (QPushButton *bouton : findChildren<QPushButton *>()) {
+        bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
+    }
+    BtnSemaine->setChecked(semaine);
+    BtnJour->setChecked(!semaine);
+}
+
+void FrmEntree::dessineLecture() {
+    m_etat->montreLecture(m_carnet.affichage(), m_carnet.lectureManquee(), *m_env.lectureSeule);
+    dessineMenus();
+}
+
+// ---- What is done with the selection
 
 void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
-    if (!estCharge() || grille >= m_affichage.grilles.size()) {
-        return;
-    }
     const Coins coins{c.row, c.col, c.rowSel, c.colSel};
-    if (geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::RightPress) {
-        m_avantClic = m_selection;
-        if (!relitJourDe(grille, coins)) {
-            dessineSelection(); // the outline stays where it was
-            return;
-        }
-    }
-    m_selection = Selectionne(m_affichage, grille, coins, gesteDe(geste), m_selection);
-    dessineSelection();
-    if (PlusieursColonnes(m_affichage, coins)) {
-        for (FlexGrid *vue : grilles()) {
-            vue->endDrag(); // the message takes the release away
-        }
+    m_carnet.selectionne(grille, coins, gesteDe(geste));
+    if (PlusieursColonnes(m_carnet.affichage(), coins)) {
+        m_vues->finGlisse();
         m_env.messages->show(QStringLiteral("Vous ne pouvez pas sélectionner plusieurs colonnes !"),
                              QStringLiteral("Erreur de sélection !"));
     }
 }
 
-/// A click looks at the book: a day that is not what is drawn any more is drawn first.
-bool FrmEntree::relitJourDe(int grille, const Coins &coins) {
-    const QDate jour = JourDesCoins(m_affichage, grille, coins);
-    if (!jour.isValid()) {
-        return true;
-    }
-    QList<RendezVous> relus;
-    if (!lit([&](Database &carnet) { relus = RelitJour(carnet, m_affichage, grille, jour); })) {
-        return false;
-    }
-    return relus == DuJour(m_affichage.grilles[grille], jour) || montre(m_affichage.suite());
-}
-
-void FrmEntree::dessine() {
-    const Sablier sablier;
-    const QString libelle = m_menus->libelle(m_affichage.demande.PraticienCourant);
-    setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
-    m_etat->montrePraticien(libelle);
-    const bool semaine = m_affichage.demande.VueSemaine;
-    if (semaine) {
-        m_semaine->dessine(m_affichage);
-        m_semaine->dimensionne();
-    } else {
-        m_jour->dessine(m_affichage);
-        m_jour->dimensionne();
-    }
-    MontreVue(*ui, semaine);
-    dessineBoutons();
-    dessineSelection();
-    dessineLecture();
-}
-
-void FrmEntree::dessineSelection() {
-    const bool semaine = m_affichage.demande.VueSemaine;
-    const QList<FlexGrid *> vues = grilles();
-    for (int i = 0; i < vues.size(); ++i) {
-        const bool ici = i == m_selection.grille;
-        const Coins &c = m_selection.coins;
-        vues[i]->showOutline(ici ? std::optional(FlexGrid::Corners{c.ligne, c.colonne, c.ligneFin, c.colonneFin})
-                                 : std::nullopt);
-        vues[i]->setOutlineToolTip(ici && semaine ? InfoBulleRDV(m_selection) : QString());
-    }
-    m_etat->montreSelection(m_affichage, m_selection);
-    dessineMenus();
-}
-
-void FrmEntree::dessineMenus() {
-    const bool charge = estCharge();
-    const bool surRDV = m_selection.rdv.has_value();
-    const bool ecrit = charge && m_env.lectureSeule->isEmpty();
-    for (const QMenu *menu : {ui->mnupatient, ui->menuAffichage, ui->menuOptions, ui->menuAide}) {
-        for (QAction *action : menu->actions()) {
-            active(action, charge);
-        }
-    }
-    m_menus->dessine(m_affichage);
-    active(ui->mnuquitter, true);
-    active(ui->mnuAPropos, true);
-    active(ui->mnuRafraichir, true);
-    active(ui->mnuPurger, m_affichage.ConfigExiste());
-    active(ui->mnuSauver, ecrit);
-    active(ui->menuSuppConfig, ecrit);
-    active(ui->mnuAjouter, ecrit && !m_selection.vide() && !surRDV && m_affichage.ConfigExiste());
-    for (QAction *action : {ui->mnuEditer, ui->mnuSupprimer, ui->mnuPresent}) {
-        active(action, ecrit && surRDV);
-    }
-    active(ui->mnuLettre, surRDV);
-    ui->mnuPresent->setChecked(surRDV && m_selection.rdv->Present);
-}
-
-void FrmEntree::dessineBoutons() {
-    for (QPushButton *bouton : findChildren<QPushButton *>(Qt::FindChildrenRecursively)) {
-        bouton->setEnabled(estCharge() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
-    }
-    BtnSemaine->setChecked(m_affichage.demande.VueSemaine);
-    BtnJour->setChecked(!m_affichage.demande.VueSemaine);
-}
-
-void FrmEntree::dessineLecture() {
-    m_etat->montreLecture(m_affichage, m_lectureManquee, *m_env.lectureSeule);
-}
-
-// ---- What is done with the selection
-
-std::optional<RendezVous> FrmEntree::rdvRelu(const QString &disparu, const QString &titre) {
-    const qint64 voulu = m_selection.rdv->RefRDV;
-    if (!montre(m_affichage.suite())) {
-        return std::nullopt;
-    }
-    if (!m_selection.rdv || m_selection.rdv->RefRDV != voulu) {
-        m_env.messages->show(disparu, titre);
-        return std::nullopt;
-    }
-    return m_selection.rdv;
-}
-
-void FrmEntree::mnuAjouter_Click() {
-    if (!montre(m_affichage.suite())) {
-        return;
-    }
-    if (m_selection.vide() || m_selection.rdv) {
-        m_env.messages->show(QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
-                                            "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage."),
-                             QStringLiteral("Horaire occupé"));
-        return;
-    }
-    m_actions->ajoute(PlaceDe(m_affichage, m_selection));
-}
-
-void FrmEntree::mnuEditer_Click() {
-    if (const auto rdv =
-            rdvRelu(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
-        m_actions->edite(*rdv, PlaceDe(m_affichage, m_selection));
-    }
-}
-
-void FrmEntree::mnuSupprimer_Click() {
-    if (const auto rdv = rdvRelu(QStringLiteral("Ce rendez-vous n'existe plus !"),
-                                 QStringLiteral("Rendez-vous déjà supprimé"))) {
-        m_actions->supprime(*rdv, PlaceDe(m_affichage, m_selection));
-    }
-}
-
-/// Sets what the user saw himself choose; the book is looked at where it is written.
-void FrmEntree::mnuPresent_Click() {
-    const RendezVous rdv = *m_selection.rdv;
-    m_actions->marquePresent(rdv, !rdv.Present);
-    dessineMenus();
-}
-
 void FrmEntree::ouvre(bool parSouris) {
-    if (parSouris && m_selection.suivant) { // the double click's first press was no wish for the next one
-        m_selection = m_avantClic;
-        dessineSelection();
+    if (parSouris) {
+        m_carnet.annuleSuivant();
     }
-    QAction *action = m_selection.rdv ? ui->mnuEditer : ui->mnuAjouter;
+    QAction *action = m_carnet.selection().rdv ? ui->mnuEditer : ui->mnuAjouter;
     if (action->isEnabled()) {
         action->trigger();
     }
 }
 
-void FrmEntree::rdvEcrit(const RendezVous &rdv) {
-    if (!montre(m_affichage.suite())) {
+bool FrmEntree::relitRDV(const QString &disparu, const QString &titre) {
+    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
+    if (!m_carnet.relit()) {
+        return false;
+    }
+    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
+    if (!encoreLa) {
+        m_env.messages->show(disparu, titre);
+    }
+    return encoreLa;
+}
+
+void FrmEntree::mnuAjouter_Click() {
+    if (!m_carnet.relit()) {
         return;
     }
-    const Selection ecrit = SelectionneRDV(m_affichage, rdv.RefRDV);
-    if (!ecrit.vide()) {
-        m_selection = ecrit;
-        dessineSelection();
-    } else if (rdv.RefRDV != 0 && m_affichage.demande.VueSemaine &&
-               !Dans(Jour(rdv.Date1), m_affichage.grilles.first().config.JourAffich)) {
+    const Selection &selection = m_carnet.selection();
+    if (selection.vide() || selection.rdv) {
+        m_env.messages->show(messageOccupe, titreOccupe);
+        return;
+    }
+    m_actions->ajoute(PlaceDe(m_carnet.affichage(), selection));
+}
+
+void FrmEntree::mnuEditer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
+        m_actions->edite(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
+    }
+}
+
+void FrmEntree::mnuSupprimer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                 QStringLiteral("Rendez-vous déjà supprimé"))) {
+        m_actions->supprime(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
+    }
+}
+
+/// Sets what the user saw himself choose; the row is looked at where it is written.
+void FrmEntree::mnuPresent_Click() {
+    const RendezVous rdv = *m_carnet.selection().rdv;
+    m_actions->marquePresent(rdv, !rdv.Present);
+    dessineMenus();
+}
+
+void FrmEntree::rdvEcrit(const RendezVous &rdv) {
+    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
+    const Affichage &affichage = m_carnet.affichage();
+    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
+        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
         m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
                                  .arg(DatesFr::jourComplet(rdv.Date1)));
     }
@@ -406,86 +284,45 @@ void FrmEntree::rdvEcrit(const RendezVous &rdv) {
 
 // ---- What is asked for
 
-Demande FrmEntree::courante() const {
-    return {.PraticienCourant = m_affichage.demande.PraticienCourant,
-            .VueSemaine = m_affichage.demande.VueSemaine,
-            .jour = JourCourant(m_affichage, m_selection)};
-}
-
-void FrmEntree::mnuDocteur_Click(const QString &numero) {
-    Demande demande = courante();
-    demande.PraticienCourant = numero;
-    montre(demande);
-}
-
-void FrmEntree::mnuFauteuil_Click(long fauteuil) {
-    Demande demande = courante();
-    demande.fauteuil = fauteuil;
-    montre(demande);
-}
-
-void FrmEntree::BtnSemaine_Click() {
-    Demande demande = courante();
-    demande.VueSemaine = true;
-    montre(demande);
-}
-
 void FrmEntree::BtnJour_Click() {
-    Demande demande = courante();
-    demande.VueSemaine = false;
-    demande.jour = m_env.maintenant().date();
-    if (m_affichage.fauteuilCoche >= 0) {
-        demande.fauteuil = CLng(m_affichage.configs[m_affichage.fauteuilCoche].config.FauteuilCourant);
-    }
-    if (montre(demande)) {
-        m_jour->montreHeureCourante(m_affichage);
+    if (m_carnet.montreJour()) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
     }
 }
 
 void FrmEntree::BtnRafraichir_Click() {
-    if (!estCharge()) {
+    if (m_carnet.estVide()) {
         m_dits.clear();
         Form_Load();
-        return;
+    } else {
+        m_carnet.rafraichit();
     }
-    montre(m_affichage.demande.VueSemaine ? courante() : m_affichage.demande);
 }
 
 void FrmEntree::mnuZoom_Click() {
-    Demande demande = m_affichage.suite();
-    if (demande.VueSemaine && demande.config) { // the day grids keep their own slots
-        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
+    if (m_carnet.basculeZoom() && m_carnet.affichage().demande.VueSemaine) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
     }
-    if (montre(demande) && demande.VueSemaine) {
-        m_semaine->montreHeureCourante(m_affichage);
-    }
-}
-
-void FrmEntree::prendReglages(const Configuration &config) {
-    Demande demande = m_affichage.suite();
-    demande.config = config;
-    demande.intervalleSansZoom = 0;
-    montre(demande);
 }
 
 void FrmEntree::mnutranche_Click() {
-    FrmTrancheHoraire fenetre(m_env, m_affichage.reglages(m_selection.grille), this);
+    FrmTrancheHoraire fenetre(m_env, m_carnet.reglages(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        prendReglages(fenetre.configuration());
+        m_carnet.prendReglages(fenetre.configuration());
     }
 }
 
 void FrmEntree::mnuexclure_Click() {
-    const Configuration avant = m_affichage.reglages(m_selection.grille);
+    const Configuration avant = m_carnet.reglages();
     FrmJourExclure fenetre(m_env, avant, this);
     fenetre.exec();
     if (fenetre.configuration() != avant) { // also a rest day that was chosen before cancelling
-        prendReglages(fenetre.configuration());
+        m_carnet.prendReglages(fenetre.configuration());
     }
 }
 
 void FrmEntree::mnuSauver_Click() {
-    FrmSauvegarde fenetre(m_env, m_affichage.demande.PraticienCourant, m_affichage.reglages(m_selection.grille), this);
+    FrmSauvegarde fenetre(m_env, m_carnet.affichage().demande.PraticienCourant, m_carnet.reglages(), this);
     if (fenetre.exec() == QDialog::Accepted) {
         FrmQuit(this).exec();
         close();
@@ -493,69 +330,44 @@ void FrmEntree::mnuSauver_Click() {
 }
 
 void FrmEntree::menuSuppConfig_Click() {
-    if (SuppConfig(m_env, m_affichage.demande.numPraticien(), this).exec() == QDialog::Accepted) {
+    if (SuppConfig(m_env, m_carnet.affichage().demande.numPraticien(), this).exec() == QDialog::Accepted) {
         close();
     }
 }
 
+void FrmEntree::mnuAPropos_Click() {
+    FrmAPropos(m_menus->libelles(), this).exec();
+}
+
 void FrmEntree::BtnMois_Click() {
-    FrmMois fenetre(JourCourant(m_affichage, m_selection), m_env.maintenant().date(), this);
+    FrmMois fenetre(m_carnet.jourCourant(), m_env.maintenant().date(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        vaAu(fenetre.jour());
-    }
-}
-
-void FrmEntree::decale(int jours) {
-    if (!estCharge()) {
-        return;
-    }
-    const QDate jour = DecaleDate(JourCourant(m_affichage, m_selection), jours);
-    if (!jour.isValid()) {
-        m_env.messages->show(
-            QStringLiteral("Le carnet va du %1 au %2.")
-                .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
-        return;
-    }
-    vaAu(jour);
-}
-
-void FrmEntree::vaAu(QDate jour) {
-    if (estCharge() && jour != m_affichage.demande.jour) {
-        Demande demande = m_affichage.suite();
-        demande.jour = jour;
-        montre(demande);
+        m_carnet.vaAu(fenetre.jour());
     }
 }
 
 bool FrmEntree::estOccupe() const {
-    return m_enLecture || QApplication::activeModalWidget() != nullptr ||
-           QApplication::activePopupWidget() != nullptr ||
-           std::ranges::any_of(grilles(), [](const FlexGrid *vue) { return vue->isDragging(); });
+    return m_carnet.enLecture() || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
+           QApplication::activePopupWidget() != nullptr;
 }
 
 void FrmEntree::Timer1_Timer() {
     if (estOccupe()) {
         Timer1.start(attenteTimer1);
-    } else if (!estCharge()) {
+    } else if (m_carnet.estVide()) {
         Form_Load();
     } else {
         Timer1.start(periodeTimer1);
-        montre(m_affichage.suite(), Annonce::UneFois);
+        m_carnet.relit(CarnetMontre::Annonce::UneFois);
     }
 }
 
 // ---- Window
 
-QList<FlexGrid *> FrmEntree::grilles() const {
-    return m_affichage.demande.VueSemaine ? QList<FlexGrid *>{ui->GrilleRDV}
-                                          : QList<FlexGrid *>{ui->GrilleRDV02, ui->GrilleRDV03};
-}
-
 void FrmEntree::dispose() {
     const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
     if (PlaceControles(*ui, centralWidget()->width(), hauteur)) {
-        m_semaine->dimensionne();
-        m_jour->dimensionne();
+        m_vues->dimensionne();
     }
 }
 
@@ -567,26 +379,17 @@ void FrmEntree::resizeEvent(QResizeEvent *event) {
 void FrmEntree::showEvent(QShowEvent *event) {
     QMainWindow::showEvent(event);
     dispose();
-    if (!event->spontaneous() && estCharge() && m_affichage.demande.VueSemaine) {
-        m_semaine->montreHeureCourante(m_affichage);
+    if (!event->spontaneous() && !m_carnet.estVide() && m_carnet.affichage().demande.VueSemaine) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
     }
 }
 
 void FrmEntree::wheelEvent(QWheelEvent *event) {
-    const bool zoome = m_affichage.demande.intervalleSansZoom > 0;
+    const bool zoome = m_carnet.affichage().demande.intervalleSansZoom > 0;
     const int sens = event->angleDelta().y();
     const bool bascule = event->modifiers().testFlag(Qt::ControlModifier) && (zoome ? sens < 0 : sens > 0);
-    if (estCharge() && bascule) {
+    if (!m_carnet.estVide() && bascule) {
         mnuZoom_Click();
     }
     event->accept();
-}
-
-void FrmEntree::relie(QAction *action, const std::function<void()> &gestionnaire) {
-    connect(action, &QAction::triggered, this, [gestionnaire] { gestionnaire(); });
-    m_reliees.insert(action);
-}
-
-void FrmEntree::active(QAction *action, bool active) {
-    action->setEnabled(active && m_reliees.contains(action));
 }

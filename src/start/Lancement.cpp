@@ -12,6 +12,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include <cstdlib>
 #include <fontconfig/fontconfig.h>
 #include <thread>
 
@@ -40,6 +41,18 @@ void parleFrancais() {
 std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
     const qint64 decalage = QDateTime::currentDateTime().msecsTo(depart);
     return [decalage] { return QDateTime::currentDateTime().addMSecs(decalage); };
+}
+
+/// Qt ends the program with an English sentence where there is no screen.
+void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &texte) {
+    QTextStream erreurs(stderr);
+    if (genre != QtFatalMsg) {
+        return;
+    }
+    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir ("
+            << texte.section(u'\n', 0, 0) << ")\n";
+    erreurs.flush();
+    std::_Exit(codeErreur);
 }
 
 /// A comfortable size, or the whole of a smaller screen.
@@ -84,7 +97,9 @@ int Lance(int argc, char **argv) {
 
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
     std::jthread polices([] { FcInit(); });   // the list of fonts is read while the window system answers
+    const QtMessageHandler ordinaire = qInstallMessageHandler(ditSansEcran);
     QApplication application(argc, argv);
+    qInstallMessageHandler(ordinaire);
     polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();

@@ -13,8 +13,8 @@ QString litteral(QString texte) {
 } // namespace
 
 MenusPraticien::MenusPraticien(QMenu &mnuPraticien, QMenu &menuFaut, QObject *parent)
-    : QObject(parent), m_menuPraticien(mnuPraticien), m_menuFaut(menuFaut), m_docteurs(mnuPraticien.actions()),
-      m_fauteuils(menuFaut.actions()) {
+    : QObject(parent), m_menuPraticien(mnuPraticien), m_menuFaut(menuFaut),
+      m_docteurs(mnuPraticien.actions()), m_fauteuils(menuFaut.actions()) {
     connect(&m_menuPraticien, &QMenu::triggered, this, [this](QAction *choisi) {
         emit praticienChoisi(m_praticiens[m_docteurs.indexOf(choisi)].numero());
     });

@@ -9,8 +9,8 @@ class QAction;
 class QMenu;
 struct Affichage;
 
-/// The practitioner and chair menus. What they show comes from what is displayed, ticks included: Qt has set its
-/// own when an item is chosen.
+/// The practitioner and chair menus. What they show comes from what is displayed, ticks included: Qt has set
+/// its own when an item is chosen.
 class MenusPraticien : public QObject {
     Q_OBJECT
   public:

@@ -18,6 +18,9 @@ std::vector<IndexDef> indexRDV() {
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
         // the day under the selection
         {QStringLiteral("RDVParDate"), SqlText("Date1")},
+        // usually empty: rows that lie on another day than their key says
+        {QStringLiteral("RDVDecales"), SqlText("Date1"),
+         SqlText("DateInv Is Null Or DateInv <> InverseDate(Date1)")},
         // usually empty: every start looks for these rows, and must not read the whole book for that
         {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
     };

@@ -191,7 +191,8 @@ void FlexGrid::moveBy(int rows, int cols, bool extend) {
     if (area.isEmpty()) {
         return;
     }
-    const Corners from = m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
+    const Corners from =
+        m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
     // From a block of several rows, Down leaves it by its end and Up by its beginning.
     const int leaving = rows > 0 ? std::max(from.row, from.rowSel) : std::min(from.row, from.rowSel);
     const int row = std::clamp((extend ? from.rowSel : leaving) + rows, area.top(), area.bottom());
@@ -228,6 +229,7 @@ bool FlexGrid::viewportEvent(QEvent *event) {
     const bool over = !m_toolTip.isEmpty() && isOutlined(indexAt(help.pos()));
     // as rich text, so that long lines wrap; what the data says stays plain
     QToolTip::showText(help.globalPos(),
-                       over ? QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped()) : QString(), viewport());
+                       over ? QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped()) : QString(),
+                       viewport());
     return true;
 }

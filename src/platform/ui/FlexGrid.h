@@ -5,9 +5,9 @@
 #include <QTableView>
 #include <optional>
 
-/// A grid of cells with an outline. What the user does with mouse and keys asks for a selection; what is outlined
-/// is shown by whoever answers, and is nobody's gesture.
-/// Row 0 is the header: it stays in sight, and a click on it asks for a selection like any cell.
+/// A grid of cells with an outline. What the user does with mouse and keys asks for a selection; what is
+/// outlined is shown by whoever answers, and is nobody's gesture. Row 0 is the header: it stays in sight, and
+/// a click on it asks for a selection like any cell.
 class FlexGrid : public QTableView {
     Q_OBJECT
   public:

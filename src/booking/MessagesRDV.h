@@ -1,0 +1,14 @@
+#pragma once
+
+#include "grid/RendezVous.h"
+
+/// What the user is told about an appointment that another workstation changed since it was shown: both
+/// versions, and that nothing was written.
+QString MessageModifie(const RendezVous &avant, const RendezVous &actuel);
+inline const QString titreModifie = QStringLiteral("Rendez-vous modifié");
+
+/// What the user is told where an appointment would lie on another one.
+inline const QString messageOccupe =
+    QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
+                   "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage.");
+inline const QString titreOccupe = QStringLiteral("Horaire occupé");

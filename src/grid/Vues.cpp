@@ -1,0 +1,64 @@
+#include "grid/Vues.h"
+
+#include <algorithm>
+
+Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env,
+           QObject *parent)
+    : QObject(parent), m_vueSemaine(GrilleRDV), m_vuesJour{&GrilleRDV02, &GrilleRDV03},
+      m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env) {
+    const QList<std::pair<FlexGrid *, int>> places{{&GrilleRDV, 0}, {&GrilleRDV02, 0}, {&GrilleRDV03, 1}};
+    for (const auto &[vue, grille] : places) {
+        connect(vue, &FlexGrid::selectionAsked, this,
+                [this, grille = grille](const FlexGrid::Corners &coins, FlexGrid::Gesture geste) {
+                    emit selectionDemandee(grille, coins, geste);
+                });
+        connect(vue, &FlexGrid::opened, this, &Vues::ouvertureDemandee);
+        connect(vue, &FlexGrid::contextMenuAsked, this, &Vues::menuDemande);
+    }
+}
+
+QList<FlexGrid *> Vues::montrees() const {
+    return m_parSemaine ? QList<FlexGrid *>{&m_vueSemaine} : m_vuesJour;
+}
+
+void Vues::dessine(const Affichage &affichage) {
+    m_parSemaine = affichage.demande.VueSemaine;
+    if (m_parSemaine) {
+        m_semaine.dessine(affichage);
+        m_semaine.dimensionne();
+    } else {
+        m_jour.dessine(affichage);
+        m_jour.dimensionne();
+    }
+}
+
+void Vues::contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle) {
+    const QList<FlexGrid *> vues = montrees();
+    for (int i = 0; i < vues.size(); ++i) {
+        vues[i]->showOutline(i == grille ? std::optional(coins) : std::nullopt);
+        vues[i]->setOutlineToolTip(i == grille ? infoBulle : QString());
+    }
+}
+
+void Vues::dimensionne() {
+    m_semaine.dimensionne();
+    m_jour.dimensionne();
+}
+
+void Vues::montreHeureCourante(const Affichage &affichage) {
+    if (m_parSemaine) {
+        m_semaine.montreHeureCourante(affichage);
+    } else {
+        m_jour.montreHeureCourante(affichage);
+    }
+}
+
+bool Vues::glisse() const {
+    return std::ranges::any_of(montrees(), [](const FlexGrid *vue) { return vue->isDragging(); });
+}
+
+void Vues::finGlisse() {
+    for (FlexGrid *vue : montrees()) {
+        vue->endDrag();
+    }
+}

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "grid/GrilleSemaine.h"
+#include "grid/GrillesJour.h"
+#include "platform/ui/FlexGrid.h"
+
+#include <QObject>
+
+/// The three grids of the window, of which the week's or the day's are shown. `grille` is a grid's place in
+/// the Affichage.
+class Vues : public QObject {
+    Q_OBJECT
+  public:
+    Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env,
+         QObject *parent);
+
+    void dessine(const Affichage &affichage);
+    /// Outlines these cells of one grid (-1: none) and nothing elsewhere.
+    void contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle);
+    void dimensionne();
+    /// Brings the hour of `affichage.lu` into sight where that day is shown.
+    void montreHeureCourante(const Affichage &affichage);
+    bool glisse() const;
+    /// A message takes the release of the button away.
+    void finGlisse();
+
+  signals:
+    void selectionDemandee(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
+    void ouvertureDemandee(bool parSouris);
+    void menuDemande(const QPoint &position);
+
+  private:
+    QList<FlexGrid *> montrees() const;
+
+    FlexGrid &m_vueSemaine;
+    const QList<FlexGrid *> m_vuesJour;
+    GrilleSemaine m_semaine;
+    GrillesJour m_jour;
+    bool m_parSemaine = true;
+};

@@ -1,0 +1,71 @@
+#include "platform/ui/ChampDate.h"
+
+#include "platform/ui/DatesFr.h"
+
+#include <QAction>
+#include <QCalendarWidget>
+#include <QKeyEvent>
+#include <QScreen>
+#include <QShortcut>
+#include <QStyle>
+
+ChampDate::ChampDate(QWidget *parent) : QLineEdit(parent) {
+    QAction *button = addAction(style()->standardIcon(QStyle::SP_ArrowDown), TrailingPosition);
+    button->setToolTip(QStringLiteral("Choisir dans le calendrier (Alt+Bas)"));
+    connect(button, &QAction::triggered, this, &ChampDate::openCalendar);
+    connect(this, &QLineEdit::editingFinished, this, [this] {
+        if (const auto read = date()) {
+            setDate(*read);
+        }
+    });
+}
+
+void ChampDate::setReader(Reader reader, QDate first, QDate last) {
+    m_reader = std::move(reader);
+    m_first = first;
+    m_last = last;
+}
+
+void ChampDate::setDate(QDate date) {
+    if (date >= m_first && date <= m_last) {
+        setText(DatesFr::jourComplet(date));
+        setCursorPosition(0);
+    }
+}
+
+void ChampDate::keyPressEvent(QKeyEvent *event) {
+    const bool up = event->key() == Qt::Key_Up;
+    if (!up && event->key() != Qt::Key_Down) {
+        QLineEdit::keyPressEvent(event);
+    } else if (event->modifiers() & Qt::AltModifier) {
+        openCalendar();
+    } else if (const auto read = date()) {
+        setDate(read->addDays(up ? 1 : -1));
+    }
+}
+
+void ChampDate::openCalendar() {
+    auto *calendar = new QCalendarWidget(this);
+    calendar->setWindowFlag(Qt::Popup);
+    calendar->setAttribute(Qt::WA_DeleteOnClose);
+    calendar->setLocale(QLocale(QLocale::French, QLocale::France));
+    calendar->setFirstDayOfWeek(Qt::Monday);
+    calendar->setDateRange(m_first, m_last);
+    if (const auto read = date()) {
+        calendar->setSelectedDate(*read);
+    }
+    const auto take = [this, calendar](QDate picked) {
+        setDate(picked);
+        calendar->close();
+    };
+    connect(calendar, &QCalendarWidget::clicked, this, take);
+    connect(calendar, &QCalendarWidget::activated, this, take);
+    connect(new QShortcut(Qt::Key_Escape, calendar), &QShortcut::activated, calendar, &QWidget::close);
+    const QRect screenArea = screen()->availableGeometry();
+    const QSize size = calendar->sizeHint();
+    const QPoint below = mapToGlobal(rect().bottomLeft());
+    calendar->move(qMin(below.x(), screenArea.right() - size.width()),
+                   qMin(below.y(), screenArea.bottom() - size.height()));
+    calendar->show();
+    calendar->setFocus();
+}

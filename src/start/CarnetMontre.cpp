@@ -1,0 +1,152 @@
+#include "start/CarnetMontre.h"
+
+#include "grid/AffichageTables.h"
+#include "grid/Navigation.h"
+#include "platform/ui/DatesFr.h"
+#include "platform/ui/Messages.h"
+#include "practice/Essai.h"
+
+bool CarnetMontre::montre(const Demande &demande, Annonce annonce) {
+    Affichage lu;
+    if (!lit([&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); }, annonce)) {
+        return false;
+    }
+    m_selection = Reprend(lu, m_affichage, m_selection);
+    m_affichage = lu;
+    emit affichageChange();
+    return true;
+}
+
+bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {
+    const bool dejaManquee = !m_lectureManquee.isEmpty();
+    m_enLecture = true;
+    const std::optional<DbError> echec = tente(m_env, [&] {
+        Database carnet = m_env.ouvreCarnet();
+        lecture(carnet);
+    });
+    m_enLecture = false;
+    m_lectureManquee = echec ? echec->message() : QString();
+    emit lectureChange();
+    if (echec && (annonce == Annonce::Toujours || !dejaManquee)) {
+        m_env.messages->error(m_lectureManquee);
+    }
+    return !echec;
+}
+
+// ---- What is asked for
+
+/// The practitioner, view and current date that are shown.
+Demande CarnetMontre::courante() const {
+    const Demande &montree = m_affichage.demande;
+    return {.PraticienCourant = montree.PraticienCourant,
+            .VueSemaine = montree.VueSemaine,
+            .jour = jourCourant()};
+}
+
+void CarnetMontre::montrePraticien(const QString &numero) {
+    Demande demande = courante();
+    demande.PraticienCourant = numero;
+    montre(demande);
+}
+
+void CarnetMontre::montreFauteuil(long fauteuil) {
+    Demande demande = courante();
+    demande.fauteuil = fauteuil;
+    montre(demande);
+}
+
+bool CarnetMontre::montreSemaine() {
+    Demande demande = courante();
+    demande.VueSemaine = true;
+    return montre(demande);
+}
+
+bool CarnetMontre::montreJour() {
+    Demande demande = courante();
+    demande.VueSemaine = false;
+    demande.jour = m_env.maintenant().date();
+    if (m_affichage.fauteuilCoche >= 0) {
+        demande.fauteuil = CLng(m_affichage.configs[m_affichage.fauteuilCoche].config.FauteuilCourant);
+    }
+    return montre(demande);
+}
+
+void CarnetMontre::rafraichit() {
+    montre(m_affichage.demande.VueSemaine ? courante() : m_affichage.suite());
+}
+
+void CarnetMontre::vaAu(QDate jour) {
+    if (!estVide()) {
+        Demande demande = m_affichage.suite();
+        demande.jour = jour;
+        montre(demande);
+    }
+}
+
+void CarnetMontre::decale(int jours) {
+    const QDate jour = estVide() ? QDate() : DecaleDate(jourCourant(), jours);
+    if (jour.isValid()) {
+        vaAu(jour);
+    } else if (!estVide()) {
+        m_env.messages->show(
+            QStringLiteral("Le carnet va du %1 au %2.")
+                .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
+    }
+}
+
+bool CarnetMontre::basculeZoom() {
+    Demande demande = m_affichage.suite();
+    if (demande.VueSemaine && demande.config) {
+        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
+    }
+    return montre(demande);
+}
+
+void CarnetMontre::prendReglages(const Configuration &config) {
+    Demande demande = m_affichage.suite();
+    demande.config = config;
+    demande.intervalleSansZoom = 0;
+    montre(demande);
+}
+
+// ---- Selection
+
+bool CarnetMontre::relitJour(int grille, QDate jour) {
+    QList<RendezVous> relus;
+    const auto lecture = [&](Database &carnet) { relus = RelitJour(carnet, m_affichage, grille, jour); };
+    return lit(lecture, Annonce::Toujours) && (relus == DuJour(m_affichage.grilles[grille], jour) || relit());
+}
+
+void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste) {
+    if (grille >= m_affichage.grilles.size()) {
+        return;
+    }
+    const QDate jour = JourDesCoins(m_affichage, grille, coins);
+    if (geste == Geste::Clic && jour.isValid()) {
+        m_avantClic = m_selection;
+        if (!relitJour(grille, jour)) {
+            emit selectionChange(); // the outline stays where it was
+            return;
+        }
+    }
+    prendSelection(Selectionne(m_affichage, grille, coins, geste, m_selection));
+}
+
+bool CarnetMontre::selectionneRDV(qint64 RefRDV) {
+    const Selection trouvee = SelectionneRDV(m_affichage, RefRDV);
+    if (!trouvee.vide()) {
+        prendSelection(trouvee);
+    }
+    return !trouvee.vide();
+}
+
+void CarnetMontre::annuleSuivant() {
+    if (m_selection.suivant) {
+        prendSelection(m_avantClic);
+    }
+}
+
+void CarnetMontre::prendSelection(const Selection &selection) {
+    m_selection = selection;
+    emit selectionChange();
+}

@@ -1,0 +1,77 @@
+#pragma once
+
+#include "booking/Selection.h"
+#include "practice/Environnement.h"
+
+#include <QObject>
+#include <functional>
+
+/// What is shown and what is selected: the two values that the window is drawn from. Nothing else holds them,
+/// and they change here only, whole, after everything was read.
+class CarnetMontre : public QObject {
+    Q_OBJECT
+  public:
+    /// Whether a reading that fails is told each time, or once until one goes well again.
+    enum class Annonce { Toujours, UneFois };
+
+    CarnetMontre(const Environnement &env, QObject *parent) : QObject(parent), m_env(env) {}
+
+    /// Nothing was read yet: the Affichage has no grid.
+    bool estVide() const { return m_affichage.grilles.isEmpty(); }
+    const Affichage &affichage() const { return m_affichage; }
+    const Selection &selection() const { return m_selection; }
+    /// Why the last reading failed; empty when it did not.
+    const QString &lectureManquee() const { return m_lectureManquee; }
+    bool enLecture() const { return m_enLecture; }
+    QDate jourCourant() const { return JourCourant(m_affichage, m_selection); }
+
+    /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
+    bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
+    /// The same once more, everything kept.
+    bool relit(Annonce annonce = Annonce::Toujours) { return montre(m_affichage.suite(), annonce); }
+
+    // Elsewhere in the book: chair and configuration as the book has them
+    void montrePraticien(const QString &numero);
+    void montreFauteuil(long fauteuil);
+    bool montreSemaine();
+    bool montreJour();
+    /// The book as it is, unsaved settings and zoom given up where the week is shown.
+    void rafraichit();
+    // Elsewhere with the same chair and configuration
+    void vaAu(QDate jour);
+    /// Says where the book ends.
+    void decale(int jours);
+    /// The week in 5-minute slots, or back; the day grids keep their own.
+    bool basculeZoom();
+    /// The configuration that the settings windows work on, and what they make of it.
+    const Configuration &reglages() const { return m_affichage.reglages(m_selection.grille); }
+    void prendReglages(const Configuration &config);
+
+    /// What the user selects. A click looks at the book first: a day that is not what is shown any more is
+    /// shown again, and one that cannot be read leaves the selection where it is.
+    void selectionne(int grille, const Coins &coins, Geste geste);
+    /// Selects an appointment, if it is shown.
+    bool selectionneRDV(qint64 RefRDV);
+    /// A double click's first press was no wish for the next appointment of the row.
+    void annuleSuivant();
+
+  signals:
+    /// Another Affichage, and with it another selection.
+    void affichageChange();
+    void selectionChange();
+    /// A reading went well or failed.
+    void lectureChange();
+
+  private:
+    bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
+    bool relitJour(int grille, QDate jour);
+    Demande courante() const;
+    void prendSelection(const Selection &selection);
+
+    const Environnement &m_env;
+    Affichage m_affichage;
+    Selection m_selection;
+    Selection m_avantClic;
+    QString m_lectureManquee;
+    bool m_enLecture = false;
+};
