@@ -1,6 +1,8 @@
 #include "start/CarnetMontre.h"
 
 #include "grid/AffichageTables.h"
+#include "grid/Navigation.h"
+#include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 
@@ -30,6 +32,84 @@ bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce a
     }
     return !echec;
 }
+
+// ---- What is asked for
+
+/// The practitioner, view and current date that are shown.
+Demande CarnetMontre::courante() const {
+    const Demande &montree = m_affichage.demande;
+    return {.PraticienCourant = montree.PraticienCourant,
+            .VueSemaine = montree.VueSemaine,
+            .jour = jourCourant()};
+}
+
+void CarnetMontre::montrePraticien(const QString &numero) {
+    Demande demande = courante();
+    demande.PraticienCourant = numero;
+    montre(demande);
+}
+
+void CarnetMontre::montreFauteuil(long fauteuil) {
+    Demande demande = courante();
+    demande.fauteuil = fauteuil;
+    montre(demande);
+}
+
+bool CarnetMontre::montreSemaine() {
+    Demande demande = courante();
+    demande.VueSemaine = true;
+    return montre(demande);
+}
+
+bool CarnetMontre::montreJour() {
+    Demande demande = courante();
+    demande.VueSemaine = false;
+    demande.jour = m_env.maintenant().date();
+    if (m_affichage.fauteuilCoche >= 0) {
+        demande.fauteuil = CLng(m_affichage.configs[m_affichage.fauteuilCoche].config.FauteuilCourant);
+    }
+    return montre(demande);
+}
+
+void CarnetMontre::rafraichit() {
+    montre(m_affichage.demande.VueSemaine ? courante() : m_affichage.suite());
+}
+
+void CarnetMontre::vaAu(QDate jour) {
+    if (!estVide()) {
+        Demande demande = m_affichage.suite();
+        demande.jour = jour;
+        montre(demande);
+    }
+}
+
+void CarnetMontre::decale(int jours) {
+    const QDate jour = estVide() ? QDate() : DecaleDate(jourCourant(), jours);
+    if (jour.isValid()) {
+        vaAu(jour);
+    } else if (!estVide()) {
+        m_env.messages->show(
+            QStringLiteral("Le carnet va du %1 au %2.")
+                .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
+    }
+}
+
+bool CarnetMontre::basculeZoom() {
+    Demande demande = m_affichage.suite();
+    if (demande.VueSemaine && demande.config) {
+        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
+    }
+    return montre(demande);
+}
+
+void CarnetMontre::prendReglages(const Configuration &config) {
+    Demande demande = m_affichage.suite();
+    demande.config = config;
+    demande.intervalleSansZoom = 0;
+    montre(demande);
+}
+
+// ---- Selection
 
 bool CarnetMontre::relitJour(int grille, QDate jour) {
     QList<RendezVous> relus;

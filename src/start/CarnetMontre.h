@@ -29,6 +29,24 @@ class CarnetMontre : public QObject {
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
     /// The same once more, everything kept.
     bool relit(Annonce annonce = Annonce::Toujours) { return montre(m_affichage.suite(), annonce); }
+
+    // Elsewhere in the book: chair and configuration as the book has them
+    void montrePraticien(const QString &numero);
+    void montreFauteuil(long fauteuil);
+    bool montreSemaine();
+    bool montreJour();
+    /// The book as it is, unsaved settings and zoom given up where the week is shown.
+    void rafraichit();
+    // Elsewhere with the same chair and configuration
+    void vaAu(QDate jour);
+    /// Says where the book ends.
+    void decale(int jours);
+    /// The week in 5-minute slots, or back; the day grids keep their own.
+    bool basculeZoom();
+    /// The configuration that the settings windows work on, and what they make of it.
+    const Configuration &reglages() const { return m_affichage.reglages(m_selection.grille); }
+    void prendReglages(const Configuration &config);
+
     /// What the user selects. A click looks at the book first: a day that is not what is shown any more is
     /// shown again, and one that cannot be read leaves the selection where it is.
     void selectionne(int grille, const Coins &coins, Geste geste);
@@ -47,6 +65,7 @@ class CarnetMontre : public QObject {
   private:
     bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
     bool relitJour(int grille, QDate jour);
+    Demande courante() const;
     void prendSelection(const Selection &selection);
 
     const Environnement &m_env;

@@ -5,6 +5,26 @@
 #include "grid/Disposition.h"
 #include "platform/ui/Twips.h"
 
+#include <QHBoxLayout>
+
+QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
+    QWidget *coin = ui.menubar->cornerWidget();
+    if (coin == nullptr) {
+        coin = new QWidget(ui.menubar);
+        auto *rangee = new QHBoxLayout(coin);
+        rangee->setContentsMargins(0, 0, 2, 0);
+        rangee->setSpacing(2);
+        ui.menubar->setCornerWidget(coin);
+    }
+    auto *bouton = new QPushButton(nom, coin);
+    bouton->setObjectName(QStringLiteral("Btn") + nom);
+    bouton->setCheckable(true);
+    bouton->setFocusPolicy(Qt::NoFocus);
+    bouton->setMaximumHeight(coin->fontMetrics().height() + 4);
+    coin->layout()->addWidget(bouton);
+    return bouton;
+}
+
 bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur) {
     const auto d = DisposeFenetre(twipsFromPixels(largeur), twipsFromPixels(hauteur));
     if (!d) {

@@ -1,8 +1,14 @@
 #pragma once
 
+class QPushButton;
+class QString;
 namespace Ui {
 class FrmEntree;
 }
+
+/// One of the two views' buttons, at the right end of the menu bar: the bottom of the window has no room
+/// left.
+QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom);
 
 /// Places the main window's controls for an inner size in pixels; false where it is too low, and all stay.
 bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur);

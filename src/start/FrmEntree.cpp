@@ -9,7 +9,6 @@
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
 #include "grid/FrmMois.h"
-#include "grid/Navigation.h"
 #include "grid/Vues.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
@@ -23,7 +22,6 @@
 #include "start/MenusPraticien.h"
 
 #include <QApplication>
-#include <QHBoxLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
@@ -56,7 +54,8 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_commandes(*ui, env) {
     setFont(sansMiseEnForme(font()));
     ui->setupUi(this);
-    construitBoutonsVue();
+    BtnSemaine = BoutonVue(*ui, QStringLiteral("Semaine"));
+    BtnJour = BoutonVue(*ui, QStringLiteral("Jour"));
     m_vues = new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this);
     m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
     m_actions = new ActionsRDV(env, *this);
@@ -75,26 +74,6 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
 FrmEntree::~FrmEntree() = default;
 
 // ---- Construction
-
-/// The two views, at the right end of the menu bar: the bottom of the window has no room left for them.
-void FrmEntree::construitBoutonsVue() {
-    auto *coin = new QWidget(this);
-    auto *rangee = new QHBoxLayout(coin);
-    rangee->setContentsMargins(0, 0, 2, 0);
-    rangee->setSpacing(2);
-    const auto bouton = [&](const QString &nom) {
-        auto *b = new QPushButton(nom, coin);
-        b->setObjectName(QStringLiteral("Btn") + nom);
-        b->setCheckable(true);
-        b->setFocusPolicy(Qt::NoFocus);
-        b->setMaximumHeight(fontMetrics().height() + 4);
-        rangee->addWidget(b);
-        return b;
-    };
-    BtnSemaine = bouton(QStringLiteral("Semaine"));
-    BtnJour = bouton(QStringLiteral("Jour"));
-    ui->menubar->setCornerWidget(coin);
-}
 
 /// From the grids to the values, and from the values to all that shows them.
 void FrmEntree::relieCarnet() {
@@ -117,9 +96,9 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuSupprimer, &FrmEntree::mnuSupprimer_Click);
     relie(ui->mnuPresent, &FrmEntree::mnuPresent_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
-    connect(m_menus, &MenusPraticien::praticienChoisi, this, &FrmEntree::mnuDocteur_Click);
-    connect(m_menus, &MenusPraticien::fauteuilChoisi, this, &FrmEntree::mnuFauteuil_Click);
-    relie(ui->mnusemaine, &FrmEntree::BtnSemaine_Click);
+    connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
+    connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
+    m_commandes.relie(ui->mnusemaine, [this] { m_carnet.montreSemaine(); });
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
@@ -133,15 +112,15 @@ void FrmEntree::relieMenus() {
 }
 
 void FrmEntree::relieBoutons() {
-    const auto aujourdhui = [this] { vaAu(m_env.maintenant().date()); };
-    connect(BtnSemaine, &QPushButton::clicked, this, &FrmEntree::BtnSemaine_Click);
+    const auto aujourdhui = [this] { m_carnet.vaAu(m_env.maintenant().date()); };
+    connect(BtnSemaine, &QPushButton::clicked, &m_carnet, &CarnetMontre::montreSemaine);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
-    connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { decale(-7); });
+    connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { m_carnet.decale(-7); });
     connect(ui->BtnAujourdhui, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { decale(7); });
-    connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { decale(-1); });
+    connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { m_carnet.decale(7); });
+    connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { m_carnet.decale(-1); });
     connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { decale(1); });
+    connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { m_carnet.decale(1); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
@@ -152,9 +131,9 @@ void FrmEntree::relieClavier() {
     const auto touche = [this](const QKeySequence &suite, auto operation) {
         connect(new QShortcut(suite, this), &QShortcut::activated, this, operation);
     };
-    touche(Qt::Key_PageUp, [this] { decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
-    touche(Qt::Key_PageDown, [this] { decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
-    touche(Qt::Key_Home, [this] { vaAu(m_env.maintenant().date()); });
+    touche(Qt::Key_PageUp, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
+    touche(Qt::Key_PageDown, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
+    touche(Qt::Key_Home, [this] { m_carnet.vaAu(m_env.maintenant().date()); });
     touche(Qt::Key_F5, [this] { BtnRafraichir_Click(); });
 }
 
@@ -178,7 +157,11 @@ void FrmEntree::Form_Load() {
                          CarnetMontre::Annonce::UneFois)) {
         return;
     }
-    vaAu(PremierJourAffiche(aujourdhui, m_carnet.affichage().grilles.first().config.JourAffich));
+    const QDate premier =
+        PremierJourAffiche(aujourdhui, m_carnet.affichage().grilles.first().config.JourAffich);
+    if (premier != aujourdhui) {
+        m_carnet.vaAu(premier);
+    }
     Timer1.start(periodeTimer1);
 }
 
@@ -192,7 +175,7 @@ void FrmEntree::dessine() {
     m_etat->montrePraticien(libelle);
     m_vues->dessine(affichage);
     MontreVue(*ui, affichage.demande.VueSemaine);
-    dessineMenus();
+    dessineLecture();
     dessineSelection();
 }
 
@@ -301,41 +284,9 @@ void FrmEntree::rdvEcrit(const RendezVous &rdv) {
 
 // ---- What is asked for
 
-Demande FrmEntree::courante() const {
-    const Demande &montree = m_carnet.affichage().demande;
-    return {.PraticienCourant = montree.PraticienCourant,
-            .VueSemaine = montree.VueSemaine,
-            .jour = m_carnet.jourCourant()};
-}
-
-void FrmEntree::mnuDocteur_Click(const QString &numero) {
-    Demande demande = courante();
-    demande.PraticienCourant = numero;
-    m_carnet.montre(demande);
-}
-
-void FrmEntree::mnuFauteuil_Click(long fauteuil) {
-    Demande demande = courante();
-    demande.fauteuil = fauteuil;
-    m_carnet.montre(demande);
-}
-
-void FrmEntree::BtnSemaine_Click() {
-    Demande demande = courante();
-    demande.VueSemaine = true;
-    m_carnet.montre(demande);
-}
-
 void FrmEntree::BtnJour_Click() {
-    const Affichage &affichage = m_carnet.affichage();
-    Demande demande = courante();
-    demande.VueSemaine = false;
-    demande.jour = m_env.maintenant().date();
-    if (affichage.fauteuilCoche >= 0) {
-        demande.fauteuil = CLng(affichage.configs[affichage.fauteuilCoche].config.FauteuilCourant);
-    }
-    if (m_carnet.montre(demande)) {
-        m_vues->montreHeureCourante(affichage);
+    if (m_carnet.montreJour()) {
+        m_vues->montreHeureCourante(m_carnet.affichage());
     }
 }
 
@@ -343,51 +294,35 @@ void FrmEntree::BtnRafraichir_Click() {
     if (m_carnet.estVide()) {
         m_dits.clear();
         Form_Load();
-        return;
+    } else {
+        m_carnet.rafraichit();
     }
-    const Demande &montree = m_carnet.affichage().demande;
-    m_carnet.montre(montree.VueSemaine ? courante() : Demande(montree));
 }
 
 void FrmEntree::mnuZoom_Click() {
-    Demande demande = m_carnet.affichage().suite();
-    if (demande.VueSemaine && demande.config) { // the day grids keep their own slots
-        demande.config->Intervalle = BasculeZoom(demande.config->Intervalle, demande.intervalleSansZoom);
-    }
-    if (m_carnet.montre(demande) && demande.VueSemaine) {
+    if (m_carnet.basculeZoom() && m_carnet.affichage().demande.VueSemaine) {
         m_vues->montreHeureCourante(m_carnet.affichage());
     }
 }
 
-const Configuration &FrmEntree::reglages() const {
-    return m_carnet.affichage().reglages(m_carnet.selection().grille);
-}
-
-void FrmEntree::prendReglages(const Configuration &config) {
-    Demande demande = m_carnet.affichage().suite();
-    demande.config = config;
-    demande.intervalleSansZoom = 0;
-    m_carnet.montre(demande);
-}
-
 void FrmEntree::mnutranche_Click() {
-    FrmTrancheHoraire fenetre(m_env, reglages(), this);
+    FrmTrancheHoraire fenetre(m_env, m_carnet.reglages(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        prendReglages(fenetre.configuration());
+        m_carnet.prendReglages(fenetre.configuration());
     }
 }
 
 void FrmEntree::mnuexclure_Click() {
-    const Configuration avant = reglages();
+    const Configuration avant = m_carnet.reglages();
     FrmJourExclure fenetre(m_env, avant, this);
     fenetre.exec();
     if (fenetre.configuration() != avant) { // also a rest day that was chosen before cancelling
-        prendReglages(fenetre.configuration());
+        m_carnet.prendReglages(fenetre.configuration());
     }
 }
 
 void FrmEntree::mnuSauver_Click() {
-    FrmSauvegarde fenetre(m_env, m_carnet.affichage().demande.PraticienCourant, reglages(), this);
+    FrmSauvegarde fenetre(m_env, m_carnet.affichage().demande.PraticienCourant, m_carnet.reglages(), this);
     if (fenetre.exec() == QDialog::Accepted) {
         FrmQuit(this).exec();
         close();
@@ -407,29 +342,7 @@ void FrmEntree::mnuAPropos_Click() {
 void FrmEntree::BtnMois_Click() {
     FrmMois fenetre(m_carnet.jourCourant(), m_env.maintenant().date(), this);
     if (fenetre.exec() == QDialog::Accepted) {
-        vaAu(fenetre.jour());
-    }
-}
-
-void FrmEntree::decale(int jours) {
-    if (m_carnet.estVide()) {
-        return;
-    }
-    const QDate jour = DecaleDate(m_carnet.jourCourant(), jours);
-    if (!jour.isValid()) {
-        m_env.messages->show(
-            QStringLiteral("Le carnet va du %1 au %2.")
-                .arg(DatesFr::courte(premierJourDuCarnet), DatesFr::courte(dernierJourDuCarnet)));
-        return;
-    }
-    vaAu(jour);
-}
-
-void FrmEntree::vaAu(QDate jour) {
-    if (!m_carnet.estVide() && jour != m_carnet.affichage().demande.jour) {
-        Demande demande = m_carnet.affichage().suite();
-        demande.jour = jour;
-        m_carnet.montre(demande);
+        m_carnet.vaAu(fenetre.jour());
     }
 }
 

@@ -37,7 +37,6 @@ class FrmEntree : public QMainWindow {
 
   private:
     // Construction
-    void construitBoutonsVue();
     void relieCarnet();
     void relieMenus();
     void relieBoutons();
@@ -63,9 +62,6 @@ class FrmEntree : public QMainWindow {
     bool relitRDV(const QString &disparu, const QString &titre);
 
     // What is asked for, in screen order
-    void mnuDocteur_Click(const QString &numero);
-    void mnuFauteuil_Click(long fauteuil);
-    void BtnSemaine_Click();
     void BtnJour_Click();
     void BtnRafraichir_Click();
     void mnuZoom_Click();
@@ -75,15 +71,8 @@ class FrmEntree : public QMainWindow {
     void menuSuppConfig_Click();
     void mnuAPropos_Click();
     void BtnMois_Click();
-    void decale(int jours);
-    /// To `jour`, in the view that is shown.
-    void vaAu(QDate jour);
     void Timer1_Timer();
 
-    /// The practitioner, view and current date that are shown; chair and configuration as the book has them.
-    Demande courante() const;
-    const Configuration &reglages() const;
-    void prendReglages(const Configuration &config);
     /// A dialog, a menu, a drag or a reading would lose what it works on.
     bool estOccupe() const;
 
