@@ -10,6 +10,7 @@
 #include "platform/ui/UpDown.h"
 #include "schedule/TrancheHoraire.h"
 #include "support/CabinetDEssai.h"
+#include "support/Livre.h"
 #include "support/WaitUntil.h"
 
 #include <QApplication>
@@ -97,18 +98,16 @@ class FenetresRDV : public testing::Test {
     void transmet(const QString &nom, qint64 numero) {
         Database suite = cabinet.ouvre(Base::PatientTransmis);
         suite.execute(SqlText("delete from LePatient"));
-        suite.insert(QStringLiteral("LePatient"), {{QStringLiteral("NomPatient"), nom},
-                                                   {QStringLiteral("PrenomPatient"), QStringLiteral("Ana")},
-                                                   {QStringLiteral("NumPatient"), numero}});
+        suite.insert(q("LePatient"),
+                     {{q("NomPatient"), nom}, {q("PrenomPatient"), q("Ana")}, {q("NumPatient"), numero}});
     }
     /// ROUX Léa at 9:00 on chair 1, in each field something of its own.
-    RendezVous reserve(const QString &nom = QStringLiteral("ROUX"), QTime debut = QTime(9, 0)) {
+    RendezVous reserve(const QString &nom = q("ROUX"), QTime debut = QTime(9, 0)) {
         Database base = cabinet.ouvre(Base::RendezVous);
-        const auto ref =
-            AjouteRDV(base, {{nom, QStringLiteral("Léa"), QStringLiteral("02 97"), QStringLiteral("contrôle"),
-                              QStringLiteral("12"), place.jour, debut, debut.addSecs(1800)},
-                             place.PraticienCourant,
-                             place.FauteuilCourant});
+        const auto ref = AjouteRDV(base, {{nom, q("Léa"), q("02 97"), q("contrôle"), q("12"), place.jour,
+                                           debut, debut.addSecs(1800)},
+                                          place.PraticienCourant,
+                                          place.FauteuilCourant});
         return *LitRDV(base, ref.value_or(0));
     }
     /// The book's rows, one a line: everything but the key.
@@ -138,22 +137,21 @@ class FenetresRDV : public testing::Test {
     }
 
     CabinetDEssai cabinet;
-    Environnement env = cabinet.variables();
-    PlaceRDV place{
-        QStringLiteral("01"), QStringLiteral("1"), QDate(2026, 3, 11), {QTime(10, 0), QTime(10, 30)}, 15, 1};
+    Environnement env = cabinet.environnement();
+    PlaceRDV place{q("01"), q("1"), QDate(2026, 3, 11), {QTime(10, 0), QTime(10, 30)}, 15, 1};
 };
 
 } // namespace
 
 TEST_F(FenetresRDV, AddingWritesWhatTheFieldsSay) {
     Database actes = cabinet.ouvre(Base::Actes);
-    actes.insert(QStringLiteral("Actes"), {{QStringLiteral("NumActe"), 999'999},
-                                           {QStringLiteral("NumPatient"), 99},
-                                           {QStringLiteral("AFaire"), 1},
-                                           {QStringLiteral("Libellé"), QStringLiteral("Bilan")},
-                                           {QStringLiteral("CodeSecu"), QStringLiteral("TO")},
-                                           {QStringLiteral("Coefficient"), 15}});
-    const QString fin = QStringLiteral("|2026-03-11|10:00:00|10:30:00|20260311|01|1|1|0");
+    actes.insert(q("Actes"), {{q("NumActe"), 999'999},
+                              {q("NumPatient"), 99},
+                              {q("AFaire"), 1},
+                              {q("Libellé"), q("Bilan")},
+                              {q("CodeSecu"), q("TO")},
+                              {q("Coefficient"), 15}});
+    const QString fin = q("|2026-03-11|10:00:00|10:30:00|20260311|01|1|1|0");
     struct {
         const char *gestes, *champs;
     } const cas[] = {{"", "SUITE|Ana||Bilan (TO 15)|99"},
@@ -166,7 +164,7 @@ TEST_F(FenetresRDV, AddingWritesWhatTheFieldsSay) {
                      {"+zola;>BtnInit;Text1=B", "B||||0"},
                      {"!zola", "ZOLA|Eva|||7"},
                      {"Text3=0123456789 0123456789 0", "SUITE|Ana|0123456789 012345678|Bilan (TO 15)|99"}};
-    transmet(QStringLiteral("SUITE"), 99);
+    transmet(q("SUITE"), 99);
     for (const auto &c : cas) {
         FrmAjouter f(env, place);
         f.show();
@@ -184,22 +182,21 @@ TEST_F(FenetresRDV, AddingWritesWhatTheFieldsSay) {
 }
 
 TEST_F(FenetresRDV, EditingRewritesWhatWasTouched) {
-    const QString jour = QStringLiteral("|2026-03-11|09:00:00|09:30:00|20260311");
+    const QString jour = q("|2026-03-11|09:00:00|09:30:00|20260311");
     const QString long60(60, u'X'); // wider than its column
     struct {
         const char *gestes;
         QString champs, quand;
-    } const cas[] = {{"", long60 + QStringLiteral("|Léa|02 97|a\nb|12"), jour},
-                     {"Text3=03", long60 + QStringLiteral("|Léa|03|a\nb|12"), jour},
-                     {"Text4=x\ty", long60 + QStringLiteral("|Léa|02 97|x y|12"), jour},
-                     {"Text1=DUR", QStringLiteral("DUR|Léa|02 97|a\nb|0"), jour},
-                     {"txtNumPatient=42", long60 + QStringLiteral("|Léa|02 97|a\nb|42"), jour},
-                     {"!zysman", QStringLiteral("ZYSMAN|Luc|02 97|a\nb|8"), jour},
-                     {"+zola;Text1=ZOL", QStringLiteral("ZOL|Eva|02 97|a\nb|0"), jour},
-                     {">BtnInit;Text1=A", QStringLiteral("A||||0"), jour},
+    } const cas[] = {{"", long60 + q("|Léa|02 97|a\nb|12"), jour},
+                     {"Text3=03", long60 + q("|Léa|03|a\nb|12"), jour},
+                     {"Text4=x\ty", long60 + q("|Léa|02 97|x y|12"), jour},
+                     {"Text1=DUR", q("DUR|Léa|02 97|a\nb|0"), jour},
+                     {"txtNumPatient=42", long60 + q("|Léa|02 97|a\nb|42"), jour},
+                     {"!zysman", q("ZYSMAN|Luc|02 97|a\nb|8"), jour},
+                     {"+zola;Text1=ZOL", q("ZOL|Eva|02 97|a\nb|0"), jour},
+                     {">BtnInit;Text1=A", q("A||||0"), jour},
                      {"DTPicker1=2/12/26;TextHeureDebut=9h15;TextHeureFin=945",
-                      long60 + QStringLiteral("|Léa|02 97|a\nb|12"),
-                      QStringLiteral("|2026-12-02|09:15:00|09:45:00|20261202")}};
+                      long60 + q("|Léa|02 97|a\nb|12"), q("|2026-12-02|09:15:00|09:45:00|20261202")}};
     for (const auto &c : cas) {
         const qint64 ref = reserve().RefRDV;
         execute(SqlText("update RDV set Present = 1, Professionnel = 0, Description = 'a\nb', Nom = ")
@@ -214,7 +211,7 @@ TEST_F(FenetresRDV, EditingRewritesWhatWasTouched) {
         EXPECT_EQ(texte(f, "TextHeureFin"), c.quand.mid(21, 5));
         EXPECT_EQ(livre(), avant) << c.gestes << ": not before the button";
         presse(f, "BtnMettreAJour");
-        EXPECT_EQ(livre(), c.champs + c.quand + QStringLiteral("|01|1|0|1")) << c.gestes;
+        EXPECT_EQ(livre(), c.champs + c.quand + q("|01|1|0|1")) << c.gestes;
         EXPECT_EQ(LitRDV(base, ref), f.rdvEcrit()) << c.gestes;
         execute(SqlText("delete from RDV"));
     }
@@ -233,7 +230,7 @@ TEST_F(FenetresRDV, WhatCannotBeBookedIsToldAndKept) {
                      {"txtNumPatient", "9999999999", "Erreur !", "txtNumPatient"},
                      {"TextHeureFin", "9:31", "Message", nullptr}};
     const RendezVous rdv = reserve();
-    reserve(QStringLiteral("B"), QTime(9, 30));
+    reserve(q("B"), QTime(9, 30));
     const QString avant = livre();
     for (const auto &c : cas) {
         FrmEditer f(env, rdv, place, nullptr);
@@ -252,10 +249,10 @@ TEST_F(FenetresRDV, WhatCannotBeBookedIsToldAndKept) {
     FrmAjouter f(env, place);
     f.show();
     joue(f, "Text1=C;>BtnAjouter");
-    *env.lectureSeule = QStringLiteral("Le carnet est en lecture seule.");
+    *env.lectureSeule = q("Le carnet est en lecture seule.");
     joue(f, "TextHeureDebut=15h;TextHeureFin=16h;>BtnAjouter");
     EXPECT_TRUE(cabinet.messages.shown.value(1).text.contains(*env.lectureSeule));
-    EXPECT_EQ(titres(), (QStringList{QStringLiteral("Horaire occupé"), QStringLiteral("Erreur")}));
+    EXPECT_EQ(titres(), (QStringList{q("Horaire occupé"), q("Erreur")}));
     EXPECT_EQ(texte(f, "Text1"), u"C");
     EXPECT_EQ(livre(), avant);
 }
@@ -290,20 +287,19 @@ TEST_F(FenetresRDV, WhatAnotherDeskDidIsToldAndNeverWrittenOver) {
     execute(SqlText("update RDV set HeureDebut = '11:00:00', HeureFin = '11:30:00', Telephone = '09'"));
     const QString avant = livre();
     presse(f, "BtnMettreAJour");
-    EXPECT_EQ(
-        message().text,
-        QStringLiteral("Ce rendez-vous a été modifié sur un autre poste.\n\nVous aviez : mercredi 11 mars "
-                       "2026 de 09:00 à 09:30, ROUX Léa, tél. 02 97, non présent.\nIl est maintenant : "
-                       "mercredi 11 mars 2026 de 11:00 à 11:30, ROUX Léa, tél. 09, présent.\n\n"
-                       "Rien n'a été enregistré."));
+    EXPECT_EQ(message().text,
+              q("Ce rendez-vous a été modifié sur un autre poste.\n\nVous aviez : mercredi 11 mars "
+                "2026 de 09:00 à 09:30, ROUX Léa, tél. 02 97, non présent.\nIl est maintenant : "
+                "mercredi 11 mars 2026 de 11:00 à 11:30, ROUX Léa, tél. 09, présent.\n\n"
+                "Rien n'a été enregistré."));
     actions.marquePresent(rdv, false);
     dans<FrmSupprimer>([](FrmSupprimer &s) { presse(s, "BtnOK"); });
     actions.supprime(rdv, place);
-    EXPECT_EQ(titres(), QStringList(3, QStringLiteral("Rendez-vous modifié")));
+    EXPECT_EQ(titres(), QStringList(3, q("Rendez-vous modifié")));
     EXPECT_EQ(dernier().HeureDebut, QTime(11, 0)) << "the window is to be drawn again";
     EXPECT_EQ(livre(), avant);
     presse(f, "BtnMettreAJour"); // now on the appointment as it is
-    EXPECT_EQ(livre(), QStringLiteral("ROUX|Léa|02 97|x|12|2026-03-11|09:00:00|09:30:00|20260311|01|1|1|1"));
+    EXPECT_EQ(livre(), q("ROUX|Léa|02 97|x|12|2026-03-11|09:00:00|09:30:00|20260311|01|1|1|1"));
 
     execute(SqlText("delete from RDV"));
     signale.clear();
@@ -314,10 +310,7 @@ TEST_F(FenetresRDV, WhatAnotherDeskDidIsToldAndNeverWrittenOver) {
     actions.marquePresent(rdv, true);
     dans<FrmSupprimer>([](FrmSupprimer &s) { presse(s, "BtnOK"); });
     actions.supprime(rdv, place);
-    EXPECT_EQ(titres(), (QStringList{QStringLiteral("Erreur !"),
-                                     QStringLiteral("Erreur !"),
-                                     {},
-                                     QStringLiteral("Rendez-vous déjà supprimé")}));
+    EXPECT_EQ(titres(), (QStringList{q("Erreur !"), q("Erreur !"), {}, q("Rendez-vous déjà supprimé")}));
     EXPECT_EQ(signale.count(), 3);
     EXPECT_EQ(dernier(), RendezVous());
 }
@@ -336,8 +329,8 @@ TEST_F(FenetresRDV, ActionsOpenTheirWindowsAndSayWhatWasWritten) {
         actions.ajoute(place);
         place.horaire = {QTime(11, 0), QTime(11, 30)};
     }
-    EXPECT_EQ(livre(), QStringLiteral("B||||0|2026-03-11|10:00:00|10:30:00|20260311|01|1|1|0\n"
-                                      "B||||0|2026-03-11|11:00:00|11:30:00|20260311|01|1|0|0"));
+    EXPECT_EQ(livre(), q("B||||0|2026-03-11|10:00:00|10:30:00|20260311|01|1|1|0\n"
+                         "B||||0|2026-03-11|11:00:00|11:30:00|20260311|01|1|0|0"));
     const RendezVous rdv = signale.takeLast().at(0).value<RendezVous>();
     EXPECT_EQ(rdv.HeureDebut, QTime(11, 0));
     signale.clear();
@@ -355,7 +348,7 @@ TEST_F(FenetresRDV, ActionsOpenTheirWindowsAndSayWhatWasWritten) {
     EXPECT_EQ(signale.takeLast().at(0).value<RendezVous>().Nom, u"C") << "the window showed another name";
     dans<FrmSupprimer>([](FrmSupprimer &f) {
         EXPECT_EQ(enfant<QLabel>(f, "Label17").text() + enfant<QLabel>(f, "Label13").text(),
-                  QStringLiteral("mercredi 11 mars 202610:00"));
+                  q("mercredi 11 mars 202610:00"));
         presse(f, "BtnOK");
     });
     Database base = cabinet.ouvre(Base::RendezVous);
@@ -374,12 +367,11 @@ TEST_F(FenetresRDV, TheKeyboardGoesWhereTheEyeGoes) {
         {std::make_unique<FrmEditer>(env, rdv, place, nullptr),
          "Text1 Text2 Text3 Text4 txtNumPatient BtnInit BtnMettreAJour BtnAnnuler"}};
     for (auto &[f, ordre] : cas) {
-        const QString attendu =
-            QStringLiteral("TxtPatient TxtPatient1 Grille1 DTPicker1 TextHeureDebut TextHeureFin ") +
-            QString::fromLatin1(ordre);
+        const QString attendu = q("TxtPatient TxtPatient1 Grille1 DTPicker1 TextHeureDebut TextHeureFin ") +
+                                QString::fromLatin1(ordre);
         f->show();
         ASSERT_TRUE(QTest::qWaitForWindowActive(f.get()));
-        champ(*f, "TxtPatient").setText(QStringLiteral("z"));
+        champ(*f, "TxtPatient").setText(q("z"));
         QStringList vus;
         for (qsizetype i = attendu.count(u' '); i >= 0; --i) {
             vus << f->focusWidget()->objectName();
@@ -410,7 +402,7 @@ TEST_F(FenetresRDV, ADoubleClickBooksOnceAndReachesNothingElse) {
     dessous.show();
     FrmAjouter f(env, place);
     f.show();
-    champ(f, "TxtPatient").setText(QStringLiteral("zysman"));
+    champ(f, "TxtPatient").setText(q("zysman"));
     auto &grille = enfant<QTableView>(f, "Grille1");
     const QPoint ou = grille.visualRect(grille.model()->index(0, 0)).center();
     const QPoint ecran = grille.viewport()->mapToGlobal(ou);
@@ -418,7 +410,7 @@ TEST_F(FenetresRDV, ADoubleClickBooksOnceAndReachesNothingElse) {
     QTest::mousePress(&dessous, Qt::LeftButton, {}, dessous.mapFromGlobal(ecran));
     EXPECT_EQ(presses.count(), 0);
     EXPECT_EQ(livre().count(u"ZYSMAN"), 1);
-    EXPECT_EQ(titres(), QStringList(QStringLiteral("MESSAGE ALERTE")));
+    EXPECT_EQ(titres(), QStringList(q("MESSAGE ALERTE")));
     EXPECT_EQ(champ(f, "Text1").palette().color(QPalette::Text), QColor(Qt::red));
     EXPECT_TRUE(waitUntil([&] {
         QTest::mouseClick(&dessous, Qt::LeftButton, {}, dessous.mapFromGlobal(ecran));
@@ -434,13 +426,12 @@ TEST_F(FenetresRDV, ComingBackRefillsOnlyForAnotherPatient) {
         QCoreApplication::sendEvent(&f, &activation);
     };
     reactive();
-    EXPECT_EQ(titres(), QStringList(QStringLiteral("Erreur")))
-        << "told once: the book is usable without the suite";
+    EXPECT_EQ(titres(), QStringList(q("Erreur"))) << "told once: the book is usable without the suite";
     QFile::rename(cabinet.fichier(Base::PatientTransmis) + u'x', cabinet.fichier(Base::PatientTransmis));
-    transmet(QStringLiteral("NEUF"), 8);
+    transmet(q("NEUF"), 8);
     tape(f, "Text4", "avant");
     reactive();
-    EXPECT_EQ(texte(f, "Text1") + texte(f, "Text4") + texte(f, "txtNumPatient"), QStringLiteral("NEUF8"));
+    EXPECT_EQ(texte(f, "Text1") + texte(f, "Text4") + texte(f, "txtNumPatient"), q("NEUF8"));
     EXPECT_EQ(champ(f, "Text4").palette().color(QPalette::Text), QColor(Qt::red)) << "he is flagged";
     tape(f, "Text1", "B");
     reactive();
@@ -456,7 +447,7 @@ TEST_F(FenetresRDV, ADayIsPickedWithTheKeys) {
     f.show();
     auto &jour = enfant<ChampDate>(f, "DTPicker1");
     QTest::keyClick(&jour, Qt::Key_Up);
-    EXPECT_EQ(jour.text(), QStringLiteral("jeudi 12 mars 2026"));
+    EXPECT_EQ(jour.text(), q("jeudi 12 mars 2026"));
     QTest::keyClick(&jour, Qt::Key_Down);
     for (const bool pris : {false, true}) {
         QTest::keyClick(&jour, Qt::Key_Down, Qt::AltModifier);
