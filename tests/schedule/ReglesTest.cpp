@@ -1,6 +1,6 @@
-#include "config/LivreDEssai.h"
 #include "schedule/NomConfiguration.h"
 #include "schedule/TrancheHoraire.h"
+#include "support/Livre.h"
 
 #include <climits>
 #include <gtest/gtest.h>
@@ -9,15 +9,8 @@ namespace {
 
 /// Four hours, any of which may be missing ("-").
 Configuration config(int intervalle, const char *horaires) {
-    const QStringList mots = QString::fromLatin1(horaires).split(u' ');
-    const auto heure = [&](int i) { return QTime::fromString(mots[i], QStringLiteral("HH:mm")); };
-    Configuration c;
-    c.Intervalle = intervalle;
-    c.HeureMatDebut = heure(0);
-    c.HeureMatFin = heure(1);
-    c.HeurePMDebut = heure(2);
-    c.HeurePMFin = heure(3);
-    return c;
+    const QList<QByteArray> mots = QByteArray(horaires).split(' ');
+    return configDe({.intervalle = intervalle, .heures = {mots[0], mots[1], mots[2], mots[3]}});
 }
 
 Horaires heures(const char *texte) {
@@ -30,23 +23,23 @@ TEST(TrancheHoraire, ReadsTypedHours) {
     EXPECT_EQ(LitHeure(QStringLiteral("9H")), QTime(9, 0));
     EXPECT_EQ(LitHeure(QStringLiteral("23:59")), QTime(23, 59));
     for (const char *texte : {"09:30", " 9:30 ", "9h30", "09h30", "930", "0930"}) {
-        EXPECT_EQ(LitHeure(QString::fromUtf8(texte)), QTime(9, 30)) << texte;
+        EXPECT_EQ(LitHeure(q(texte)), QTime(9, 30)) << texte;
     }
     for (const char *texte : {"24:00", "24h", "9", "93", "00930", "9h3", "", ":", "h", "8:5", "-8:00",
                               "08:00:00", "12:60", "1260", "١٢:٠٠"}) {
-        EXPECT_EQ(LitHeure(QString::fromUtf8(texte)), std::nullopt) << texte;
+        EXPECT_EQ(LitHeure(q(texte)), std::nullopt) << texte;
     }
 }
 
 TEST(TrancheHoraire, ReadsTypedDates) {
     for (const char *texte : {"02/12/2026", " 2/12/26 ", "2-12-2026", "2.12.26", "02122026",
                               "mercredi 02 déc. 2026", "Lundi 2 Décembre 2026", "2 déc. 2026"}) {
-        EXPECT_EQ(LitDate(QString::fromUtf8(texte)), QDate(2026, 12, 2)) << texte;
+        EXPECT_EQ(LitDate(q(texte)), QDate(2026, 12, 2)) << texte;
     }
     for (const char *texte :
          {"", "2/12", "2/12-26", "2/12/026", "2122026", "31/02/2026", "12/31/2026", "demain 02 déc. 2026",
           "02 dec 2026", "31/12/1899", "01/01/3000", "2026-12-02", "٠٢/١٢/٢٠٢٦"}) {
-        EXPECT_EQ(LitDate(QString::fromUtf8(texte)), std::nullopt) << texte;
+        EXPECT_EQ(LitDate(q(texte)), std::nullopt) << texte;
     }
 }
 
@@ -91,7 +84,7 @@ TEST(TrancheHoraire, TipsShowTheNextSlotBoundary) {
                      {15, "- 12:00 14:00 18:00", "  "}};
     for (const auto &c : cas) {
         const auto bulles = MajInfoBulles(heures(c.horaires), c.intervalle);
-        EXPECT_EQ((QStringList{bulles[0], bulles[1], bulles[2]}).join(u' '), QString::fromLatin1(c.bulles))
+        EXPECT_EQ((QStringList{bulles[0], bulles[1], bulles[2]}).join(u' '), q(c.bulles))
             << c.intervalle << ' ' << c.horaires;
     }
 }
@@ -112,7 +105,7 @@ TEST(TrancheHoraire, BoundsSitOnTheSlotGrid) {
         {INT_MAX, "12:00 08:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."},
         {0, "08:00 12:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."}};
     for (const auto &c : cas) {
-        EXPECT_EQ(VerifieCoherence(config(c.intervalle, c.horaires)), QString::fromUtf8(c.message))
+        EXPECT_EQ(VerifieCoherence(config(c.intervalle, c.horaires)), q(c.message))
             << c.intervalle << ' ' << c.horaires;
     }
 }
@@ -127,20 +120,21 @@ TEST(TrancheHoraire, NeedsTwoSlotsAndOrder) {
 
 TEST(NomConfiguration, AcceptsLettersDigitsAndBlanks) {
     for (const char *nom : {"Cabinet 2", "été", "ÿ", "÷", " ", "09AZaz"}) {
-        EXPECT_TRUE(IsAlphaNum(QString::fromUtf8(nom))) << nom;
+        EXPECT_TRUE(IsAlphaNum(q(nom))) << nom;
     }
     for (const char *nom : {"", "Été", "ß", "l'autre", "a_b", "a@", "a[", "a{", "a/", "a:", "œuf", "€", "Ω",
                             "😀", "tab\t", "a\u00A0b", "Ā"}) {
-        EXPECT_FALSE(IsAlphaNum(QString::fromUtf8(nom))) << nom;
+        EXPECT_FALSE(IsAlphaNum(q(nom))) << nom;
     }
     EXPECT_TRUE(NomValide(QString(255, u'x')));
     EXPECT_FALSE(NomValide(QString(256, u'x')));
 }
 
-TEST(NomConfiguration, AChairIsOneDigit) {
-    EXPECT_TRUE(FauteuilValide(QStringLiteral("0")));
-    EXPECT_TRUE(FauteuilValide(QStringLiteral("9")));
-    for (const char *fauteuil : {"", "12", "-1", "1,5", "1a", "a", " 1", "٣", "²"}) {
-        EXPECT_FALSE(FauteuilValide(QString::fromUtf8(fauteuil))) << fauteuil;
+TEST(NomConfiguration, AChairIsUpToFourDigits) {
+    for (const char *fauteuil : {"0", "12", "9999"}) {
+        EXPECT_TRUE(FauteuilValide(q(fauteuil))) << fauteuil;
+    }
+    for (const char *fauteuil : {"", "12345", "-1", "1,5", "1a", " 1", "٣", "²"}) {
+        EXPECT_FALSE(FauteuilValide(q(fauteuil))) << fauteuil;
     }
 }

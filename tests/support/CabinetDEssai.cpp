@@ -46,15 +46,13 @@ CabinetDEssai::CabinetDEssai(const OptionsCabinet &voulu)
     ecritCabinet(m_dossier, voulu);
 }
 
-VariablesGlobales CabinetDEssai::variables() {
-    VariablesGlobales v;
-    v.maintenant = [this] { return maintenant; };
-    v.messages = &messages;
-    const Records chemins = ouvre(Base::Chemins).query(SqlText("Select * from Chemin"));
-    v.CheminRacine = chemins.first()[u"LeChemin"].toText();
-    v.CheminFichiers = chemins.first()[u"CheminBase"].toText() + QStringLiteral("\\Fichiers");
-    v.CheminBaseRDV = v.CheminFichiers + QStringLiteral("\\Tavelin.mdb");
-    return v;
+const Environnement &CabinetDEssai::environnement() {
+    m_env.maintenant = [this] { return maintenant; };
+    m_env.messages = &messages;
+    m_env.patience = std::chrono::milliseconds(300);
+    Database chemins = ouvre(Base::Chemins);
+    m_env.prendEmplacements(LitChemin(chemins).value());
+    return m_env;
 }
 
 QString CabinetDEssai::fichier(Base base) const {

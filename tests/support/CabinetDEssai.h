@@ -2,7 +2,7 @@
 
 #include "Cabinet.h"
 #include "Schema.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Environnement.h"
 #include "support/RecordingMessages.h"
 
 #include <QTemporaryDir>
@@ -25,9 +25,8 @@ class CabinetDEssai {
     /// Another practice. Throws what ecritCabinet throws.
     explicit CabinetDEssai(const OptionsCabinet &voulu);
 
-    /// The state of a program that has read the path database; it uses this practice's clock and messages,
-    /// which have to outlive it.
-    VariablesGlobales variables();
+    /// The world of a program that has read the path database, with this practice's clock and messages.
+    const Environnement &environnement();
 
     QString dossier() const { return m_dossier; }
     QString fichier(Base base) const;
@@ -41,4 +40,5 @@ class CabinetDEssai {
   private:
     QTemporaryDir m_temporaire;
     QString m_dossier;
+    Environnement m_env;
 };

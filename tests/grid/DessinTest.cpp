@@ -1,0 +1,143 @@
+#include "grid/GrilleSemaine.h"
+#include "grid/GrillesJour.h"
+#include "platform/ui/FlexGrid.h"
+#include "practice/Environnement.h"
+#include "support/Livre.h"
+
+#include <QDir>
+#include <QGuiApplication>
+#include <gtest/gtest.h>
+
+namespace {
+
+/// A picture for every shape and weekday but one, told by its size: 11, 12 … wide, 21, 22 … high.
+class Images {
+  public:
+    Images() {
+        QDir(m_dossier.path()).mkdir(q("Images"));
+        const QStringList couleurs{q("Bleu"), q("Violet"), q("Orange"), q("Jaune"), q("Vert"), q("Brown"), q("BleuF")};
+        for (int forme = 1; forme <= 4; ++forme) {
+            for (int jour = 1; jour <= 7; ++jour) {
+                const QString nom = QStringList{q("Dbl"), q("Top"), q("Mid"), q("Low")}[forme - 1] + couleurs[jour - 1];
+                EXPECT_TRUE(QImage(10 + forme, 20 + jour, QImage::Format_RGB32)
+                                .save(m_dossier.filePath(q("Images/") + nom + q(".bmp"))));
+            }
+        }
+        QFile::remove(m_dossier.filePath(q("Images/LowVert.bmp")));
+        QFile::resize(m_dossier.filePath(q("Images/MidVert.bmp")), 40);
+        env.CheminRacine = m_dossier.path();
+    }
+    Environnement env;
+
+  private:
+    QTemporaryDir m_dossier;
+};
+
+/// What a cell shows: "#" for grey, shape and weekday of its picture, its colour ("b": a button's), "!" for red, "w" for white, text.
+QString vu(const FlexCell &cellule) {
+    QString texte;
+    if (!cellule.picture.isNull()) {
+        texte += q(".DTML")[cellule.picture.width() - 10] + QString::number(cellule.picture.height() - 20);
+    }
+    if (cellule.back.isValid()) {
+        const bool bouton = cellule.back == QGuiApplication::palette().color(QPalette::Button);
+        texte += cellule.back == QColor(160, 160, 160) ? q("#") : bouton ? q("b") : cellule.back.name();
+    }
+    if (cellule.fore.isValid()) {
+        texte += cellule.fore == QColor(255, 0, 0) ? q("!") : (cellule.fore == QColor(Qt::white) ? q("w") : q("l"));
+    }
+    return texte + cellule.text;
+}
+
+std::string dessin(const FlexGrid &grille) {
+    QString lignes;
+    for (int ligne = 0; ligne < grille.cells().rows(); ++ligne) {
+        QStringList cellules;
+        for (int col = 0; col < grille.cells().cols(); ++col) {
+            cellules << vu(grille.cells().cell(ligne, col));
+        }
+        lignes += cellules.join(u'|') + u'\n';
+    }
+    return lignes.toStdString();
+}
+
+RendezVous rdv(const char *nom, int jour, const char *debut, const char *fin, bool present = false) {
+    RendezVous rdv;
+    rdv.Nom = q(nom);
+    rdv.Prenom = q(" Léa ");
+    rdv.Description = jour == 1 ? q("bilan ") : QString();
+    rdv.Date1 = QDate(2026, 3, 8 + jour);
+    rdv.HeureDebut = QTime::fromString(q(debut), Qt::ISODate);
+    rdv.HeureFin = QTime::fromString(q(fin), Qt::ISODate);
+    rdv.Present = present;
+    return rdv;
+}
+
+} // namespace
+
+TEST(Dessin, AWeek) {
+    const Configuration config = configDe({.intervalle = 30,
+                                           .heures = {"08:00", "09:40", "11:00", "13:10"},
+                                           .affich = {1, 2, 3, 0, 5, 0, 0},
+                                           .grise = {0, 1, 2, 0, 3, 0, 0}});
+    const QList<RendezVous> liste{
+        rdv("VENU", 1, "08:00", "09:30", true), rdv("SEUL", 1, "09:40", "10:00"),
+        rdv("AVANT", 2, "07:00", "08:45"),      rdv("APRES", 2, "12:45", "14:00"),
+        rdv("LOIN", 2, "13:35", "14:00"),       rdv("RETARD", 3, "08:00", "08:30"),
+        rdv("BIENTOT", 3, "09:35", "10:00"),    rdv("PRESENT", 3, "09:00", "09:30", true),
+        rdv("TARD", 3, "12:00", "12:30"),       rdv("NUL", 3, "10:30", "10:30"),
+        rdv("CACHE", 4, "08:00", "08:30"),      rdv("SANS", 5, "08:00", "09:30")};
+    FlexGrid grille;
+    const Images images;
+    GrilleSemaine semaine(grille, images.env);
+    const Demande mercredi{.PraticienCourant = {}, .jour = QDate(2026, 3, 11), .fauteuil = {}, .config = {}};
+    Affichage affichage{mercredi, {}, 0, {{config, CreneauxSemaine(config), {}, liste, {}}}, {}};
+    affichage.lu = QDateTime(mercredi.jour, QTime(9, 31));
+    semaine.dessine(affichage);
+    EXPECT_EQ(dessin(grille), R"(#lHeure|#0080ffwlundi 09 mars|#800080wmardi 10 mars|#ff8000wmercredi 11 mars|#008080wvendredi 13 mars|#lHeure
+#l08:00|T1#0080ffw  VENU Léa  [bilan]|M2#  AVANT Léa|D3!  RETARD Léa|T5#  SANS Léa|#l08:00
+#l08:30|M1#0080ffw|L2#||#|#l08:30
+#l09:00|L1#0080ffw|#|D3#ff8000w  PRESENT Léa|#|#l09:00
+#l09:30|D1  SEUL Léa  [bilan]|#|D3!  BIENTOT Léa|#|#l09:30
+#l10:00|#|#|#|#|#l10:00
+#l10:30|#|#|#|#|#l10:30
+#l11:00|||#|#|#l11:00
+#l11:30|||#|#|#l11:30
+#l12:00|||D3#  TARD Léa|#|#l12:00
+#l12:30||T2  APRES Léa|#|#|#l12:30
+#l13:00||M2|#|#|#l13:00
+#l13:30|||#|#|#l13:30
+)");
+    affichage.lu = QDateTime(mercredi.jour, QTime(9, 30, 59));
+    semaine.dessine(affichage);
+    EXPECT_EQ(vu(grille.cells().cell(4, 3)), q("D3  BIENTOT Léa")) << "its row's minute has not passed";
+    affichage.lu = QDateTime(mercredi.jour.addDays(7), QTime(9, 31));
+    semaine.dessine(affichage);
+    EXPECT_EQ(vu(grille.cells().cell(1, 3)), q("D3  RETARD Léa")) << "lateness is today's";
+    affichage.grilles = {{config, {}, {}, liste, q("pourquoi")}};
+    semaine.dessine(affichage);
+    EXPECT_EQ(dessin(grille), "");
+}
+
+TEST(Dessin, ADay) {
+    const Configuration config =
+        configDe({.intervalle = 120, .heures = {"08:00", "12:00", "12:00", "13:00"}, .grise = {3, 3, 3, 3, 3, 3, 3}});
+    FlexGrid gauche;
+    FlexGrid droite;
+    const Images images;
+    const Demande jour{.PraticienCourant = {}, .VueSemaine = false, .jour = QDate(2026, 2, 11), .fauteuil = {}, .config = {}};
+    GrillesJour(gauche, droite, images.env)
+        .dessine({jour,
+                  {},
+                  0,
+                  {{config, CreneauxSemaine(config), q("Fauteuil 1"), {rdv("ROUX", 3, "08:00", "12:30")}, {}},
+                   {{}, {}, q("Fauteuil 2"), {}, q("pourquoi")}},
+                  QDateTime(QDate(2026, 3, 11), QTime(12, 0))});
+    EXPECT_EQ(dessin(gauche), R"(blHeure|blmercredi 11 février       Fauteuil 1
+bl08:00|T3!  ROUX Léa
+bl10:00|M3
+bl12:00|L3
+bl14:00|
+)");
+    EXPECT_EQ(dessin(droite), "blHeure|blmercredi 11 février       Fauteuil 2\n");
+}
