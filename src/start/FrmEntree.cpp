@@ -20,6 +20,7 @@
 #include "start/FrmAPropos.h"
 #include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
+#include "start/Surveillance.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -60,6 +61,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
     m_actions = new ActionsRDV(env, *this);
     m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
+    m_surveillance = new Surveillance(env, this);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
@@ -85,6 +87,7 @@ void FrmEntree::relieCarnet() {
     connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
     connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
     connect(m_actions, &ActionsRDV::rdvEcrit, this, &FrmEntree::rdvEcrit);
+    connect(m_surveillance, &Surveillance::lectureSeule, this, &FrmEntree::dessineLecture);
 }
 
 void FrmEntree::relieMenus() {
@@ -163,6 +166,7 @@ void FrmEntree::Form_Load() {
         m_carnet.vaAu(premier);
     }
     Timer1.start(periodeTimer1);
+    QTimer::singleShot(0, m_surveillance, &Surveillance::commence); // after the first picture
 }
 
 // ---- Drawing
@@ -194,7 +198,7 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
+    for (QPushButton *bouton : centralWidget()->findChildren<QPushButton *>() << BtnSemaine << BtnJour) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }
     BtnSemaine->setChecked(semaine);

@@ -15,6 +15,7 @@ class ActionsRDV;
 class BarreEtat;
 class MenusPraticien;
 class QPushButton;
+class Surveillance;
 class Vues;
 
 /// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is
@@ -84,6 +85,7 @@ class FrmEntree : public QMainWindow {
     Vues *m_vues;
     ActionsRDV *m_actions;
     MenusPraticien *m_menus;
+    Surveillance *m_surveillance;
     QPushButton *BtnSemaine = nullptr;
     QPushButton *BtnJour = nullptr;
     QStringList m_dits; ///< what a start-up that goes on failing has told already

@@ -1,5 +1,6 @@
 #include "start/Lancement.h"
 
+#include "platform/db/LockTest.h"
 #include "platform/ui/Messages.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
@@ -80,6 +81,9 @@ int Lance(int argc, char **argv) {
         QTextStream(stdout) << AideOptions();
         return 0;
     }
+    if (!options.verrou.isEmpty()) {
+        return tryLock(options.verrou);
+    }
     MessageBoxes boites;
     Environnement env;
     env.messages = &boites;
@@ -101,6 +105,7 @@ int Lance(int argc, char **argv) {
     QApplication application(argc, argv);
     qInstallMessageHandler(ordinaire);
     polices.join();
+    env.programme = QCoreApplication::applicationFilePath();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
     const QString impossible = LitEmplacements(env, options.chemin);

@@ -6,6 +6,7 @@
 #include <QPushButton>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace {
 
@@ -62,7 +63,7 @@ TEST_F(NouveauPatientTest, FieldsAreTidiedWhenLeftAndEnterCreates) {
         contenu(Base::Patients),
         q("cptid=1;nom=D'ARCÉ;PreNom=Élodie;Titre=Dr;adresse1=1, rue \"Basse\";adresse2=Bât. "
           "B;CodePostal=56000;"
-          "ville=VANNES;telephone=02 61;DateNais=25/03/1980;NumeroSS=185057800608442;TauxCam=0;TauxMut=0;"
+          "ville=VANNES;telephone=02 61;Profession=;telephone1=;NomJF=;CAM=;medecin=;AdrPar=;mutuelle=;DateNais=25/03/1980;NumeroSS=185057800608442;TauxCam=0;TauxMut=0;"
           "PenChargeTp=0;Option=0;Filler1=0;Filler2=0;cmu=N"));
     EXPECT_EQ(
         contenu(Base::PatientsCrees),
@@ -134,4 +135,20 @@ TEST_F(NouveauPatientTest, AnUnusableFileKeepsTheFormOpen) {
         EXPECT_EQ(champ("txtNomPatient").text(), q("DUPONT"));
         EXPECT_EQ(nombreDe(Base::Patients), 0);
     }
+}
+
+TEST_F(NouveauPatientTest, CreatesBothHalvesOrNone) {
+    ouvreFenetre();
+    remplit("dupont", "jean");
+    // A program that is still reading lets a row be written, but not the transaction be ended.
+    sqlite3 *lecteur = nullptr;
+    ASSERT_EQ(sqlite3_open(fichier(Base::PatientsCrees).toUtf8().constData(), &lecteur), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(lecteur, "BEGIN; SELECT * FROM LesPatients", nullptr, nullptr, nullptr),
+              SQLITE_OK);
+    valide();
+    sqlite3_close(lecteur);
+    EXPECT_TRUE(messagesLus().contains(q("occupé")));
+    EXPECT_TRUE(fenetre->isVisible());
+    EXPECT_EQ(nombreDe(Base::Patients), 0);
+    EXPECT_EQ(nombreDe(Base::PatientsCrees), 0);
 }
