@@ -15,7 +15,7 @@ Database Environnement::ouvreCarnet() const {
 Database Environnement::ouvreCarnetPourEcrire() const {
     Database carnet = ouvreCarnet();
     if (!lectureSeule->isEmpty()) {
-        throw DbError(DbError::Kind::Refused, carnet.path(), *lectureSeule);
+        throw DbError(DbError::Kind::ReadOnly, carnet.path(), *lectureSeule);
     }
     return carnet;
 }

@@ -33,8 +33,6 @@ QString sentence(DbError::Kind kind, const QString &file, const QString &precisi
         return QStringLiteral("Le disque est plein : rien n'a été enregistré dans le fichier %1.").arg(name);
     case DbError::Kind::Structure:
         return QStringLiteral("Le fichier %1 n'a pas la structure attendue : %2.").arg(name, precision);
-    case DbError::Kind::Refused:
-        return detail;
     case DbError::Kind::Other:
         break;
     }

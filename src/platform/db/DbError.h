@@ -15,7 +15,6 @@ class DbError : public std::exception {
         Damaged,       ///< truncated or corrupt
         DiskFull,
         Structure, ///< a table or a field is not there
-        Refused,   ///< the book refuses to be written: the detail is the whole sentence
         Other
     };
 
