@@ -54,7 +54,7 @@ struct PatientsDEssai {
         for (const Record row : rows) {
             for (int i = 0; i < rows.fields().size(); ++i) {
                 champs += row.at(i).isNull() ? QStringList()
-                              : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
+                                             : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
             }
         }
         return champs.join(u';');
