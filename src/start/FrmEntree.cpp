@@ -201,7 +201,9 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    for (QPushButton *bouton : centralWidget()->findChildren<QPushButton *>() << BtnSemaine << BtnJour) {
+    const QList<QPushButton *> boutons =
+        centralWidget()->findChildren<QPushButton *>() + QList{BtnSemaine, BtnJour};
+    for (QPushButton *bouton : boutons) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }
     BtnSemaine->setChecked(semaine);
