@@ -275,14 +275,3 @@ TEST_F(DatabaseTest, AnIndexThatLacksRowsIsFoundByTheCheck) {
     stopped.request_stop();
     EXPECT_EQ(checkBook(file, stopped.get_token()), QString());
 }
-
-TEST_F(DatabaseTest, FieldsAreAppendedAndDeleted) {
-    Database base = Database::open(file);
-    TableDef rdv = base.tableDef(table);
-    const FieldDef fauteuil{QStringLiteral("Fauteuil"), FieldType::Int16, 5};
-    rdv.appendField(fauteuil);
-    EXPECT_TRUE(rdv.hasField(QStringLiteral("fauteuil")));
-    EXPECT_EQ(kindOf([&] { rdv.appendField(fauteuil); }), Kind::Other);
-    rdv.deleteField(fauteuil.name);
-    EXPECT_FALSE(rdv.hasField(fauteuil.name));
-}
