@@ -31,7 +31,7 @@ class AffichageTest : public testing::Test {
     AffichageTest() {
         for (int fauteuil = 0; fauteuil <= 3; ++fauteuil) {
             const auto nom = [&](const char *quand) { return std::to_string(fauteuil) + quand; };
-            livre.rdv({.nom = nom("me").c_str(), .debut = "15:00:00", .fauteuil = fauteuil});
+            livre.rdv({.nom = nom("me").c_str(), .debut = "15:00:00", .fin = "16:00:00", .fauteuil = fauteuil});
             livre.rdv({.nom = nom("lu").c_str(), .jour = "2026-03-09", .fauteuil = fauteuil});
             livre.rdv({.nom = nom("di").c_str(), .jour = "2026-03-15", .fauteuil = fauteuil});
             livre.rdv({.nom = "avant", .jour = "2026-03-08", .fauteuil = fauteuil});

@@ -1,94 +1,114 @@
 #include "platform/ui/FlexGrid.h"
 
+#include <QHeaderView>
 #include <QSignalSpy>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
+/// Ten rows and five columns, of which 1 … 8 and 1 … 3 can be selected; what is asked for is outlined.
 class FlexGridTest : public testing::Test {
   protected:
     FlexGridTest() {
         fill(10, 5);
-        grid.setRow(2);
-        grid.setCol(2);
-        changes.clear();
+        grid.setSelectableArea(QRect(1, 1, 3, 8));
+        for (int col = 0; col < 5; ++col) {
+            grid.setColumnWidth(col, 50);
+        }
+        grid.resize(300, 400);
+        grid.show();
+        QObject::connect(&grid, &FlexGrid::selectionAsked, &grid, [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
+            const std::string what[] = {"press", "right", "drag", "key"};
+            asked += what[int(g)] + QStringLiteral(" %1,%2-%3,%4;").arg(c.row).arg(c.col).arg(c.rowSel).arg(c.colSel).toStdString();
+            grid.showOutline(c);
+        });
+        QObject::connect(&grid, &FlexGrid::opened, &grid, [this](bool byMouse) { asked += byMouse ? "opened by mouse;" : "opened;"; });
+        QObject::connect(&grid, &FlexGrid::contextMenuAsked, &grid, [this] { asked += "menu;"; });
     }
     void fill(int rows, int cols) {
         const FlexGridWriting writing(grid.cells());
         grid.cells().clear(rows, cols);
     }
-    std::array<int, 4> selection() const { return {grid.row(), grid.col(), grid.rowSel(), grid.colSel()}; }
+    QPoint at(int row, int col) { return grid.visualRect(grid.cells().index(row, col)).center(); }
+    void press(int row, int col, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {}) {
+        QTest::mousePress(grid.viewport(), button, keys, at(row, col));
+    }
+    void drag(const QPoint &to) {
+        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QApplication::sendEvent(grid.viewport(), &move);
+    }
+    void release(Qt::MouseButton button = Qt::LeftButton) { QTest::mouseRelease(grid.viewport(), button); }
+    std::string taken() { return std::exchange(asked, {}); }
 
     FlexGrid grid;
-    QSignalSpy changes{&grid, &FlexGrid::selectionChanging};
+    std::string asked;
 };
-
-using Four = std::array<int, 4>;
 
 } // namespace
 
-TEST_F(FlexGridTest, AnotherBeginningCollapsesAnotherEndExtends) {
-    grid.setRowSel(5);
-    grid.setColSel(3);
-    EXPECT_EQ(selection(), (Four{2, 2, 5, 3}));
-    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 8);
-    EXPECT_EQ(changes.count(), 2);
-    grid.setRow(3);
-    EXPECT_EQ(selection(), (Four{3, 2, 3, 2}));
-    grid.setColSel(4);
-    grid.setCol(1);
-    EXPECT_EQ(selection(), (Four{3, 1, 3, 1}));
-    EXPECT_EQ(changes.count(), 5);
+TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
+    press(3, 2);
+    drag(at(3, 2) + QPoint(3, 1));
+    drag(at(5, 2));
+    drag(at(6, 3));
+    drag(QPoint(-50, 5000));
+    EXPECT_TRUE(grid.isDragging());
+    release();
+    EXPECT_FALSE(grid.isDragging());
+    drag(at(7, 2));
+    EXPECT_EQ(taken(), "press 3,2-3,2;drag 3,2-5,2;drag 3,2-6,3;drag 3,2-9,0;");
+    press(4, 1, Qt::LeftButton, Qt::ShiftModifier);
+    release();
+    EXPECT_EQ(taken(), "drag 3,2-4,1;");
+    press(4, 2, Qt::RightButton);
+    release(Qt::RightButton);
+    EXPECT_EQ(taken(), "menu;") << "the outlined cells stay";
+    press(7, 3, Qt::RightButton);
+    release(Qt::RightButton);
+    EXPECT_EQ(taken(), "right 7,3-7,3;menu;");
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(7, 3));
+    QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(2, 2));
+    EXPECT_EQ(taken(), "opened by mouse;") << "only what is outlined";
+    QTest::mousePress(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
+    EXPECT_EQ(taken(), "press 0,2-0,2;");
+    EXPECT_FALSE(grid.isDragging());
 }
 
-TEST_F(FlexGridTest, SettingTheSameValueDoesNothingAtAll) {
-    grid.setRowSel(5);
-    changes.clear();
-    grid.setRow(2);
-    grid.setCol(2);
-    grid.setRowSel(5);
-    grid.setColSel(2);
-    EXPECT_EQ(selection(), (Four{2, 2, 5, 2})) << "an equal beginning must not collapse";
-    EXPECT_EQ(changes.count(), 0);
+TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
+    QTest::keyClick(&grid, Qt::Key_Return);
+    EXPECT_EQ(taken(), "") << "nothing is outlined";
+    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right}) {
+        QTest::keyClick(&grid, key);
+    }
+    EXPECT_EQ(taken(), "key 1,1-1,1;key 1,1-1,1;key 1,1-1,1;key 1,2-1,2;key 1,3-1,3;key 1,3-1,3;");
+    for (int i = 0; i < 2; ++i) {
+        QTest::keyClick(&grid, Qt::Key_Down, Qt::ShiftModifier);
+    }
+    QTest::keyClick(&grid, Qt::Key_Down);
+    grid.showOutline(FlexGrid::Corners{7, 2, 8, 2});
+    QTest::keyClick(&grid, Qt::Key_Down, Qt::ShiftModifier);
+    QTest::keyClick(&grid, Qt::Key_Up);
+    QTest::keyClick(&grid, Qt::Key_Enter);
+    EXPECT_EQ(taken(), "key 1,3-2,3;key 1,3-3,3;key 4,3-4,3;key 7,2-8,2;key 6,2-6,2;opened;");
 }
 
-TEST_F(FlexGridTest, AHandlerThatAdjustsIsRunAgainAndEnds) {
-    QObject::connect(&grid, &FlexGrid::selectionChanging, &grid, [&] {
-        if (grid.rowSel() == grid.cells().rows() - 1) {
-            grid.setRowSel(grid.rowSel() - 1);
-        }
-    });
-    grid.setRowSel(9);
-    EXPECT_EQ(selection(), (Four{2, 2, 8, 2}));
-    EXPECT_EQ(changes.count(), 2);
-}
-
-TEST_F(FlexGridTest, AWholeDrawingIsOneReset) {
+TEST_F(FlexGridTest, AWholeDrawingIsOneResetAndShowingAsksForNothing) {
     QSignalSpy resets(&grid.cells(), &QAbstractItemModel::modelReset);
-    QSignalSpy cells(&grid.cells(), &QAbstractItemModel::dataChanged);
     {
         const FlexGridWriting writing(grid.cells());
         grid.cells().clear(42, 8);
-        for (int row = 0; row < 42; ++row) {
-            grid.cells().at(row, 3).text = QString::number(row);
-        }
+        grid.cells().at(0, 3).text = QStringLiteral("header");
         grid.cells().at(42, 3).text = QStringLiteral("outside");
-        grid.cells().at(-1, 99).text = QStringLiteral("outside");
     }
     EXPECT_EQ(resets.count(), 1);
-    EXPECT_EQ(cells.count(), 0);
-    EXPECT_EQ(grid.cells().cell(41, 3).text, QStringLiteral("41"));
     EXPECT_EQ(grid.cells().cell(42, 3).text, QString());
-    EXPECT_EQ(selection(), (Four{2, 2, 2, 2})) << "a redraw keeps the selection";
     EXPECT_TRUE(grid.isRowHidden(0)) << "the header shows row 0";
-    EXPECT_EQ(grid.model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("0"));
-}
-
-TEST_F(FlexGridTest, ASmallerGridTakesTheSelectionAlong) {
-    grid.setRow(9);
-    grid.setRowSel(4);
-    fill(4, 2);
-    EXPECT_EQ(selection(), (Four{3, 1, 3, 1}));
-    fill(0, 0);
+    EXPECT_EQ(grid.model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("header"));
+    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
+    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 3);
+    fill(3, 2);
+    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
     EXPECT_TRUE(grid.selectionModel()->selectedIndexes().isEmpty());
+    EXPECT_EQ(taken(), "");
 }

@@ -5,7 +5,7 @@ import re
 
 import cabinet
 from ecran import attends
-from oracle import Contexte, dans, hhmm, lit_etat_date, minutes, propre
+from oracle import Contexte, dans, hhmm, lit_etat_date, lit_jour, minutes, propre
 
 NAVIGATION = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
 HEURES_TAPEES = ("9h30", "930", "0930", "9:30", "10:05", "17:45", "18:15", "8h", "25:00", "abc", "")
@@ -96,7 +96,7 @@ class Gestes:
                 return []
             derniere = len(apres.grilles[nom].colonnes) + 1
             if r == 0:
-                if nom != "GrilleRDV":
+                if nom != "GrilleRDV" or bouton == 3:
                     return [] if memes(avant, apres) else ["un clic sur un titre a changé la sélection"]
                 return [] if c in (0, derniere) else self.sur(apres, nom, 1, 1)
             if c == 0 or (nom == "GrilleRDV" and c == derniere):
@@ -196,6 +196,7 @@ class Gestes:
             if fenetre == "FrmSupprimer":
                 voulu = {"Label3": x.nom, "Label4": x.prenom, "Label13": hhmm(x.debut), "Label15": hhmm(x.fin)}
         if fenetre != "FrmSupprimer":
+            montre["DTPicker1"] = lit_jour(montre["DTPicker1"])
             voulu["DTPicker1"] = ctx.jour.isoformat()
         return [f"{fenetre}.{n} montre « {montre.get(n)} » au lieu de « {t} »" for n, t in voulu.items()
                 if montre.get(n) != t]
@@ -554,7 +555,7 @@ class Gestes:
         self.ecran.tape(texte)
         if date:
             self.ecran.touche("Tab")
-            return lambda avant, apres: [] if self.p.etat.texte("DTPicker1") == date.isoformat() else \
+            return lambda avant, apres: [] if lit_jour(self.p.etat.texte("DTPicker1")) == date.isoformat() else \
                 [f"date tapée {texte}, comprise {self.p.etat.texte('DTPicker1')}"]
         return None
 

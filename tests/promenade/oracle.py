@@ -23,6 +23,19 @@ def lit_etat_date(texte):
     return datetime.date(int(an), MOIS_COURTS.index(mois) + 1, int(jour))
 
 
+def lit_jour(texte):
+    """The date of a field, "dimanche 15 mars 2026" or as it may be typed, in ISO form; None when it is none."""
+    mots = texte.split()
+    if len(mots) == 4 and mots[2] in MOIS_COURTS:
+        return f"{mots[3]}-{MOIS_COURTS.index(mots[2]) + 1:02}-{int(mots[1]):02}"
+    for forme in ("%d/%m/%Y", "%d%m%Y", "%d/%m/%y"):
+        try:
+            return datetime.datetime.strptime(texte.strip(), forme).date().isoformat()
+        except ValueError:
+            pass
+    return None
+
+
 def minutes(texte):
     """Minutes since midnight, or None. Seconds do not count."""
     lu = re.fullmatch(r"(?:\d{4}-\d\d-\d\d )?([01]\d|2[0-3]):([0-5]\d)(?::[0-5]\d)?", texte or "")

@@ -14,7 +14,7 @@ import traceback
 import cabinet
 from ecran import Ecran, Faute, Programme, attends
 from gestes import Gestes, lit_heure
-from oracle import Contexte, Livre, RendezVous, Vue, ecarts, entier, lit_base, lit_etat_date, minutes, propre
+from oracle import Contexte, Livre, RendezVous, Vue, ecarts, entier, lit_base, lit_etat_date, lit_jour, minutes, propre
 from tiers import Tiers
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
@@ -203,7 +203,7 @@ class Promenade:
         e = self.etat
         self.promet("ajoute" if e.dessus == "FrmAjouter" else "edite", nom=choisi.get("nom", e.texte("Text1")),
                     prenom=choisi.get("prenom", e.texte("Text2")), tel=e.texte("Text3"), desc=e.texte("Text4"),
-                    jour=e.texte("DTPicker1"), debut=lit_heure(e.texte("TextHeureDebut")),
+                    jour=lit_jour(e.texte("DTPicker1")), debut=lit_heure(e.texte("TextHeureDebut")),
                     fin=lit_heure(e.texte("TextHeureFin")), numero=choisi.get("numero"))
 
     def ecritures(self):

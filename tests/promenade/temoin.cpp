@@ -27,10 +27,6 @@
 
 namespace {
 
-QString nomDe(const QObject &objet) {
-    return objet.objectName().isEmpty() && objet.parent() ? objet.parent()->objectName() : objet.objectName();
-}
-
 QString nomFenetre(const QWidget &fenetre) {
     const auto classe = QLatin1String(fenetre.metaObject()->className());
     return fenetre.objectName().isEmpty() ? classe : fenetre.objectName();
@@ -103,7 +99,7 @@ QJsonValue texteDe(const QWidget &widget) {
 }
 
 QJsonObject objet(const QWidget &widget) {
-    QJsonObject dit{{"nom", nomDe(widget)},         {"classe", widget.metaObject()->className()},
+    QJsonObject dit{{"nom", widget.objectName()},   {"classe", widget.metaObject()->className()},
                     {"texte", texteDe(widget)},     {"bulle", widget.toolTip()},
                     {"gras", widget.font().bold()}, {"actif", widget.isEnabled()},
                     {"focus", widget.hasFocus()},   {"cadre", cadre(widget, widget.rect())}};
