@@ -15,9 +15,10 @@ std::string vu(const Affichage &affichage) {
         for (const RendezVous &rdv : g.rendezVous) {
             noms << rdv.Nom;
         }
-        const QString creneaux = q("%1-%2/%3").arg(g.creneaux.debut.toString(q("HH:mm")),
-                                                   g.creneaux.fin.toString(q("HH:mm")),
-                                                   QString::number(g.creneaux.intervalle));
+        const QString creneaux =
+            q("%1-%2/%3")
+                .arg(g.creneaux.debut.toString(q("HH:mm")), g.creneaux.fin.toString(q("HH:mm")),
+                     QString::number(g.creneaux.intervalle));
         grilles << (g.entete + u' ' + g.config.FauteuilCourant + u' ' +
                     (g.tracable() ? creneaux + q(": ") + noms.join(u' ') : g.empechement))
                        .trimmed();
@@ -31,7 +32,8 @@ class AffichageTest : public testing::Test {
     AffichageTest() {
         for (int fauteuil = 0; fauteuil <= 3; ++fauteuil) {
             const auto nom = [&](const char *quand) { return std::to_string(fauteuil) + quand; };
-            livre.rdv({.nom = nom("me").c_str(), .debut = "15:00:00", .fin = "16:00:00", .fauteuil = fauteuil});
+            livre.rdv(
+                {.nom = nom("me").c_str(), .debut = "15:00:00", .fin = "16:00:00", .fauteuil = fauteuil});
             livre.rdv({.nom = nom("lu").c_str(), .jour = "2026-03-09", .fauteuil = fauteuil});
             livre.rdv({.nom = nom("di").c_str(), .jour = "2026-03-15", .fauteuil = fauteuil});
             livre.rdv({.nom = "avant", .jour = "2026-03-08", .fauteuil = fauteuil});
@@ -70,13 +72,12 @@ const RangConfig zero{.nom = "Zéro", .fauteuil = 0};
 
 TEST_F(AffichageTest, EachGridReadsItsOwnChairAndDays) {
     const std::string pas = "La configuration « Cabinet1 » ne peut pas être affichée : ";
-    const std::string rien = "Ce praticien n'a pas de configuration et la configuration « Défaut » n'existe pas : "
-                             "le carnet ne peut pas être affiché.";
+    const std::string rien =
+        "Ce praticien n'a pas de configuration et la configuration « Défaut » n'existe pas : "
+        "le carnet ne peut pas être affiché.";
     const std::string seul = "Ce praticien n'a qu'un fauteuil : la vue par jour en montre deux.";
     const std::string pasChoisi = "Aucun fauteuil n'est choisi dans le menu Fauteuil.";
-    const auto heures = [](const char *fin) {
-        return dont(un, [&](RangConfig &r) { r.heures[3] = fin; });
-    };
+    const auto heures = [](const char *fin) { return dont(un, [&](RangConfig &r) { r.heures[3] = fin; }); };
     const auto creneau = [](int n) { return dont(un, [n](RangConfig &r) { r.intervalle = n; }); };
     struct Cas {
         const char *nom;
@@ -87,27 +88,65 @@ TEST_F(AffichageTest, EachGridReadsItsOwnChairAndDays) {
     for (const Cas &cas : {
              Cas{"the default chair", {repli, un, deux}, semaine(), "1 08:00-18:00/60: 1lu 1me 1di"},
              Cas{"the chosen chair", {repli, un, deux}, semaine(2), "2 08:00-18:00/20: 2lu 2me 2di"},
-             Cas{"the last of two defaults", {un, dont(deux, [](auto &r) { r.defaut = true; })}, semaine(), "2 08:00-18:00/20: 2lu 2me 2di"},
-             Cas{"a chair's first row", {dont(un, [](auto &r) { r.defaut = false; }), autreUn}, semaine(), "1 08:00-18:00/60: 1lu 1me 1di"},
+             Cas{"the last of two defaults",
+                 {un, dont(deux, [](auto &r) { r.defaut = true; })},
+                 semaine(),
+                 "2 08:00-18:00/20: 2lu 2me 2di"},
+             Cas{"a chair's first row",
+                 {dont(un, [](auto &r) { r.defaut = false; }), autreUn},
+                 semaine(),
+                 "1 08:00-18:00/60: 1lu 1me 1di"},
              Cas{"no default", {repli, deux, trois}, semaine(), "0 08:00-18:00/30: 0lu 0me 0di"},
              Cas{"a chair that is gone", {repli, un}, semaine(2), "0 08:00-18:00/30: 0lu 0me 0di"},
              Cas{"no configuration", {repli}, semaine(), "0 08:00-18:00/30: 0lu 0me 0di"},
-             Cas{"the fall-back's name, not quite", {dont(repli, [](auto &r) { r.nom = "défaut"; })}, semaine(), rien},
-             Cas{"a fall-back after another row of 0", {dont(repli, [](auto &r) { r.nom = "Z"; }), repli}, semaine(), rien},
-             Cas{"an hour unreadable", {heures("midi")}, semaine(), "1 " + pas + "un horaire manque ou ne peut pas être lu."},
-             Cas{"hours in disorder", {heures("13:00:00")}, semaine(), "1 " + pas + "les horaires ne se suivent pas."},
-             Cas{"slots of 0", {creneau(0)}, semaine(), "1 " + pas + "la durée d'un créneau doit être d'au moins une minute."},
-             Cas{"slots of 100000", {creneau(100000)}, semaine(), "1 " + pas + "un créneau dure plus que la journée."},
-             Cas{"two chairs", {un, deux}, jour(2), "Fauteuil 1 1 08:00-18:00/60: 1me | Fauteuil 2 2 08:00-18:00/20: 2me"},
-             Cas{"the ticked one of three and the next", {un, deux, trois}, jour(2),
+             Cas{"the fall-back's name, not quite",
+                 {dont(repli, [](auto &r) { r.nom = "défaut"; })},
+                 semaine(),
+                 rien},
+             Cas{"a fall-back after another row of 0",
+                 {dont(repli, [](auto &r) { r.nom = "Z"; }), repli},
+                 semaine(),
+                 rien},
+             Cas{"an hour unreadable",
+                 {heures("midi")},
+                 semaine(),
+                 "1 " + pas + "un horaire manque ou ne peut pas être lu."},
+             Cas{"hours in disorder",
+                 {heures("13:00:00")},
+                 semaine(),
+                 "1 " + pas + "les horaires ne se suivent pas."},
+             Cas{"slots of 0",
+                 {creneau(0)},
+                 semaine(),
+                 "1 " + pas + "la durée d'un créneau doit être d'au moins une minute."},
+             Cas{"slots of 100000",
+                 {creneau(100000)},
+                 semaine(),
+                 "1 " + pas + "un créneau dure plus que la journée."},
+             Cas{"two chairs",
+                 {un, deux},
+                 jour(2),
+                 "Fauteuil 1 1 08:00-18:00/60: 1me | Fauteuil 2 2 08:00-18:00/20: 2me"},
+             Cas{"the ticked one of three and the next",
+                 {un, deux, trois},
+                 jour(2),
                  "Fauteuil 2 2 08:00-18:00/20: 2me | Fauteuil 3 3 08:00-18:00/10: 3me"},
-             Cas{"the last of three and the first", {un, deux, trois}, jour(3),
+             Cas{"the last of three and the first",
+                 {un, deux, trois},
+                 jour(3),
                  "Fauteuil 3 3 08:00-18:00/10: 3me | Fauteuil 1 1 08:00-18:00/60: 1me"},
-             Cas{"chairs without a default", {repli, deux, trois}, jour(), "Matin  " + pasChoisi + " | Après-midi  " + pasChoisi},
+             Cas{"chairs without a default",
+                 {repli, deux, trois},
+                 jour(),
+                 "Matin  " + pasChoisi + " | Après-midi  " + pasChoisi},
              Cas{"one chair", {un}, jour(), "Matin  " + seul + " | Après-midi  " + seul},
-             Cas{"no chairs: everybody's appointments", {repli, zero}, jour(),
+             Cas{"no chairs: everybody's appointments",
+                 {repli, zero},
+                 jour(),
                  "Matin 0 08:00-12:00/60: 0me 1me 2me 3me | Après-midi 0 14:00-18:00/60: 0me 1me 2me 3me"},
-             Cas{"no configuration: everybody's, too", {repli}, jour(),
+             Cas{"no configuration: everybody's, too",
+                 {repli},
+                 jour(),
                  "Matin 0 08:00-12:00/30: 0me 1me 2me 3me | Après-midi 0 14:00-18:00/30: 0me 1me 2me 3me"},
          }) {
         livre.execute(SqlText("delete from Config"));
