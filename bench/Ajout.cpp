@@ -38,7 +38,7 @@ double ajoute(CarnetOuvert &carnet, QImage &image) {
 }
 
 void efface(const CarnetOuvert &carnet) {
-    Database base = carnet.v.ouvre(carnet.v.CheminBaseRDV);
+    Database base = carnet.v.ouvreCarnet();
     base.execute(SqlText("delete from RDV where Nom = 'MESURE'"));
 }
 

@@ -34,7 +34,8 @@ struct Selection {
     friend bool operator==(const Selection &, const Selection &) = default;
 };
 
-enum class Geste { Clic, Glisse, Touche };
+/// A click may mean the next appointment of a row; a drag and the arrow keys never do.
+enum class Geste { Clic, Glisse };
 
 /// Whether the corners lie in several columns, which the week grid refuses with a message.
 bool PlusieursColonnes(const Affichage &affichage, const Coins &coins);

@@ -9,8 +9,6 @@
 #include "platform/ui/Sablier.h"
 #include "practice/Essai.h"
 
-#include <QDir>
-
 namespace {
 
 constexpr int longueurTitre = 20;
@@ -143,22 +141,10 @@ std::optional<QString> FrmNouveauPatient::doublon(const FichePatient &nouveau) {
 }
 
 bool FrmNouveauPatient::cree(const FichePatient &nouveau) {
-    Creation creation;
-    QString fichierListing;
-    const bool cree = essaie(m_env, [&] {
+    return essaie(m_env, [&] {
         const Sablier sablier;
         Database patient = m_env.ouvrePatients();
-        Database listing = m_env.ouvrePatientsCrees();
-        fichierListing = listing.path();
-        creation = CreePatient(patient, listing, nouveau, m_env.maintenant().date());
+        const Database listing = m_env.ouvrePatientsCrees();
+        CreePatient(patient, listing, nouveau, m_env.maintenant().date());
     });
-    if (cree && !creation.inscrite) {
-        m_env.messages->error(
-            QStringLiteral(
-                "Le patient est créé sous le numéro %1, mais il n'a pas pu être inscrit dans la liste "
-                "des patients créés (fichier « %2 »). Ne le créez pas une seconde fois.")
-                .arg(creation.cptid)
-                .arg(QDir::toNativeSeparators(fichierListing)));
-    }
-    return cree;
 }

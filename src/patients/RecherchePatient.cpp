@@ -30,8 +30,9 @@ class SecondClic : public QObject {
                            &QObject::deleteLater);
     }
     bool eventFilter(QObject *, QEvent *evenement) override {
-        if (evenement->type() != QEvent::MouseButtonPress &&
-            evenement->type() != QEvent::MouseButtonDblClick) {
+        const auto quoi = evenement->type();
+        if (quoi != QEvent::MouseButtonPress && quoi != QEvent::MouseButtonDblClick &&
+            quoi != QEvent::MouseButtonRelease) {
             return false;
         }
         return m_ou.contains(static_cast<QMouseEvent *>(evenement)->globalPosition().toPoint());

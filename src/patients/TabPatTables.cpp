@@ -167,18 +167,11 @@ QList<Identite> Homonymes(Database &patient, const FichePatient &fiche) {
     return homonymes;
 }
 
-Creation CreePatient(Database &patient, Database &listing, const FichePatient &fiche, QDate aujourdhui) {
-    Transaction ecritPatient(patient);
-    Transaction ecritListing(listing);
-    Creation creation;
-    creation.cptid = patient.insert(tableTabPat, champsDe(fiche));
-    listing.insert(QStringLiteral("LesPatients"), ligneListing(patient, creation.cptid, aujourdhui));
-    ecritPatient.commit();
-    try {
-        ecritListing.commit();
-        creation.inscrite = true;
-    } catch (const DbError &) {
-        creation.inscrite = false; // the patient is kept: the caller says which half is missing
-    }
-    return creation;
+qint64 CreePatient(Database &patient, const Database &listing, const FichePatient &fiche, QDate aujourdhui) {
+    patient.attach(listing, QStringLiteral("Listing"));
+    Transaction ecrit(patient);
+    const qint64 cptid = patient.insert(tableTabPat, champsDe(fiche));
+    patient.insert(QStringLiteral("Listing.LesPatients"), ligneListing(patient, cptid, aujourdhui));
+    ecrit.commit();
+    return cptid;
 }

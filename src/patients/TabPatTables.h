@@ -57,12 +57,5 @@ struct FichePatient {
 /// Those who bear the name and first name of `fiche`.
 QList<Identite> Homonymes(Database &patient, const FichePatient &fiche);
 
-struct Creation {
-    qint64 cptid = 0;      ///< the new patient's number
-    bool inscrite = false; ///< the creation listing has its row
-};
-
-/// Adds the patient to `patient` and the row of `aujourdhui` to `listing`. Both are written before either is
-/// made to last, so that what fails leaves both files as they were; when only the listing's last step fails,
-/// the patient is there and `inscrite` says so.
-Creation CreePatient(Database &patient, Database &listing, const FichePatient &fiche, QDate aujourdhui);
+/// Adds the patient to `patient` and the row of `aujourdhui` to `listing`, both or neither; gives his number.
+qint64 CreePatient(Database &patient, const Database &listing, const FichePatient &fiche, QDate aujourdhui);

@@ -41,5 +41,6 @@ Database Environnement::ouvreTransmission() const {
 }
 
 Database Environnement::ouvre(const QString &chemin) const {
-    return Database::open(chemins.realDatabase(chemin));
+    constexpr std::chrono::milliseconds parEssai{100}; // tente() goes on waiting, and the window with it
+    return Database::open(chemins.realDatabase(chemin), parEssai);
 }

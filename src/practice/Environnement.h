@@ -23,6 +23,9 @@ struct Environnement {
     QString CheminFichiers;
     QString CheminBaseRDV;
 
+    /// The program that answers to --essaie-verrou, for the test of the book's locks; none: they are not
+    /// tested.
+    QString programme;
     /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds
     /// out (a damaged page, locks that do not hold) writes it while the book is open.
     std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();

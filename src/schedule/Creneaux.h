@@ -36,6 +36,8 @@ struct Creneaux {
     int premiereLigne(QTime t) const;
     /// Last row of an appointment that ends at `t`.
     int derniereLigne(QTime t) const;
+
+    friend bool operator==(const Creneaux &, const Creneaux &) = default;
 };
 
 /// The week grid's slots: from the morning start to the afternoon end without a jump.

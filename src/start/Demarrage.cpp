@@ -20,7 +20,9 @@ bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString erreur;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
-        erreur = MetANiveau(carnet);
+        // a damaged book is not written into
+        erreur = EstANiveau(carnet) ? QString() : checkBook(carnet.path());
+        erreur = erreur.isEmpty() ? MetANiveau(carnet) : erreur;
     });
     if (!erreur.isEmpty()) {
         depart.messages << erreur;

@@ -2,24 +2,23 @@
 
 #include "ui_FrmEntree.h"
 
-#include "booking/ActionsRDV.h"
-#include "booking/MessagesRDV.h"
 #include "config/FrmJourExclure.h"
 #include "config/FrmSauvegarde.h"
 #include "config/FrmTrancheHoraire.h"
 #include "config/SuppConfig.h"
 #include "grid/FrmMois.h"
 #include "grid/Vues.h"
-#include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Environnement.h"
+#include "start/ActionsSelection.h"
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
 #include "start/FrmAPropos.h"
 #include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
+#include "start/Surveillance.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -58,8 +57,9 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     BtnJour = BoutonVue(*ui, QStringLiteral("Jour"));
     m_vues = new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this);
     m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
-    m_actions = new ActionsRDV(env, *this);
+    m_actions = new ActionsSelection(env, m_carnet, *this);
     m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
+    m_surveillance = new Surveillance(env, this);
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
@@ -84,17 +84,23 @@ void FrmEntree::relieCarnet() {
     connect(&m_carnet, &CarnetMontre::affichageChange, this, &FrmEntree::dessine);
     connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
     connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
-    connect(m_actions, &ActionsRDV::rdvEcrit, this, &FrmEntree::rdvEcrit);
+    connect(m_surveillance, &Surveillance::lectureSeule, this, &FrmEntree::dessineLecture);
 }
 
 void FrmEntree::relieMenus() {
     const auto relie = [this](QAction *action, auto gestionnaire) {
         m_commandes.relie(action, [this, gestionnaire] { std::invoke(gestionnaire, this); });
     };
-    relie(ui->mnuAjouter, &FrmEntree::mnuAjouter_Click);
-    relie(ui->mnuEditer, &FrmEntree::mnuEditer_Click);
-    relie(ui->mnuSupprimer, &FrmEntree::mnuSupprimer_Click);
-    relie(ui->mnuPresent, &FrmEntree::mnuPresent_Click);
+    const auto relieSelection = [this](QAction *action, auto gestionnaire) {
+        m_commandes.relie(action, [this, gestionnaire] {
+            std::invoke(gestionnaire, m_actions);
+            dessineMenus(); // Qt has turned over the tick
+        });
+    };
+    relieSelection(ui->mnuAjouter, &ActionsSelection::mnuAjouter_Click);
+    relieSelection(ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
+    relieSelection(ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
+    relieSelection(ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
@@ -163,6 +169,7 @@ void FrmEntree::Form_Load() {
         m_carnet.vaAu(premier);
     }
     Timer1.start(periodeTimer1);
+    QTimer::singleShot(0, m_surveillance, &Surveillance::commence); // after the first picture
 }
 
 // ---- Drawing
@@ -194,7 +201,9 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    for (QPushButton *bouton : findChildren<QPushButton *>()) {
+    const QList<QPushButton *> boutons =
+        centralWidget()->findChildren<QPushButton *>() + QList{BtnSemaine, BtnJour};
+    for (QPushButton *bouton : boutons) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }
     BtnSemaine->setChecked(semaine);
@@ -225,60 +234,6 @@ void FrmEntree::ouvre(bool parSouris) {
     QAction *action = m_carnet.selection().rdv ? ui->mnuEditer : ui->mnuAjouter;
     if (action->isEnabled()) {
         action->trigger();
-    }
-}
-
-bool FrmEntree::relitRDV(const QString &disparu, const QString &titre) {
-    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
-    if (!m_carnet.relit()) {
-        return false;
-    }
-    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
-    if (!encoreLa) {
-        m_env.messages->show(disparu, titre);
-    }
-    return encoreLa;
-}
-
-void FrmEntree::mnuAjouter_Click() {
-    if (!m_carnet.relit()) {
-        return;
-    }
-    const Selection &selection = m_carnet.selection();
-    if (selection.vide() || selection.rdv) {
-        m_env.messages->show(messageOccupe, titreOccupe);
-        return;
-    }
-    m_actions->ajoute(PlaceDe(m_carnet.affichage(), selection));
-}
-
-void FrmEntree::mnuEditer_Click() {
-    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
-        m_actions->edite(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
-    }
-}
-
-void FrmEntree::mnuSupprimer_Click() {
-    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"),
-                 QStringLiteral("Rendez-vous déjà supprimé"))) {
-        m_actions->supprime(*m_carnet.selection().rdv, PlaceDe(m_carnet.affichage(), m_carnet.selection()));
-    }
-}
-
-/// Sets what the user saw himself choose; the row is looked at where it is written.
-void FrmEntree::mnuPresent_Click() {
-    const RendezVous rdv = *m_carnet.selection().rdv;
-    m_actions->marquePresent(rdv, !rdv.Present);
-    dessineMenus();
-}
-
-void FrmEntree::rdvEcrit(const RendezVous &rdv) {
-    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
-    const Affichage &affichage = m_carnet.affichage();
-    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
-        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
-        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
-                                 .arg(DatesFr::jourComplet(rdv.Date1)));
     }
 }
 

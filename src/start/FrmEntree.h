@@ -11,10 +11,11 @@
 namespace Ui {
 class FrmEntree;
 }
-class ActionsRDV;
+class ActionsSelection;
 class BarreEtat;
 class MenusPraticien;
 class QPushButton;
+class Surveillance;
 class Vues;
 
 /// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is
@@ -49,17 +50,9 @@ class FrmEntree : public QMainWindow {
     void dessineLecture();
     void dispose();
 
-    // What is done with the selection
+    // The selection
     void selectionne(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
     void ouvre(bool parSouris);
-    void mnuAjouter_Click();
-    void mnuEditer_Click();
-    void mnuSupprimer_Click();
-    void mnuPresent_Click();
-    void rdvEcrit(const RendezVous &rdv);
-    /// The book is read again before anything is done with an appointment; false when it is not there any
-    /// more, which is told.
-    bool relitRDV(const QString &disparu, const QString &titre);
 
     // What is asked for, in screen order
     void BtnJour_Click();
@@ -82,8 +75,9 @@ class FrmEntree : public QMainWindow {
     Commandes m_commandes;
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
-    ActionsRDV *m_actions;
+    ActionsSelection *m_actions;
     MenusPraticien *m_menus;
+    Surveillance *m_surveillance;
     QPushButton *BtnSemaine = nullptr;
     QPushButton *BtnJour = nullptr;
     QStringList m_dits; ///< what a start-up that goes on failing has told already

@@ -1,5 +1,6 @@
 #include "start/Lancement.h"
 
+#include "platform/db/LockTest.h"
 #include "platform/ui/Messages.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
@@ -44,15 +45,11 @@ std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
 }
 
 /// Qt ends the program with an English sentence where there is no screen.
-void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &texte) {
-    QTextStream erreurs(stderr);
-    if (genre != QtFatalMsg) {
-        return;
+void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &) {
+    if (genre == QtFatalMsg) {
+        QTextStream(stderr) << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir\n";
+        std::_Exit(codeErreur);
     }
-    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir ("
-            << texte.section(u'\n', 0, 0) << ")\n";
-    erreurs.flush();
-    std::_Exit(codeErreur);
 }
 
 /// A comfortable size, or the whole of a smaller screen.
@@ -80,6 +77,9 @@ int Lance(int argc, char **argv) {
         QTextStream(stdout) << AideOptions();
         return 0;
     }
+    if (!options.verrou.isEmpty()) {
+        return tryLock(options.verrou);
+    }
     MessageBoxes boites;
     Environnement env;
     env.messages = &boites;
@@ -101,6 +101,7 @@ int Lance(int argc, char **argv) {
     QApplication application(argc, argv);
     qInstallMessageHandler(ordinaire);
     polices.join();
+    env.programme = QCoreApplication::applicationFilePath();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
     const QString impossible = LitEmplacements(env, options.chemin);

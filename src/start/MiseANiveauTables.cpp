@@ -26,7 +26,17 @@ std::vector<IndexDef> indexRDV() {
     };
 }
 
-bool estANiveau(Database &base) {
+void remplit(Database &base) {
+    base.execute(SqlText("Update RDV Set DateInv = iif((DateInv Is Null Or DateInv = '') And Date1 Is Not "
+                         "Null, InverseDate(Date1), DateInv), Fauteuil = iif(Fauteuil Is Null, 0, Fauteuil) "
+                         "Where ")
+                 << aRemplir());
+    base.execute(SqlText("Update Config Set Fauteuil = 0 Where Fauteuil Is Null"));
+}
+
+} // namespace
+
+bool EstANiveau(Database &base) {
     TableDef rdv = base.tableDef(tableRDV);
     const TableDef config = base.tableDef(tableConfig);
     bool complet = rdv.hasField(champDateInv.name) && rdv.hasField(champFauteuil.name) &&
@@ -37,16 +47,6 @@ bool estANiveau(Database &base) {
     return complet && base.query(SqlText("Select RefRDV from RDV Where ") << aRemplir()).isEmpty() &&
            base.query(SqlText("Select Fauteuil from Config Where Fauteuil Is Null")).isEmpty();
 }
-
-void remplit(Database &base) {
-    base.execute(SqlText("Update RDV Set DateInv = iif((DateInv Is Null Or DateInv = '') And Date1 Is Not "
-                         "Null, InverseDate(Date1), DateInv), Fauteuil = iif(Fauteuil Is Null, 0, Fauteuil) "
-                         "Where ")
-                 << aRemplir());
-    base.execute(SqlText("Update Config Set Fauteuil = 0 Where Fauteuil Is Null"));
-}
-
-} // namespace
 
 QString ModifieTable(TableDef table, ActionTable action, const FieldDef &champ) {
     if (!table.isUpdatable()) {
@@ -70,7 +70,7 @@ QString MetANiveau(Database &base) {
     if (!base.tableDef(tableConfig).isUpdatable()) {
         return erreurConfig;
     }
-    if (estANiveau(base)) {
+    if (EstANiveau(base)) {
         return {};
     }
     Transaction transaction(base);

@@ -27,8 +27,9 @@ Options LitOptions(const QStringList &arguments) {
     const QCommandLineOption capture(QStringLiteral("capture"), {}, QStringLiteral("FICHIER"));
     const QCommandLineOption aide(
         QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
+    const QCommandLineOption verrou(QStringLiteral("essaie-verrou"), {}, QStringLiteral("FICHIER"));
     QCommandLineParser ligne;
-    ligne.addOptions({chemin, lecteur, maintenant, capture, aide});
+    ligne.addOptions({chemin, lecteur, maintenant, capture, verrou, aide});
 
     Options options;
     const bool comprise = ligne.parse(arguments);
@@ -45,6 +46,7 @@ Options LitOptions(const QStringList &arguments) {
     options.lecteurs =
         ligne.isSet(lecteur) ? ligne.values(lecteur).join(u';') : qEnvironmentVariable("TAVELIN_LECTEURS");
     options.capture = ligne.value(capture);
+    options.verrou = ligne.value(verrou);
     if (ligne.isSet(maintenant)) {
         options.maintenant = QDateTime::fromString(ligne.value(maintenant), Qt::ISODate);
         if (!options.maintenant.isValid()) {

@@ -9,6 +9,7 @@ struct Options {
     QString lecteurs;     ///< drives, "D=/srv/cabinet;E=/srv/base"
     QDateTime maintenant; ///< where the clock starts; invalid: the machine's
     QString capture;      ///< picture to write before quitting; empty: run on
+    QString verrou; ///< the program is the second process of a test of this file's locks; empty: it is not
     bool aide = false;
     QString erreur; ///< why the line is refused, in French; empty when it is not
 };

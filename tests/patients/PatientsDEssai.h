@@ -2,27 +2,23 @@
 
 #include "Schema.h"
 #include "patients/TabPatTables.h"
-#include "start/VariablesGlobales.h"
+#include "practice/Environnement.h"
+#include "support/Livre.h"
 #include "support/RecordingMessages.h"
 
 #include <QFile>
-#include <QTemporaryDir>
 #include <QWidget>
-#include <ostream>
 
-inline void PrintTo(const QString &texte, std::ostream *sortie) {
-    *sortie << texte.toStdString();
-}
-
-/// The suite's empty patient databases, and the state of a program that uses them on 11 March 2026.
+/// The suite's empty patient databases, and the world of a program that uses them on 11 March 2026.
 struct PatientsDEssai {
     PatientsDEssai() {
         for (const Base base : {Base::Patients, Base::PatientsCrees, Base::Actes}) {
             creeBase(fichier(base), schema(base));
         }
-        v.messages = &messages;
-        v.CheminFichiers = dossier.path();
-        v.maintenant = [] { return QDateTime(QDate(2026, 3, 11), QTime(10, 5)); };
+        env.messages = &messages;
+        env.patience = std::chrono::milliseconds(0);
+        env.CheminFichiers = dossier.path();
+        env.maintenant = [] { return QDateTime(QDate(2026, 3, 11), QTime(10, 5)); };
     }
     QString fichier(Base base) const { return dossier.filePath(schema(base).fichier); }
     Database ouvre(Base base) const { return Database::open(fichier(base)); }
@@ -31,26 +27,42 @@ struct PatientsDEssai {
     }
     qint64 ajoute(const char *nom, const char *prenom, const char *dateNais = "", const char *secu = "",
                   const Value &drapeau = {}) const {
-        const auto valeur = [](const char *texte) {
-            return texte == nullptr ? Value() : Value(QString::fromUtf8(texte));
-        };
+        return ouvre(Base::Patients)
+            .insert(q("TabPat"), {{q("nom"), q(nom)},
+                                  {q("PreNom"), q(prenom)},
+                                  {q("DateNais"), q(dateNais)},
+                                  {q("NumeroSS"), q(secu)},
+                                  {q("RDVNonHonoré"), drapeau}});
+    }
+    /// Patients "name|first name"; a first name that is missing is Null.
+    void ajouteTous(const QStringList &patients) const {
         Database base = ouvre(Base::Patients);
-        return base.insert(QStringLiteral("TabPat"), {{QStringLiteral("nom"), valeur(nom)},
-                                                      {QStringLiteral("PreNom"), valeur(prenom)},
-                                                      {QStringLiteral("DateNais"), valeur(dateNais)},
-                                                      {QStringLiteral("NumeroSS"), valeur(secu)},
-                                                      {QStringLiteral("RDVNonHonoré"), drapeau}});
+        Transaction transaction(base);
+        for (const QString &patient : patients) {
+            const QString prenom = patient.section(u'|', 1);
+            base.insert(q("TabPat"), {{q("nom"), patient.section(u'|', 0, 0)},
+                                      {q("PreNom"), prenom.isEmpty() ? Value() : Value(prenom)}});
+        }
+        transaction.commit();
     }
-    int nombreDe(Base base) const {
-        Database ouverte = ouvre(base);
-        return ouverte
-            .query(base == Base::Patients ? SqlText("select * from TabPat")
-                                          : SqlText("select * from LesPatients"))
-            .count();
+    /// "field=value" of every row and field of the table, without the Nulls.
+    QString contenu(Base base) const {
+        const bool patients = base == Base::Patients;
+        const Records rows = ouvre(base).query(patients ? SqlText("select * from TabPat")
+                                                        : SqlText("select * from LesPatients"));
+        QStringList champs;
+        for (const Record row : rows) {
+            for (int i = 0; i < rows.fields().size(); ++i) {
+                champs += row.at(i).isNull() ? QStringList()
+                                             : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
+            }
+        }
+        return champs.join(u';');
     }
-    QString messagesLus() const {
+    int nombreDe(Base base) const { return int(contenu(base).count(q(";nom="))); }
+    QString messagesLus() {
         QStringList textes;
-        for (const auto &message : messages.shown) {
+        for (const auto &message : std::exchange(messages.shown, {})) {
             textes << message.title + u'|' + message.text;
         }
         return textes.join(u'\n');
@@ -58,7 +70,7 @@ struct PatientsDEssai {
 
     QTemporaryDir dossier;
     RecordingMessages messages;
-    VariablesGlobales v;
+    Environnement env;
 };
 
 template <typename T>

@@ -1,12 +1,22 @@
 #include "platform/db/Database.h"
+#include "platform/FakeLocks.h"
 #include "platform/db/DbError.h"
+#include "platform/db/LockTest.h"
+#include "support/WaitUntil.h"
 
+#include <QCoreApplication>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QTemporaryDir>
+#include <QtEndian>
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/stat.h>
 
 namespace {
+
+using namespace std::chrono_literals;
+using Kind = DbError::Kind;
 
 const QString table = QStringLiteral("RDV");
 
@@ -16,62 +26,92 @@ class DatabaseTest : public testing::Test {
         Database base = Database::create(file);
         base.createTable(table, {{QStringLiteral("RefRDV"), FieldType::AutoNumber},
                                  {QStringLiteral("Nom"), FieldType::Text, 50},
-                                 {QStringLiteral("Date1"), FieldType::DateTime},
-                                 {QStringLiteral("HeureDebut"), FieldType::DateTime},
-                                 {QStringLiteral("Present"), FieldType::Boolean}});
+                                 {QStringLiteral("Date1"), FieldType::DateTime}});
     }
+    ~DatabaseTest() override { sqlite3_close(m_other); }
+
     int count() { return Database::open(file).query(SqlText("select * from RDV")).count(); }
     static Fields named(const QString &nom) { return {{QStringLiteral("Nom"), Value(nom)}}; }
+    void add(Database &base, int rows) {
+        Transaction all(base);
+        for (int i = 0; i < rows; ++i) {
+            base.insert(table, named(QString::number(i)));
+        }
+        all.commit();
+    }
+    /// Another program, in SQLite's own words.
+    void other(const char *sql) {
+        ASSERT_TRUE(m_other != nullptr || sqlite3_open(file.toUtf8().constData(), &m_other) == SQLITE_OK);
+        ASSERT_EQ(sqlite3_exec(m_other, sql, nullptr, nullptr, nullptr), SQLITE_OK)
+            << sqlite3_errmsg(m_other);
+    }
 
     QTemporaryDir dir;
     const QString file = dir.filePath(QStringLiteral("Tavelin.mdb"));
+
+  private:
+    sqlite3 *m_other = nullptr;
 };
 
-DbError::Kind kindOf(const std::function<void()> &action, QString *message = nullptr) {
+std::pair<Kind, QString> failure(const std::function<void()> &action) {
     try {
         action();
     } catch (const DbError &error) {
-        if (message != nullptr) {
-            *message = error.message();
-        }
-        return error.kind();
+        return {error.kind(), error.message()};
     }
     ADD_FAILURE() << "no DbError";
-    return DbError::Kind::Other;
+    return {};
+}
+Kind kindOf(const std::function<void()> &action) {
+    return failure(action).first;
 }
 
 } // namespace
 
 TEST_F(DatabaseTest, RowsComeBackAsTheyWereWritten) {
     Database base = Database::open(file);
-    const QString hard = QStringLiteral("L'œuvre \"d'Élodie\"\n# * ? [x] 😀 %1 --");
+    const QString hard = QStringLiteral("L'œuvre \"d'Élodie\"\n# * ? [x] 😀 %1 --") + QChar(0xFFFF);
+    const QString withNul = hard + QChar(0) + hard;
     const qint64 key = base.insert(table, {{QStringLiteral("Nom"), Value(hard)},
-                                           {QStringLiteral("Date1"), Value::date(QDate(2026, 3, 1))},
-                                           {QStringLiteral("HeureDebut"), Value::time(QTime(9, 5))},
-                                           {QStringLiteral("Present"), Value::boolean(true)}});
-    base.insert(table, {{QStringLiteral("Nom"), Value()}});
-    const Records rows = base.query(SqlText("select * from RDV where Nom = ")
-                                    << texte(hard) << "and Date1 = " << dateSql(QDate(2026, 3, 1)));
-    ASSERT_EQ(rows.count(), 1);
-    EXPECT_EQ(rows.first()[u"refrdv"].toInteger(), key);
-    EXPECT_EQ(rows.first()[u"Nom"].toText(), hard);
-    EXPECT_EQ(rows.first()[u"Date1"].toDate(), QDate(2026, 3, 1));
-    EXPECT_EQ(rows.first()[u"HeureDebut"].toTime(), QTime(9, 5));
-    EXPECT_TRUE(rows.first()[u"Present"].toBoolean());
+                                           {QStringLiteral("Date1"), Value::date(QDate(2026, 3, 1))}});
+    base.insert(table, named(withNul));
+    base.insert(table, named(withNul));
+    const Records found = base.query(SqlText("select * from RDV where Nom = ")
+                                     << texte(hard) << "and Date1 = " << dateSql(QDate(2026, 3, 1)));
+    ASSERT_EQ(found.count(), 1);
+    EXPECT_EQ(found.first()[u"refrdv"].toInteger(), key);
+    const Records all = base.query(SqlText("select Nom, Date1 from RDV order by RefRDV"));
+    EXPECT_EQ(all[0].at(0).toText(), hard);
+    EXPECT_EQ(all[1].at(0).toText(), withNul);
+    EXPECT_EQ(all[2].at(0).toText(), withNul);
+    EXPECT_FALSE(all[1].at(1).toDate().isValid());
+    add(base, 300);
+    const Records many = base.query(SqlText("select Nom from RDV where RefRDV > 3 order by RefRDV"));
+    ASSERT_EQ(many.count(), 300);
+    for (int i = 0; i < 300; ++i) {
+        EXPECT_EQ(many[i].at(0).toInteger(), i);
+    }
+}
 
-    const Records none = base.query(SqlText("select * from RDV where Nom Is Null"));
-    ASSERT_EQ(none.count(), 1);
-    EXPECT_FALSE(none.first()[u"Date1"].toDate().isValid());
-    EXPECT_FALSE(none.first()[u"HeureDebut"].toTime().isValid());
-    EXPECT_FALSE(none.first()[u"Present"].toBoolean());
+TEST(Value, ReadsWhatOtherProgramsStore) {
+    const auto time = [](const char *text) { return Value(QString::fromLatin1(text)).toTime(); };
+    for (const char *quarter : {"09:15", "09:15:00", "1899-12-30 09:15:00", "1899-12-30T09:15:00.400",
+                                "1899-12-30 09:14:59.9996"}) {
+        EXPECT_EQ(time(quarter), QTime(9, 15)) << quarter;
+    }
+    EXPECT_EQ(time("23:59:59.9"), QTime(23, 59, 59));
+    for (const char *none : {"", "9h15", "2026-03-11", "2026-03-11 ", "2026-13-45 09:15", "25:00"}) {
+        EXPECT_FALSE(time(none).isValid()) << none;
+    }
+    EXPECT_EQ(Value(QStringLiteral("2026-03-11 09:15:00")).toDate(), QDate(2026, 3, 11));
+    EXPECT_TRUE(Value(-1).toBoolean());
 }
 
 TEST_F(DatabaseTest, TextCannotLeaveItsQuotes) {
     Database base = Database::open(file);
     base.insert(table, named(QStringLiteral("x")));
-    for (const QString &nom :
-         {QStringLiteral("' or '1'='1"), QStringLiteral("x") + QChar(0) + QStringLiteral("' --"),
-          QStringLiteral("\\'"), QStringLiteral("''")}) {
+    for (const QString &nom : {QStringLiteral("' or '1'='1"), QStringLiteral("\\'"), QStringLiteral("''"),
+                               QStringLiteral("x") + QChar(0) + QStringLiteral("' --")}) {
         EXPECT_EQ(base.query(SqlText("select * from RDV where Nom = ") << texte(nom)).count(), 0);
     }
 }
@@ -87,62 +127,62 @@ TEST_F(DatabaseTest, UpdatesByKeyAndNeverReusesOne) {
 
 TEST_F(DatabaseTest, TransactionIsWholeOrNothing) {
     Database base = Database::open(file);
-    {
-        const Transaction undone(base);
-        base.insert(table, named(QStringLiteral("A")));
-    }
+    EXPECT_EQ(kindOf([&] {
+                  Transaction failing(base);
+                  base.insert(table, named(QStringLiteral("A")));
+                  base.insert(QStringLiteral("Absente"), named(QStringLiteral("A")));
+                  failing.commit();
+              }),
+              Kind::Structure);
     EXPECT_EQ(count(), 0);
-    try {
-        Transaction failing(base);
-        base.insert(table, named(QStringLiteral("A")));
-        base.insert(QStringLiteral("Absente"), named(QStringLiteral("A")));
-        failing.commit();
-        ADD_FAILURE() << "the second insert passed";
-    } catch (const DbError &error) {
-        EXPECT_EQ(error.kind(), DbError::Kind::Structure);
-    }
-    EXPECT_EQ(count(), 0);
-    Transaction kept(base);
-    base.insert(table, named(QStringLiteral("A")));
-    kept.commit();
+    add(base, 1);
     EXPECT_EQ(count(), 1);
 }
 
-TEST_F(DatabaseTest, SaysInFrenchWhatIsWrongWithAFile) {
-    struct Row {
-        const char *name;
-        QByteArray content;
-        DbError::Kind kind;
-    };
+TEST_F(DatabaseTest, SaysInFrenchWhatIsWrong) {
     const QByteArray whole = [&] {
         QFile f(file);
         EXPECT_TRUE(f.open(QIODevice::ReadOnly));
         return f.readAll();
     }();
-    for (const Row &row : {Row{"empty", "", DbError::Kind::UnknownFormat},
-                           Row{"text", "Bonjour", DbError::Kind::UnknownFormat},
-                           Row{"truncated", whole.first(1500), DbError::Kind::Damaged},
-                           Row{"header only", whole.first(16), DbError::Kind::UnknownFormat}}) {
-        const QString bad = dir.filePath(QString::fromLatin1(row.name));
-        QFile f(bad);
+    const auto opened = [&](const QString &name) {
+        const QString path = dir.filePath(name);
+        const auto [kind, message] =
+            failure([&] { Database::open(path).query(SqlText("select * from RDV")); });
+        EXPECT_TRUE(message.startsWith(QStringLiteral("Le fichier « ") + path)) << message.toStdString();
+        return kind;
+    };
+    for (const auto &[content, kind] :
+         {std::pair(QByteArray(), Kind::UnknownFormat), std::pair(QByteArray("Bonjour"), Kind::UnknownFormat),
+          std::pair(whole.first(1500), Kind::Damaged), std::pair(whole.first(16), Kind::UnknownFormat)}) {
+        QFile f(dir.filePath(QStringLiteral("mauvais")));
         ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write(row.content);
+        f.write(content);
         f.close();
-        QString message;
-        EXPECT_EQ(kindOf([&] { Database::open(bad).query(SqlText("select * from RDV")); }, &message),
-                  row.kind)
-            << row.name;
-        EXPECT_TRUE(message.startsWith(QStringLiteral("Le fichier « ") + bad)) << message.toStdString();
+        EXPECT_EQ(opened(QStringLiteral("mauvais")), kind) << content.size();
     }
-    EXPECT_EQ(kindOf([&] { Database::open(dir.filePath(QStringLiteral("absent.mdb"))); }),
-              DbError::Kind::Missing);
-    EXPECT_EQ(kindOf([&] { Database::open(dir.path()); }), DbError::Kind::Other) << "a folder";
+    ASSERT_EQ(mkfifo(dir.filePath(QStringLiteral("tuyau")).toUtf8().constData(), 0400), 0);
+    for (const QString &noFile : {dir.path(), dir.filePath(QStringLiteral("tuyau"))}) {
+        EXPECT_TRUE(
+            failure([&] { Database::open(noFile); }).second.contains(QStringLiteral("pas un fichier")));
+    }
+    EXPECT_EQ(opened(QStringLiteral("absent")), Kind::Missing);
+    EXPECT_EQ(kindOf([&] { Database::create(file); }), Kind::Other);
+
     Database base = Database::open(file);
-    EXPECT_EQ(kindOf([&] { base.query(SqlText("select * from Absente")); }), DbError::Kind::Structure);
-    EXPECT_EQ(kindOf([&] { base.tableDef(QStringLiteral("Absente")); }), DbError::Kind::Structure);
-    EXPECT_EQ(kindOf([&] { base.query(SqlText("select * from RDV")).field(u"Absent"); }),
-              DbError::Kind::Structure);
-    EXPECT_EQ(kindOf([&] { Database::create(file); }), DbError::Kind::Other);
+    EXPECT_EQ(failure([&] { base.query(SqlText("selec t")); }).second,
+              QStringLiteral("Le fichier « %1 » ne peut pas être utilisé : la base de données a refusé "
+                             "l'opération.")
+                  .arg(file));
+    const QString lacks =
+        QStringLiteral("Le fichier « %1 » n'a pas la structure attendue : %2 manque.").arg(file);
+    const QString absente = lacks.arg(QStringLiteral("la table « Absente »"));
+    const QString absent = lacks.arg(QStringLiteral("le champ « Absent »"));
+    EXPECT_EQ(failure([&] { base.query(SqlText("select * from Absente")); }).second, absente);
+    EXPECT_EQ(failure([&] { base.tableDef(QStringLiteral("Absente")); }).second, absente);
+    EXPECT_EQ(failure([&] { base.query(SqlText("select Absent from RDV")); }).second, absent);
+    EXPECT_EQ(failure([&] { base.query(SqlText("select * from RDV")).field(u"Absent"); }).second, absent);
+    EXPECT_EQ(failure([&] { base.insert(table, {{QStringLiteral("Absent"), 1}}); }).second, absent);
 }
 
 TEST_F(DatabaseTest, ReadOnlyFileIsReadAndNotWritten) {
@@ -150,33 +190,90 @@ TEST_F(DatabaseTest, ReadOnlyFileIsReadAndNotWritten) {
     Database base = Database::open(file);
     EXPECT_EQ(base.query(SqlText("select * from RDV")).count(), 0);
     EXPECT_FALSE(base.tableDef(table).isUpdatable());
-    EXPECT_EQ(kindOf([&] { base.insert(table, named(QStringLiteral("A"))); }), DbError::Kind::ReadOnly);
+    EXPECT_EQ(kindOf([&] { base.insert(table, named(QStringLiteral("A"))); }), Kind::ReadOnly);
+    EXPECT_EQ(kindOf([&] { const Transaction t(base); }), Kind::ReadOnly);
 }
 
-TEST_F(DatabaseTest, WaitsForAnotherProgramThenSaysSo) {
-    sqlite3 *other = nullptr;
-    ASSERT_EQ(sqlite3_open(file.toUtf8().constData(), &other), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(other, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
-    Database base = Database::open(file);
-    QString message;
-    EXPECT_EQ(kindOf([&] { const Transaction t(base); }, &message), DbError::Kind::Locked);
-    EXPECT_TRUE(message.contains(QStringLiteral("occupé par un autre programme"))) << message.toStdString();
-    sqlite3_close(other);
-    Transaction afterwards(base);
-    base.insert(table, named(QStringLiteral("A")));
-    afterwards.commit();
+TEST_F(DatabaseTest, WaitsAsLongAsItMayThenSaysSo) {
+    other("BEGIN EXCLUSIVE");
+    QElapsedTimer timer;
+    timer.start();
+    Database hurried = Database::open(file, 50ms);
+    EXPECT_EQ(kindOf([&] { const Transaction t(hurried); }), Kind::Locked);
+    EXPECT_LT(timer.elapsed(), 4000);
+    timer.start();
+    Database patient = Database::open(file);
+    EXPECT_EQ(kindOf([&] { const Transaction t(patient); }), Kind::Locked);
+    EXPECT_GE(timer.elapsed(), 4000);
+    other("COMMIT");
+    add(hurried, 1);
     EXPECT_EQ(count(), 1);
 }
 
-TEST_F(DatabaseTest, FieldsAreAppendedAndDeleted) {
+TEST_F(DatabaseTest, ARefusedLockIsNotAnOccupiedFile) {
     Database base = Database::open(file);
-    TableDef rdv = base.tableDef(table);
-    rdv.appendField({QStringLiteral("Fauteuil"), FieldType::Int16, 5});
-    EXPECT_TRUE(rdv.hasField(QStringLiteral("fauteuil")));
-    EXPECT_EQ(kindOf([&] {
-                  rdv.appendField({QStringLiteral("Fauteuil"), FieldType::Int16, 5});
-              }),
-              DbError::Kind::Other);
-    rdv.deleteField(QStringLiteral("Fauteuil"));
-    EXPECT_FALSE(rdv.hasField(QStringLiteral("Fauteuil")));
+    fakeLocks = FakeLocks::Refused;
+    const Kind kind = kindOf([&] { const Transaction t(base); });
+    fakeLocks = FakeLocks::None;
+    EXPECT_EQ(kind, Kind::LocksRefused);
+}
+
+TEST_F(DatabaseTest, ASecondProcessTellsWhetherLocksHold) {
+    using Locks = LockTest::Locks;
+    const auto tested = [this](const QStringList &more = {}) {
+        std::optional<Locks> answer;
+        LockTest test;
+        test.start(file, QCoreApplication::applicationDirPath() + QStringLiteral("/essaie_verrou"),
+                   QStringList(file) + more, [&](Locks locks) { answer = locks; });
+        EXPECT_TRUE(waitUntil([&] { return answer.has_value(); }));
+        return answer;
+    };
+    EXPECT_EQ(tested(), Locks::Hold);
+    EXPECT_EQ(tested({QStringLiteral("sans effet")}), Locks::DoNothing);
+    other("BEGIN IMMEDIATE");
+    EXPECT_EQ(tested(), Locks::Hold);
+    other("ROLLBACK");
+    QFile::setPermissions(file, QFile::ReadOwner);
+    EXPECT_EQ(tested(), Locks::Unknown);
+}
+
+TEST_F(DatabaseTest, DamageIsToldByAReadOrByTheCheck) {
+    Database base = Database::open(file);
+    base.tableDef(table).createIndex({QStringLiteral("ParNom"), SqlText("Nom")});
+    add(base, 3000);
+    EXPECT_EQ(checkBook(file), QString());
+    const qint64 root = base.query(SqlText("select rootpage from sqlite_schema where name = 'ParNom'"))
+                            .first()
+                            .at(0)
+                            .toInteger();
+    QFile raw(file);
+    ASSERT_TRUE(raw.open(QIODevice::ReadWrite));
+    constexpr qint64 pageSize = 4096;
+    raw.seek((root - 1) * pageSize + 8); // the page of the greatest names
+    const qint64 leaf = (qFromBigEndian<quint32>(raw.read(4).constData()) - 1) * pageSize;
+    const auto overwrite = [&](qint64 at, const QByteArray &bytes) {
+        raw.seek(leaf + at);
+        raw.write(bytes);
+        raw.flush();
+    };
+    const auto read = [&] {
+        return Database::open(file).query(SqlText("select Nom from RDV where Nom > '0'"));
+    };
+    overwrite(3, QByteArray("\0\3", 2)); // three names left: no read can know
+    EXPECT_LT(read().count(), 2999);
+    EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
+    overwrite(0, QByteArray(pageSize, '\0'));
+    EXPECT_EQ(kindOf(read), Kind::Damaged);
+    EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
+}
+
+TEST_F(DatabaseTest, AnIndexThatLacksRowsIsFoundByTheCheck) {
+    Database base = Database::open(file);
+    add(base, 3000);
+    other("CREATE INDEX ParNom ON RDV (Nom) WHERE RefRDV <> 7; PRAGMA writable_schema=ON;"
+          "UPDATE sqlite_schema SET sql = 'CREATE INDEX ParNom ON RDV (Nom)' WHERE name = 'ParNom'");
+    EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
+    std::stop_source stopped;
+    stopped.request_stop();
+    EXPECT_EQ(checkBook(file, stopped.get_token()), QString());
 }

@@ -4,21 +4,21 @@
 #include "platform/db/Engine.h"
 #include "platform/db/SqliteEngine.h"
 
-#include <QFile>
+#include <QFileInfo>
 
 namespace {
 
 /// The content, not the name, tells which engine reads a file.
-std::unique_ptr<Engine> engineFor(const QString &path) {
-    QFile file(path);
-    if (!file.exists()) {
+std::unique_ptr<Engine> engineFor(const QString &path, std::chrono::milliseconds wait) {
+    const QFileInfo info(path);
+    if (!info.exists()) {
         throw DbError(DbError::Kind::Missing, path);
     }
-    if (!file.open(QIODevice::ReadOnly)) {
-        throw DbError(DbError::Kind::Other, path, QStringLiteral("il ne peut pas être lu"));
+    if (!info.isFile()) { // opening a pipe would wait without end
+        throw DbError(DbError::Kind::Other, path, QStringLiteral("ce n'est pas un fichier"));
     }
-    if (SqliteEngine::recognises(file.read(SqliteEngine::headerSize))) {
-        return std::make_unique<SqliteEngine>(path);
+    if (std::unique_ptr<Engine> sqlite = SqliteEngine::openIfIts(path, wait)) {
+        return sqlite;
     }
     throw DbError(DbError::Kind::UnknownFormat, path);
 }
@@ -31,12 +31,12 @@ Database::Database(Database &&) noexcept = default;
 Database &Database::operator=(Database &&) noexcept = default;
 Database::~Database() = default;
 
-Database Database::open(const QString &path) {
-    return {path, engineFor(path)};
+Database Database::open(const QString &path, std::chrono::milliseconds wait) {
+    return {path, engineFor(path, wait)};
 }
 
 Database Database::create(const QString &path) {
-    if (QFile::exists(path)) {
+    if (QFileInfo::exists(path)) {
         throw DbError(DbError::Kind::Other, path, QStringLiteral("il existe déjà"));
     }
     return {path, SqliteEngine::create(path)};
@@ -67,6 +67,25 @@ TableDef Database::tableDef(const QString &table) {
 
 void Database::createTable(const QString &table, const std::vector<FieldDef> &fields) {
     m_engine->createTable(table, fields);
+}
+
+void Database::attach(const Database &other, const QString &name) {
+    m_engine->attach(other.m_path, name);
+}
+
+QString checkBook(const QString &path, const std::stop_token &stop) {
+    constexpr int attempts = 100;
+    for (int i = 0; i < attempts && !stop.stop_requested(); ++i) {
+        try {
+            const bool intact = Database::open(path).m_engine->isIntact(stop);
+            return intact ? QString() : DbError(DbError::Kind::Damaged, path).message();
+        } catch (const DbError &error) {
+            if (error.kind() != DbError::Kind::Locked) {
+                return error.message();
+            }
+        }
+    }
+    return {};
 }
 
 Transaction::Transaction(Database &database) : m_engine(database.m_engine.get()) {

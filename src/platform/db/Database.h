@@ -4,7 +4,9 @@
 #include "platform/db/SqlText.h"
 #include "platform/db/TableDef.h"
 
+#include <chrono>
 #include <memory>
+#include <stop_token>
 
 class Engine;
 
@@ -12,8 +14,9 @@ class Engine;
 /// Every function throws DbError.
 class Database {
   public:
-    /// Opens an existing database; what the file is decides the engine.
-    static Database open(const QString &path);
+    /// Opens an existing database; what the file is decides the engine. Waits at most `wait` each time that
+    /// another workstation is in the way.
+    static Database open(const QString &path, std::chrono::milliseconds wait = std::chrono::seconds(5));
     /// Creates an empty database; an existing file is refused.
     static Database create(const QString &path);
 
@@ -32,18 +35,28 @@ class Database {
 
     TableDef tableDef(const QString &table);
     void createTable(const QString &table, const std::vector<FieldDef> &fields);
+    /// Brings the tables of `other` in under `name`: written "name.Table", they are in the transactions of
+    /// this database, which then last in both files or in neither. Not while a transaction is open; every
+    /// workstation must know the folder under the same path. Throws ReadOnly when `other` is.
+    void attach(const Database &other, const QString &name);
     const QString &path() const { return m_path; }
 
   private:
     friend class Transaction;
+    friend QString checkBook(const QString &path, const std::stop_token &stop);
     Database(QString path, std::unique_ptr<Engine> engine);
 
     QString m_path;
     std::unique_ptr<Engine> m_engine;
 };
 
-/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start,
-/// waiting at most 5 s for another workstation.
+/// Reads all of a book and compares its indexes with its tables: what a damaged index leaves out is not
+/// missed by any query. Gives a French sentence about the damage, else an empty text; also when `stop` ended
+/// it, or when other workstations write all the time. 500,000 appointments take about 0.7 s; for a thread of
+/// its own.
+QString checkBook(const QString &path, const std::stop_token &stop = {});
+
+/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start.
 class Transaction {
   public:
     explicit Transaction(Database &database);

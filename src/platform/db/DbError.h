@@ -11,13 +11,16 @@ class DbError : public std::exception {
         UnknownFormat, ///< the file is no database that an engine here reads
         ReadOnly,      ///< the file, its disk or its engine refuses to be written
         Locked,        ///< another program kept the database beyond the waiting time
+        LocksRefused,  ///< the folder cannot lock files: waiting would not help
         Damaged,       ///< truncated or corrupt
         DiskFull,
         Structure, ///< a table or a field is not there
         Other
     };
 
-    DbError(Kind kind, QString file, const QString &detail = {});
+    /// `precision` is French: the end of the sentence of Structure and Other, a sentence of its own for
+    /// ReadOnly; `technical` is for what() alone.
+    DbError(Kind kind, QString file, const QString &precision = {}, const QByteArray &technical = {});
 
     Kind kind() const { return m_kind; }
     const QString &file() const { return m_file; }

@@ -4,6 +4,7 @@
 #include "platform/db/TableDef.h"
 
 #include <QString>
+#include <stop_token>
 
 /// What a database engine must do for Database. SQL arrives in the book's dialect; each engine translates.
 /// Every function throws DbError. An engine that only reads refuses the writing half with Kind::ReadOnly.
@@ -27,9 +28,14 @@ class Engine {
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;
 
+    /// Whether everything in the file is where it belongs; true when `stop` ended the search. Throws Locked
+    /// as soon as another workstation writes, so as not to hold it up.
+    virtual bool isIntact(const std::stop_token &stop) = 0;
+
     virtual bool hasTable(const QString &table) = 0;
     virtual bool isUpdatable(const QString &table) = 0;
     virtual QStringList fieldNames(const QString &table) = 0;
+    virtual void attach(const QString &file, const QString &name) = 0;
     virtual void createTable(const QString &table, const std::vector<FieldDef> &fields) = 0;
     virtual void appendField(const QString &table, const FieldDef &field) = 0;
     virtual void deleteField(const QString &table, const QString &field) = 0;

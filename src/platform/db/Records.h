@@ -27,21 +27,30 @@ class Record {
 /// The result of a query, read whole into memory, so that nothing stays open behind it.
 class Records {
   public:
-    Records(QString file, QStringList fields) : m_file(std::move(file)), m_fields(std::move(fields)) {}
+    Records(QString file, QStringList fields)
+        : m_file(std::move(file)), m_fields(std::move(fields)), m_columns(int(m_fields.size())) {}
 
-    bool isEmpty() const { return m_values.empty(); }
-    int count() const { return m_fields.isEmpty() ? 0 : int(m_values.size() / size_t(m_fields.size())); }
+    bool isEmpty() const { return m_blocks.empty(); }
+    int count() const {
+        return isEmpty() ? 0
+                         : rowsPerBlock * int(m_blocks.size() - 1) + int(m_blocks.back().size()) / m_columns;
+    }
     const QStringList &fields() const { return m_fields; }
     /// Position of a field, letter case ignored; throws DbError (Structure) when there is none.
     int field(QStringView name) const;
     Record operator[](int row) const { return {*this, row}; }
     Record first() const { return {*this, 0}; }
     const Value &at(int row, int field) const {
-        return m_values[size_t(row) * size_t(m_fields.size()) + size_t(field)];
+        return m_blocks[size_t(row / rowsPerBlock)][size_t(row % rowsPerBlock * m_columns + field)];
     }
 
     /// For engines: values arrive row by row, field by field.
-    void append(Value value) { m_values.push_back(std::move(value)); }
+    void append(Value value) {
+        if (m_blocks.empty() || m_blocks.back().size() == size_t(rowsPerBlock * m_columns)) {
+            m_blocks.emplace_back().reserve(size_t(rowsPerBlock * m_columns));
+        }
+        m_blocks.back().push_back(std::move(value));
+    }
 
     class Iterator {
       public:
@@ -61,7 +70,10 @@ class Records {
     Iterator end() const { return {*this, count()}; }
 
   private:
+    static constexpr int rowsPerBlock = 64;
+
     QString m_file;
     QStringList m_fields;
-    std::vector<Value> m_values;
+    int m_columns;
+    std::vector<std::vector<Value>> m_blocks; ///< one vector that grows would move a week's values twice
 };

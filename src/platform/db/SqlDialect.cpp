@@ -172,7 +172,7 @@ struct Call {
 constexpr std::array<Call, 6> calls{{{u"clng", u"CAST", u" AS INTEGER"},
                                      {u"cint", u"CAST", u" AS INTEGER"},
                                      {u"str", u"CAST", u" AS TEXT"},
-                                     {u"InverseDate", u"replace", u", '-', ''"},
+                                     {u"InverseDate", u"replace(substr", u", 1, 10), '-', ''"},
                                      {u"TexteTri", u"", u" COLLATE TEXTE"},
                                      {u"TexteIndex", u"", u" COLLATE NOCASE"}}};
 
@@ -201,6 +201,8 @@ class Translator {
 
   private:
     void translate(size_t i) {
+        turnComparisonWithTrue(i, i + 1);
+        turnComparisonWithTrue(i + 1, i);
         switch (m_tokens[i].kind) {
         case Kind::Word:
             word(i);
@@ -238,6 +240,19 @@ class Translator {
         put(token);
     }
 
+    /// "x = True" and "True = x": any number but 0 is true, so the comparison is turned over and made with 0.
+    void turnComparisonWithTrue(size_t at, size_t truth) {
+        const bool inside = at < m_tokens.size() && truth < m_tokens.size() && !isAssigned();
+        if (!inside || !m_tokens[truth].isWord(u"true")) {
+            return;
+        }
+        Token &comparison = m_tokens[at];
+        if (comparison.is(u"=") || comparison.is(u"<>")) {
+            comparison.text = comparison.is(u"=") ? QStringLiteral("<>") : QStringLiteral("=");
+            m_tokens[truth] = {Kind::Number, QStringLiteral("0")};
+        }
+    }
+
     void symbol(Token token) {
         if (token.is(u"(")) {
             m_parentheses.push_back(std::exchange(m_pendingEnding, {}));
@@ -250,12 +265,13 @@ class Translator {
         put(token);
     }
 
+    bool isAssigned() const { return m_assigning && m_parentheses.empty(); }
+
     /// A literal that has upper and lower case, compared rather than assigned.
     bool isComparedText(size_t i) const {
         const bool compared = (i > 0 && isComparison(m_tokens[i - 1])) ||
                               (i + 1 < m_tokens.size() && isComparison(m_tokens[i + 1]));
-        const bool assigned = m_assigning && m_parentheses.empty();
-        return compared && !assigned && m_tokens[i].text.toLower() != m_tokens[i].text.toUpper();
+        return compared && !isAssigned() && m_tokens[i].text.toLower() != m_tokens[i].text.toUpper();
     }
 
     void put(const Token &token) {

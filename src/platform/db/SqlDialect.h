@@ -8,14 +8,15 @@ class SqlDialect {
     /// SQLite text for `sql`:
     /// - pieces that were joined without a blank ("=1and", "'…*'order by") are set apart;
     /// - clng(x), cint(x) become CAST(x AS INTEGER); str(x) becomes CAST(x AS TEXT), InverseDate(x) the eight
-    /// digits
-    ///   of a stored date; cstr and ucase stay, as functions that the engine registers (see SqliteFunctions);
+    ///   digits of a stored date; cstr and ucase stay, as functions that the engine registers (see
+    ///   SqliteFunctions);
     /// - TexteTri(x) becomes x in alphabetical order (collation TEXTE), for "order by"; a plain "order by x"
     ///   stays as it is, since dates, times and numbers come sorted from the indexes that hold them;
     /// - TexteIndex(x) becomes x under the engine's own collation that ignores the case of unaccented
     ///   letters: an index over it can be kept by every program that writes the file;
     /// - #MM dd yyyy# becomes 'YYYY-MM-DD', #HH:MM# and #HH:MM:SS# become 'HH:MM:SS';
-    /// - True and False become 1 and 0; & becomes ||; a text between double quotes gets single ones;
+    /// - True and False become 1 and 0; what is compared with True is compared with 0 instead, since another
+    ///   program may have written -1; & becomes ||; a text between double quotes gets single ones;
     /// - a text literal with a cased letter that is compared with =, <>, <, <=, > or >= gets the
     ///   case-ignoring collation TEXTE, unless it is assigned (between Set and Where of an Update); one
     ///   without keeps the plain comparison, so that an index serves;

@@ -2,14 +2,15 @@
 
 #include "platform/db/DbError.h"
 #include "platform/db/SqlDialect.h"
+#include "platform/db/SqliteErrors.h"
 #include "platform/db/SqliteFunctions.h"
 
+#include <QAnyStringView>
 #include <QFileInfo>
+#include <mutex>
 #include <sqlite3.h>
 
 namespace {
-
-constexpr int waitForOthersMs = 5000;
 
 /// Root may write anything; a file that nobody is allowed to write is read-only for the book all the same.
 bool isMarkedReadOnly(const QString &file) {
@@ -21,6 +22,11 @@ bool isMarkedReadOnly(const QString &file) {
 QString quoted(const QString &name) {
     QString inside = name;
     return u'"' + inside.replace(u'"', QStringLiteral("\"\"")) + u'"';
+}
+
+/// "name.Table" too.
+QString quotedTable(const QString &table) {
+    return quoted(table).replace(u'.', QStringLiteral("\".\""));
 }
 
 QString typeName(FieldType type) {
@@ -41,19 +47,24 @@ QString typeName(FieldType type) {
     return QStringLiteral("TEXT");
 }
 
-Value columnValue(sqlite3_stmt *statement, int column) {
-    switch (sqlite3_column_type(statement, column)) {
+/// `above` is the same column's value in the row before: days and numbers repeat, and a text that does is
+/// shared.
+Value columnValue(sqlite3_stmt *statement, int column, const Value *above = nullptr) {
+    sqlite3_value *value = sqlite3_column_value(statement, column);
+    switch (sqlite3_value_type(value)) {
     case SQLITE_INTEGER:
-        return {qint64{sqlite3_column_int64(statement, column)}};
+        return {qint64{sqlite3_value_int64(value)}};
     case SQLITE_FLOAT:
-        return {sqlite3_column_double(statement, column)};
+        return {sqlite3_value_double(value)};
     case SQLITE_NULL:
         return {};
     default:
         break;
     }
-    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_column_text(statement, column));
-    return {QString::fromUtf8(utf8, sqlite3_column_bytes(statement, column))};
+    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_value_text(value));
+    const QUtf8StringView text(utf8, sqlite3_value_bytes(value));
+    const auto *known = above != nullptr ? std::get_if<QString>(&above->data()) : nullptr;
+    return {known != nullptr && QAnyStringView(*known) == text ? *known : text.toString()};
 }
 
 int bindValue(sqlite3_stmt *statement, int parameter, const Value &value) {
@@ -68,25 +79,6 @@ int bindValue(sqlite3_stmt *statement, int parameter, const Value &value) {
     }
     const QByteArray utf8 = value.toText().toUtf8();
     return sqlite3_bind_text(statement, parameter, utf8.constData(), int(utf8.size()), SQLITE_TRANSIENT);
-}
-
-DbError::Kind kindOf(int resultCode) {
-    switch (resultCode & 0xFF) {
-    case SQLITE_BUSY:
-    case SQLITE_LOCKED:
-        return DbError::Kind::Locked;
-    case SQLITE_READONLY:
-    case SQLITE_PERM:
-        return DbError::Kind::ReadOnly;
-    case SQLITE_CORRUPT:
-        return DbError::Kind::Damaged;
-    case SQLITE_NOTADB:
-        return DbError::Kind::UnknownFormat;
-    case SQLITE_FULL:
-        return DbError::Kind::DiskFull;
-    default:
-        return DbError::Kind::Other;
-    }
 }
 
 } // namespace
@@ -107,29 +99,46 @@ class SqliteEngine::Statement {
     sqlite3_stmt *m_statement;
 };
 
-bool SqliteEngine::recognises(const QByteArray &header) {
-    return header == QByteArrayView("SQLite format 3\0", headerSize);
+std::unique_ptr<SqliteEngine> SqliteEngine::openIfIts(const QString &file, std::chrono::milliseconds wait) {
+    const int access = isMarkedReadOnly(file) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
+    std::unique_ptr<SqliteEngine> engine(new SqliteEngine(file, access, wait));
+    return engine->hasItsHeader() ? std::move(engine) : nullptr;
 }
 
 std::unique_ptr<SqliteEngine> SqliteEngine::create(const QString &file) {
     return std::unique_ptr<SqliteEngine>(
-        new SqliteEngine(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_NOMUTEX));
+        new SqliteEngine(file, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, std::chrono::seconds(5)));
 }
 
-SqliteEngine::SqliteEngine(const QString &file)
-    : SqliteEngine(file, SQLITE_OPEN_NOMUTEX |
-                             (isMarkedReadOnly(file) ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE)) {}
-
-SqliteEngine::SqliteEngine(const QString &file, int openFlags) : m_file(file) {
-    const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection, openFlags, nullptr);
+SqliteEngine::SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait)
+    : m_file(file) {
+    static std::once_flag once;
+    std::call_once(once, tellRefusedLocks);
+    const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection,
+                                     openFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (code != SQLITE_OK) {
-        const QString detail = QString::fromUtf8(sqlite3_errmsg(m_connection));
+        const DbError error = sqliteError(code, m_file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
         sqlite3_close(m_connection);
-        throw DbError(kindOf(code), m_file, detail);
+        throw error;
     }
-    sqlite3_extended_result_codes(m_connection, 1);
-    sqlite3_busy_timeout(m_connection, waitForOthersMs);
+    sqlite3_busy_timeout(m_connection, int(wait.count()));
     registerSqliteFunctions(m_connection);
+}
+
+sqlite3_file *SqliteEngine::mainFile() {
+    sqlite3_file *file = nullptr;
+    check(sqlite3_file_control(m_connection, "main", SQLITE_FCNTL_FILE_POINTER, &file));
+    return file;
+}
+
+/// Read through the connection: closing a file of one's own would drop the locks that this process holds on
+/// it.
+bool SqliteEngine::hasItsHeader() {
+    constexpr QByteArrayView expected("SQLite format 3\0", 16);
+    sqlite3_file *file = mainFile();
+    QByteArray header(expected.size(), '\0');
+    return file->pMethods->xRead(file, header.data(), int(header.size()), 0) == SQLITE_OK &&
+           header == expected;
 }
 
 SqliteEngine::~SqliteEngine() {
@@ -149,9 +158,9 @@ Records SqliteEngine::query(const QString &sql) {
     }
     Records records(m_file, names);
     int code = sqlite3_step(statement);
-    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+    for (int row = 0; code == SQLITE_ROW; code = sqlite3_step(statement), ++row) {
         for (int i = 0; i < columns; ++i) {
-            records.append(columnValue(statement, i));
+            records.append(columnValue(statement, i, row > 0 ? &records.at(row - 1, i) : nullptr));
         }
     }
     if (code != SQLITE_DONE) {
@@ -173,7 +182,7 @@ qint64 SqliteEngine::insert(const QString &table, const Fields &values) {
         places << QStringLiteral("?");
     }
     run(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
-            .arg(quoted(table), names.join(u','), places.join(u',')),
+            .arg(quotedTable(table), names.join(u','), places.join(u',')),
         values);
     return sqlite3_last_insert_rowid(m_connection);
 }
@@ -184,12 +193,15 @@ int SqliteEngine::update(const QString &table, const QString &keyField, qint64 k
         assignments << quoted(name) + QStringLiteral(" = ?");
     }
     run(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-            .arg(quoted(table), assignments.join(u','), quoted(keyField)),
+            .arg(quotedTable(table), assignments.join(u','), quoted(keyField)),
         values, &key);
     return sqlite3_changes(m_connection);
 }
 
 void SqliteEngine::begin() {
+    if (sqlite3_db_readonly(m_connection, "main") != 0) { // SQLite would begin to read, without a lock
+        throw DbError(DbError::Kind::ReadOnly, m_file);
+    }
     run(QStringLiteral("BEGIN IMMEDIATE"), {});
 }
 
@@ -200,6 +212,32 @@ void SqliteEngine::commit() {
 void SqliteEngine::rollback() noexcept {
     // Nothing to report: a full disk has often rolled back already.
     sqlite3_exec(m_connection, "ROLLBACK", nullptr, nullptr, nullptr);
+}
+
+bool SqliteEngine::isIntact(const std::stop_token &stop) {
+    constexpr int stepsBetweenLooks = 50'000;
+    sqlite3_file *file = mainFile();
+    bool othersWrite = false;
+    auto mustEnd = [&] {
+        int isReserved = 0;
+        file->pMethods->xCheckReservedLock(file, &isReserved);
+        othersWrite = isReserved != 0;
+        return othersWrite || stop.stop_requested();
+    };
+    using Look = decltype(mustEnd);
+    sqlite3_progress_handler(
+        m_connection, stepsBetweenLooks, [](void *look) { return (*static_cast<Look *>(look))() ? 1 : 0; },
+        &mustEnd);
+    const Statement statement(prepared(QStringLiteral("PRAGMA integrity_check(1)")));
+    const int code = sqlite3_step(statement);
+    sqlite3_progress_handler(m_connection, 0, nullptr, nullptr);
+    if (code == SQLITE_INTERRUPT && othersWrite) {
+        throw DbError(DbError::Kind::Locked, m_file);
+    }
+    if (code != SQLITE_ROW && code != SQLITE_INTERRUPT) {
+        fail(code);
+    }
+    return code == SQLITE_INTERRUPT || columnValue(statement, 0).toText() == QLatin1StringView("ok");
 }
 
 bool SqliteEngine::hasTable(const QString &table) {
@@ -222,6 +260,21 @@ QStringList SqliteEngine::fieldNames(const QString &table) {
         fail(code);
     }
     return names;
+}
+
+void SqliteEngine::attach(const QString &file, const QString &name) {
+    for (const QString &written : {m_file, file}) {
+        if (isMarkedReadOnly(written)) {
+            throw DbError(DbError::Kind::ReadOnly, written);
+        }
+    }
+    const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + quoted(name)));
+    check(bindValue(statement, 1, Value(file)));
+    if (const int code = sqlite3_step(statement); code != SQLITE_DONE) {
+        throw sqliteError(code, file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
+    }
+    m_attached[name + u'.'] = file;
+    makeDurable(name);
 }
 
 void SqliteEngine::createTable(const QString &table, const std::vector<FieldDef> &fields) {
@@ -276,7 +329,18 @@ sqlite3_stmt *SqliteEngine::prepared(const QString &nativeSql) {
     return statement;
 }
 
+/// Without this a commit may be undone when the power fails seconds later: the journal's removal is not on
+/// the disk yet, and the next opening rolls back from it.
+void SqliteEngine::makeDurable(const QString &database) {
+    const QString pragma = QStringLiteral("PRAGMA %1.synchronous=EXTRA").arg(quoted(database));
+    check(sqlite3_exec(m_connection, pragma.toUtf8().constData(), nullptr, nullptr, nullptr));
+}
+
 void SqliteEngine::run(const QString &nativeSql, const Fields &values, const qint64 *key) {
+    if (!m_durable) {
+        makeDurable(QStringLiteral("main"));
+        m_durable = true;
+    }
     const Statement statement(prepared(nativeSql));
     int parameter = 0;
     for (const auto &[name, value] : values) {
@@ -301,14 +365,11 @@ void SqliteEngine::check(int resultCode) {
 }
 
 void SqliteEngine::fail(int resultCode) {
-    const QString detail = QString::fromUtf8(sqlite3_errmsg(m_connection));
-    if (detail.startsWith(QLatin1StringView("no such table: "))) {
-        throw DbError(DbError::Kind::Structure, m_file,
-                      QStringLiteral("la table « %1 » manque").arg(detail.mid(15)));
+    QString english = QString::fromUtf8(sqlite3_errmsg(m_connection));
+    for (auto it = m_attached.cbegin(); it != m_attached.cend(); ++it) {
+        if (english.contains(it.key())) {
+            throw sqliteError(resultCode, it.value(), english.remove(it.key()));
+        }
     }
-    if (detail.startsWith(QLatin1StringView("no such column: "))) {
-        throw DbError(DbError::Kind::Structure, m_file,
-                      QStringLiteral("le champ « %1 » manque").arg(detail.mid(16)));
-    }
-    throw DbError(kindOf(resultCode), m_file, detail);
+    throw sqliteError(resultCode, m_file, english);
 }

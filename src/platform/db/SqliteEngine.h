@@ -3,19 +3,20 @@
 #include "platform/db/Engine.h"
 
 #include <QHash>
+#include <chrono>
 
 struct sqlite3;
+struct sqlite3_file;
 struct sqlite3_stmt;
 
 /// SQLite behind Engine, straight on its C interface: the extended error codes, the functions and the
 /// collation that the book's SQL needs are out of reach of a generic SQL module, and start-up stays short.
 class SqliteEngine : public Engine {
   public:
-    static constexpr int headerSize = 16;
-    static bool recognises(const QByteArray &header);
+    /// Null for a file of another format.
+    static std::unique_ptr<SqliteEngine> openIfIts(const QString &file, std::chrono::milliseconds wait);
     static std::unique_ptr<SqliteEngine> create(const QString &file);
 
-    explicit SqliteEngine(const QString &file);
     ~SqliteEngine() override;
 
     Records query(const QString &sql) override;
@@ -25,9 +26,11 @@ class SqliteEngine : public Engine {
     void begin() override;
     void commit() override;
     void rollback() noexcept override;
+    bool isIntact(const std::stop_token &stop) override;
     bool hasTable(const QString &table) override;
     bool isUpdatable(const QString &table) override;
     QStringList fieldNames(const QString &table) override;
+    void attach(const QString &file, const QString &name) override;
     void createTable(const QString &table, const std::vector<FieldDef> &fields) override;
     void appendField(const QString &table, const FieldDef &field) override;
     void deleteField(const QString &table, const QString &field) override;
@@ -36,7 +39,10 @@ class SqliteEngine : public Engine {
 
   private:
     class Statement;
-    SqliteEngine(const QString &file, int openFlags);
+    SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait);
+    sqlite3_file *mainFile();
+    bool hasItsHeader();
+    void makeDurable(const QString &database);
 
     /// The prepared statement for `nativeSql`, made once per connection: a bulk load runs one text many
     /// times.
@@ -50,5 +56,7 @@ class SqliteEngine : public Engine {
 
     QString m_file;
     sqlite3 *m_connection = nullptr;
+    QHash<QString, QString> m_attached; ///< "name." as the SQL writes it: the file
+    bool m_durable = false;             ///< its commits wait for the disk; only a writer needs them to
     QHash<QString, sqlite3_stmt *> m_statements;
 };

@@ -77,9 +77,18 @@ QDate Value::toDate() const {
 
 QTime Value::toTime() const {
     const auto *text = std::get_if<QString>(&m_data);
-    if (text == nullptr || text->size() < 5 || text->at(2) != u':') {
+    if (text == nullptr) {
         return {};
     }
-    const bool withSeconds = text->size() >= 8 && text->at(5) == u':';
-    return QTime(twoDigits(*text, 0), twoDigits(*text, 3), withSeconds ? twoDigits(*text, 6) : 0);
+    const bool withDate = text->size() > 10 && text->at(4) == u'-' && toDate().isValid();
+    const int at = withDate ? 11 : 0;
+    if (text->size() < at + 5 || text->at(at + 2) != u':') {
+        return {};
+    }
+    const bool withSeconds = text->size() >= at + 8 && text->at(at + 5) == u':';
+    const QTime time(twoDigits(*text, at), twoDigits(*text, at + 3),
+                     withSeconds ? twoDigits(*text, at + 6) : 0);
+    // A time that another program computed may end in .999: it is the second that begins.
+    const bool roundUp = withSeconds && text->size() > at + 9 && text->at(at + 9) >= u'5';
+    return roundUp && time < QTime(23, 59, 59) ? time.addSecs(1) : time;
 }

@@ -6,7 +6,8 @@
 #include <variant>
 
 /// One field of one row as an engine stores it: nothing (Null), a whole number, a real number or a text.
-/// Dates are stored as "YYYY-MM-DD", times of day as "HH:MM:SS", Booleans as 0 or 1.
+/// Dates are stored as "YYYY-MM-DD", times of day as "HH:MM:SS", Booleans as 0 or 1 (others write -1: any
+/// number but 0 is true).
 class Value {
   public:
     Value() = default;
@@ -28,7 +29,8 @@ class Value {
     bool toBoolean() const { return toInteger() != 0; }
     /// Invalid for Null and for a text that is no date (a time part is ignored).
     QDate toDate() const;
-    /// Invalid for Null and for a text that is no time of day ("HH:MM" and "HH:MM:SS" are).
+    /// Invalid for Null and for a text that is no time of day; "HH:MM" and "HH:MM:SS" are, to the nearest
+    /// second, also behind a date ("1899-12-30 09:15:00").
     QTime toTime() const;
 
     friend bool operator==(const Value &, const Value &) = default;

@@ -1,0 +1,66 @@
+#include "start/ActionsSelection.h"
+
+#include "booking/MessagesRDV.h"
+#include "platform/ui/DatesFr.h"
+#include "platform/ui/Messages.h"
+
+#include <QWidget>
+
+ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_actions(new ActionsRDV(env, fenetre)) {
+    m_actions->setParent(this);
+    connect(m_actions, &ActionsRDV::rdvEcrit, this, &ActionsSelection::rdvEcrit);
+}
+
+bool ActionsSelection::relitRDV(const QString &disparu, const QString &titre) {
+    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
+    if (!m_carnet.relit()) {
+        return false;
+    }
+    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
+    if (!encoreLa) {
+        m_env.messages->show(disparu, titre);
+    }
+    return encoreLa;
+}
+
+void ActionsSelection::mnuAjouter_Click() {
+    if (!m_carnet.relit()) {
+        return;
+    }
+    const Selection &selection = m_carnet.selection();
+    if (selection.vide() || selection.rdv) {
+        m_env.messages->show(messageOccupe, titreOccupe);
+        return;
+    }
+    m_actions->ajoute(place());
+}
+
+void ActionsSelection::mnuEditer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"))) {
+        m_actions->edite(*m_carnet.selection().rdv, place());
+    }
+}
+
+void ActionsSelection::mnuSupprimer_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"),
+                 QStringLiteral("Rendez-vous déjà supprimé"))) {
+        m_actions->supprime(*m_carnet.selection().rdv, place());
+    }
+}
+
+/// Sets what the user saw himself choose; the row is looked at where it is written.
+void ActionsSelection::mnuPresent_Click() {
+    const RendezVous rdv = *m_carnet.selection().rdv;
+    m_actions->marquePresent(rdv, !rdv.Present);
+}
+
+void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
+    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
+    const Affichage &affichage = m_carnet.affichage();
+    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
+        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
+        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
+                                 .arg(DatesFr::jourComplet(rdv.Date1)));
+    }
+}

@@ -1,0 +1,28 @@
+#pragma once
+
+#include "booking/ActionsRDV.h"
+#include "start/CarnetMontre.h"
+
+/// What the menus do with the selection. The book is read again first: nothing opens, and nothing is written,
+/// on a picture that is not the book's.
+class ActionsSelection : public QObject {
+    Q_OBJECT
+  public:
+    /// `fenetre` is the windows' parent.
+    ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre);
+
+    void mnuAjouter_Click();
+    void mnuEditer_Click();
+    void mnuSupprimer_Click();
+    void mnuPresent_Click();
+
+  private:
+    /// False when the selected appointment is not there any more, which is told.
+    bool relitRDV(const QString &disparu, const QString &titre);
+    PlaceRDV place() const { return PlaceDe(m_carnet.affichage(), m_carnet.selection()); }
+    void rdvEcrit(const RendezVous &rdv);
+
+    const Environnement &m_env;
+    CarnetMontre &m_carnet;
+    ActionsRDV *m_actions;
+};

@@ -1,0 +1,37 @@
+#include "start/Surveillance.h"
+
+#include "platform/ui/Messages.h"
+
+void Surveillance::commence() {
+    if (m_lecture.joinable()) {
+        return;
+    }
+    const QString carnet = m_env.chemins.realDatabase(m_env.CheminBaseRDV);
+    m_lecture = std::jthread([this, carnet](const std::stop_token &fin) {
+        const QString defaut = checkBook(carnet, fin);
+        if (!defaut.isEmpty()) {
+            QMetaObject::invokeMethod(
+                this, [this, defaut] { trouve(defaut); }, Qt::QueuedConnection);
+        }
+    });
+    if (m_env.programme.isEmpty()) {
+        return;
+    }
+    m_verrous.start(carnet, m_env.programme, {QStringLiteral("--essaie-verrou"), carnet},
+                    [this](LockTest::Locks verrous) {
+                        if (verrous == LockTest::Locks::DoNothing) {
+                            trouve(
+                                QStringLiteral("Le dossier du carnet ne tient pas ses verrous : deux postes "
+                                               "pourraient y écrire en même temps."));
+                        }
+                    });
+}
+
+void Surveillance::trouve(const QString &raison) {
+    if (!m_env.lectureSeule->isEmpty()) {
+        return;
+    }
+    *m_env.lectureSeule = raison;
+    emit lectureSeule();
+    m_env.messages->error(raison + QStringLiteral("\n\nLe carnet ne peut plus qu'être lu sur ce poste."));
+}

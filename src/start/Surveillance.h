@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/db/LockTest.h"
+#include "practice/Environnement.h"
+
+#include <QObject>
+#include <thread>
+
+/// Looks at the book while it is used: whether it is whole, and whether its folder keeps two programs from
+/// writing at once. A book that fails is only read from then on.
+class Surveillance : public QObject {
+    Q_OBJECT
+  public:
+    Surveillance(const Environnement &env, QObject *parent) : QObject(parent), m_env(env) {}
+
+    /// Once; beside the window, of which nothing waits for it.
+    void commence();
+
+  signals:
+    /// env.lectureSeule says why the book may only be read.
+    void lectureSeule();
+
+  private:
+    void trouve(const QString &raison);
+
+    const Environnement &m_env;
+    LockTest m_verrous;
+    std::jthread m_lecture; ///< stopped and waited for before the rest goes
+};
