@@ -179,7 +179,7 @@ void efface(const Environnement &env) {
 
 /// A press of "&Ajouter" until the week is painted again, the new row safely on the disk.
 double ajoute(Carnet &carnet, QTime debut) {
-    const Configuration &config = carnet.lit().grilles.first().config;
+    const Configuration config = carnet.lit().grilles.first().config;
     FrmAjouter dialogue(carnet.env, {.PraticienCourant = carnet.demande.PraticienCourant,
                                      .FauteuilCourant = config.FauteuilCourant,
                                      .jour = carnet.demande.jour,

@@ -112,7 +112,7 @@ void montre(const Essai &essai, const benchmark::UserCounters &chiffres) {
                 essai.tient() ? QStringLiteral("tenue") : QStringLiteral("MANQUÉE")});
     for (const auto &[quoi, combien] : chiffres) {
         if (quoi != nomReference) {
-            ligne(QStringLiteral("    %1 %2").arg(combien.value).arg(QString::fromStdString(quoi)), {});
+            ligne({}, {QStringLiteral("%1 %2").arg(combien.value).arg(QString::fromStdString(quoi))});
         }
     }
 }
