@@ -9,7 +9,7 @@ int main(int argc, char **argv) {
     QApplication application(argc, argv);
     new PremierDessin(&application);
     QMainWindow fenetre;
-    fenetre.setObjectName(QStringLiteral("GrilleRDV"));
+    fenetre.setObjectName(QStringLiteral("FrmEntree"));
     fenetre.setCentralWidget(new QWidget);
     fenetre.resize(QSize(1280, 940).boundedTo(fenetre.screen()->availableSize()));
     fenetre.show();

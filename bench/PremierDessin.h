@@ -17,8 +17,7 @@ class PremierDessin : public QObject {
     }
 
     bool eventFilter(QObject *objet, QEvent *evenement) override {
-        const QObject *parent = objet->parent();
-        if (evenement->type() == QEvent::Paint && parent != nullptr && parent->objectName() == u"GrilleRDV") {
+        if (evenement->type() == QEvent::Paint && objet->objectName() == u"FrmEntree") {
             // The whole window is painted and flushed before the event loop comes back to timers.
             QTimer::singleShot(0, this, [] {
                 QGuiApplication::sync(); // the display has it, too
