@@ -216,8 +216,7 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
     if (avant.vide() || affichage.grilles.isEmpty()) {
         return {};
     }
-    const bool ici = memePlace(affichage, ancien);
-    if (avant.rdv && ici) {
+    if (avant.rdv && memePlace(affichage, ancien)) {
         const Selection meme = retrouve(affichage, avant.rdv->RefRDV, avant.grille, avant.contour);
         if (!meme.vide()) {
             return meme;

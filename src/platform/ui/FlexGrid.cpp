@@ -230,11 +230,11 @@ void FlexGrid::paintEvent(QPaintEvent *event) {
 
 /// Light and dark, so that it stands out on every block.
 void FlexGrid::paintFrame() {
-    const QModelIndexList outlined = selectionModel()->selectedIndexes();
-    if (!m_outline || outlined.isEmpty()) {
+    if (!m_outline) {
         return;
     }
-    const QRect frame = visualRect(outlined.first()).united(visualRect(outlined.last()));
+    const QRect frame = visualRect(m_cells.index(m_outline->row, m_outline->col))
+                            .united(visualRect(m_cells.index(m_outline->rowSel, m_outline->colSel)));
     QPainter painter(viewport());
     painter.setPen(QPen(palette().color(QPalette::Text), 2));
     painter.drawRect(frame.adjusted(1, 1, -2, -2));
