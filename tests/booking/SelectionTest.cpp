@@ -45,10 +45,11 @@ Affichage semaine() {
 Affichage journee() {
     RangConfig second = demiHeures(2);
     second.intervalle = 60;
+    second.heures = {"08:00", "09:30", "11:00", "18:00"};
     return {{.PraticienCourant = q("01"), .VueSemaine = false, .jour = QDate(2026, 3, 9)},
             {},
             0,
-            {grille(demiHeures(), {rdv(2, "09:00", "10:00")}), grille(second, {rdv(9, "08:00", "10:00")})},
+            {grille(demiHeures(), {rdv(2, "09:00", "10:00")}), grille(second, {rdv(9, "09:00", "09:30")})},
             {}};
 }
 
@@ -119,10 +120,11 @@ TEST(Selection, WhatGesturesMean) {
         up to the hours, too               | 6,1 5,2>5,0   | 0: 1,1-1,1 9 07:30-08:30 1 R1 1/1)");
     verifie(journee(), R"(
         the left grid's first row          | 1,1           | 0: 1,1-1,1 9 08:00-08:30 1
-        the right one's own slots          | d1,1          | 1: 1,1-2,1 9 08:00-10:00 1 R9 1/1
+        the right one's own slots          | d2,1          | 1: 2,1-2,1 9 09:00-09:30 1 R9 1/1
+        its lunch                          | d3,1          | 1: 3,1-3,1 9 10:00-11:00 0
         its hours                          | 1,1 d1,0      | 0: 1,1-1,1 9 08:00-08:30 1
         its header                         | 1,1 d0,1      | 0: 1,1-1,1 9 08:00-08:30 1
-        its closing row: the whole day     | d11,1         | 1: 1,1-2,1 9 08:00-10:00 1 R9 1/1
+        its closing row: the whole day     | d11,1         | 1: 2,1-2,1 9 09:00-09:30 1 R9 1/1
         the left one's                      | 21,1          | 0: 3,1-4,1 9 09:00-10:00 1 R2 1/1
         the other grid's                   | d1,1 7,1      | 0: 7,1-7,1 9 11:00-11:30 1)");
     Affichage tardive = semaine();
@@ -164,9 +166,9 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
         EXPECT_EQ(vu(trouvee), c[2].toStdString()) << c[1].toStdString();
     }
     const Selection droite = apres(journee(), q("d3,1"));
-    EXPECT_EQ(vu(Reprend(journee(), journee(), droite)), "1: 3,1-3,1 9 10:00-11:00 1");
+    EXPECT_EQ(vu(Reprend(journee(), journee(), droite)), "1: 3,1-3,1 9 10:00-11:00 0");
     EXPECT_EQ(vu(Reprend(semaine(), journee(), droite)), "0: 4,1-5,1 9 09:30-10:30 1 R3 1/1");
-    EXPECT_EQ(vu(SelectionneRDV(journee(), 9)), "1: 1,1-2,1 9 08:00-10:00 1 R9 1/1");
+    EXPECT_EQ(vu(SelectionneRDV(journee(), 9)), "1: 2,1-2,1 9 09:00-09:30 1 R9 1/1");
     EXPECT_EQ(vu(SelectionneRDV(journee(), 1)), "rien");
 }
 
@@ -182,9 +184,9 @@ TEST(Selection, SaysWhatItHoldsAndWhereItBooks) {
     EXPECT_EQ(TexteEtatRDV(deuxieme), q("D'ARC Jeanne   [ bilan ]"));
     EXPECT_EQ(InfoBulleRDV(deuxieme), q("RDV: 10:15 à 10:30 pour  D'ARC  Jeanne, descripif : bilan"));
     EXPECT_EQ(InfoBulleRDV({}), QString());
-    const PlaceRDV place = PlaceDe(journee(), apres(journee(), q("d5,1")));
+    const PlaceRDV place = PlaceDe(journee(), apres(journee(), q("d3,1")));
     EXPECT_EQ(place.FauteuilCourant, q("2"));
     EXPECT_EQ(place.Intervalle, 60);
-    EXPECT_EQ(place.horaire.debut, QTime(12, 0));
+    EXPECT_EQ(place.horaire.debut, QTime(10, 0));
     EXPECT_EQ(place.ChoixHoraire, 0) << "lunch";
 }

@@ -79,23 +79,22 @@ TEST(Programme, OpensOnAFolderWithBlanksAndAccentsAndEndsWithoutWriting) {
 }
 
 TEST(Programme, CommandLine) {
-    struct Cas {
-        const char *arguments;
-        int code;
-        const char *dit;
-    };
-    for (const Cas &cas :
-         {Cas{"--aide", 0, "affiche cette aide"}, Cas{"-h", 0, "Carnet de rendez-vous du cabinet dentaire"},
-          Cas{"--couleur", 2, "option inconnue : couleur"},
-          Cas{"fichier.mdb", 2, "option inconnue : fichier.mdb"},
-          Cas{"--chemin", 2, "il manque la valeur d'une option"}, Cas{"--maintenant hier", 2, "« hier »"},
-          Cas{"--lecteur DD=dossier", 2, "D=DOSSIER"}}) {
-        Programme programme(q(cas.arguments).split(u' '));
-        EXPECT_EQ(programme.code(), cas.code) << cas.arguments;
+    for (const QStringList &cas : tableau(R"(
+        --aide              | 0 | affiche cette aide
+        -h                  | 0 | Carnet de rendez-vous du cabinet dentaire
+        --couleur           | 2 | option inconnue : couleur
+        fichier.mdb         | 2 | option inconnue : fichier.mdb
+        --chemin            | 2 | il manque la valeur d'une option
+        --maintenant hier   | 2 | « hier »
+        --lecteur DD=dossier | 2 | D=DOSSIER)")) {
+        Programme programme(cas[0].split(u' '));
+        const bool bon = cas[1] == q("0");
+        EXPECT_EQ(programme.code(), cas[1].toInt()) << cas[0].toStdString();
         const std::string sortie = programme.sortie();
         const std::string erreurs = programme.erreurs();
-        EXPECT_NE((cas.code == 0 ? sortie : erreurs).find(cas.dit), std::string::npos) << sortie << erreurs;
-        EXPECT_EQ(cas.code == 0 ? erreurs : sortie, "") << cas.arguments;
+        EXPECT_NE((bon ? sortie : erreurs).find(cas[2].toStdString()), std::string::npos)
+            << sortie << erreurs;
+        EXPECT_EQ(bon ? erreurs : sortie, "") << cas[0].toStdString();
     }
 }
 

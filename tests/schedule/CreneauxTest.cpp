@@ -63,17 +63,18 @@ TEST(Creneaux, WeeksBeginOnMondayAndSkipHiddenDays) {
 }
 
 TEST(Creneaux, HoraireProfClassifiesAgainstWorkingHours) {
-    const int greyed[] = {0, 0, 0, 0, 0, 0, 0, 0, 1, 1, 1, 1, 2, 2, 2, 3};
-    const char *const ranges[] = {"09:00-09:30 1", "12:30-13:00 0", "11:30-12:30 2", "12:00-14:00 0",
-                                  "13:30-14:30 2", "11:00-12:00 1", "14:00-14:15 1", "11:00-15:00 2",
-                                  "09:00-10:00 0", "13:30-14:00 0", "13:30-14:15 2", "14:00-15:00 1",
-                                  "11:00-12:00 1", "12:00-13:00 0", "11:30-12:15 2", "09:00-10:00 0"};
-    for (int i = 0; i < 16; ++i) {
+    for (const QStringList &cas : tableau(R"(
+        0 | 09:00 09:30 1, 12:30 13:00 0, 11:30 12:30 2, 12:00 14:00 0, 13:30 14:30 2, 11:00 12:00 1, 14:00 14:15 1, 11:00 15:00 2
+        1 | 09:00 10:00 0, 13:30 14:00 0, 13:30 14:15 2, 14:00 15:00 1
+        2 | 11:00 12:00 1, 12:00 13:00 0, 11:30 12:15 2
+        3 | 09:00 10:00 0)")) {
         Configuration config = ordinaire;
-        config.JourGrise[2] = greyed[i];
-        const QString range = q(ranges[i]);
-        EXPECT_EQ(HoraireProf(config, 3, h(range.left(5)), h(range.mid(6, 5))), range.right(1).toInt())
-            << greyed[i] << ranges[i];
+        config.JourGrise[2] = cas[0].toInt();
+        for (const QString &plage : cas[1].split(q(", "))) {
+            const QStringList mots = plage.split(u' ');
+            EXPECT_EQ(HoraireProf(config, 3, h(mots[0]), h(mots[1])), mots[2].toInt())
+                << cas[0].toStdString() << plage.toStdString();
+        }
     }
     EXPECT_EQ(HoraireProf(ordinaire, 6, h(q("09:00")), h(q("10:00"))), 0) << "Saturday is not displayed";
 }

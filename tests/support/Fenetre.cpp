@@ -48,6 +48,14 @@ void Fenetre::fait(const QString &geste) {
 }
 
 void Fenetre::joue(const char *rangees) {
+    QTimer garde; // nobody would answer
+    QObject::connect(&garde, &QTimer::timeout, [] {
+        if (QWidget *dialogue = QApplication::activeModalWidget()) {
+            ADD_FAILURE() << "a dialog: " << dialogue->objectName().toStdString();
+            dialogue->close();
+        }
+    });
+    garde.start();
     for (const QStringList &rangee : tableau(rangees)) {
         fait(rangee[0]);
         const std::string vus[] = {etat(), grilles()};
