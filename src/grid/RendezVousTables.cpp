@@ -50,12 +50,15 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
         RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
                                << texte(InverseDate(premier)) << " AND DateInv<= "
                                << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
-    // A row whose two dates disagree lies on its Date1: that is what its windows show and write.
-    const QList<RendezVous> decales = RendezVousDe(
+    // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few rows
+    // are looked for without the practitioner, by whose index all that he ever had would be read instead.
+    QList<RendezVous> decales = RendezVousDe(
         rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
                           "Date1 >= ")
-                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))
-                  << duPraticien(praticien, fauteuil)));
+                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))));
+    decales.removeIf([&](const RendezVous &r) {
+        return r.NumPraticien != praticien || (fauteuil && r.Fauteuil != *fauteuil);
+    });
     liste.removeIf([&](const RendezVous &r) {
         return r.Date1 < premier || r.Date1 > dernier ||
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });

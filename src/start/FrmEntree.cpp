@@ -169,7 +169,7 @@ void FrmEntree::Form_Load() {
         m_carnet.vaAu(premier);
     }
     Timer1.start(periodeTimer1);
-    QTimer::singleShot(0, m_surveillance, &Surveillance::commence); // after the first picture
+    m_surveillance->commenceApresImage(*this);
 }
 
 // ---- Drawing
