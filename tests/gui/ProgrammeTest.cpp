@@ -33,7 +33,10 @@ class Programme {
 
     /// Waits until a window of that title has the keyboard.
     bool fenetre(const char *titre) const {
-        return waitUntil([&] { return xdotool({q("getactivewindow"), q("getwindowname")}) == q(titre); });
+        const QString voulue = q("%1\n%2").arg(m_processus.processId()).arg(q(titre));
+        return waitUntil([&] {
+            return xdotool({q("getwindowfocus"), q("getwindowpid"), q("getwindowname")}) == voulue;
+        });
     }
     /// Waits for the end; gives the exit code, -1 when the program goes on or was ended by a signal.
     int code() {
