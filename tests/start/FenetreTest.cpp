@@ -86,6 +86,12 @@ TEST_F(FenetreTest, Weeks) {
         BtnPrecedent  |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
         BtnPrecedent  | docteur UN 0 0 A--- 04 mars 2026 11:00 / 12:00 | 12x7 lundi 02 mars: [4,3-4,3]
         BtnAujourdhui | docteur UN 0 0 A--- 11 mars 2026 11:00 / 12:00 | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        touche PgDown | docteur UN 0 0 A--- 18 mars 2026 11:00 / 12:00 | 12x7 lundi 16 mars: 2,3 SUIVANT [4,3-4,3]
+        touche PgUp   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        touche PgUp   |                                                | 12x7 lundi 02 mars: [4,3-4,3]
+        touche Home   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        mnuZoom       |                                                | 122x7 lundi 09 mars: 13,3 ROUX [37,3-48,3]
+        touche F5     |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
         touche Down   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [5,3-5,3]
         maj Down      | docteur UN 0 0 A--- 11 mars 2026 12:00 / 14:00
         touche Right  | docteur UN 0 0 A--- 12 mars 2026 12:00 / 13:00)");
@@ -110,7 +116,7 @@ TEST_F(FenetreTest, DayView) {
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 11 mars 2026 08:00 / 09:00 NEUF");
     joue(R"(
         BtnSuivant2  | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00 | 12x2 jeudi 12 mars Fauteuil 1:; 12x2 jeudi 12 mars Fauteuil 2: [1,1-1,1]
-        BtnAujourdhui2 |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND [1,1-1,1]
+        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND [1,1-1,1]
         docteur 1    | docteur DEUX 1 - ---- 11 mars 2026 | 10x2 mercredi 11 mars Matin:; 10x2 mercredi 11 mars Après-midi:
         mnusemaine   | docteur DEUX 1 - ---- 11 mars 2026 | 22x7 lundi 09 mars:)");
     EXPECT_EQ(dits(), "");

@@ -13,6 +13,8 @@ void Fenetre::ouvre() {
     fenetre->Form_Load();
     fenetre->resize(1200, 900);
     fenetre->show();
+    fenetre->activateWindow(); // shortcuts belong to the active window
+    waitUntil([this] { return fenetre->isActiveWindow(); });
 }
 
 void Fenetre::fait(const QString &geste) {
