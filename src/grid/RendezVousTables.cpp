@@ -60,11 +60,10 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
         return r.Date1 < premier || r.Date1 > dernier ||
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });
     });
-    if (!decales.isEmpty()) {
-        liste += decales;
-        std::ranges::sort(liste, {},
-                          [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
-    }
+    liste += decales;
+    // not the query's order alone: a start may be stored behind a date, and its text sorts elsewhere
+    std::ranges::sort(liste, {},
+                      [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
     return liste;
 }
 

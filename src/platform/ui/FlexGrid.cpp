@@ -219,11 +219,11 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
 
 void FlexGrid::paintEvent(QPaintEvent *event) {
     QTableView::paintEvent(event);
-    if (!m_placeholder.isEmpty()) {
+    if (!accessibleDescription().isEmpty()) {
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_placeholder);
+                         accessibleDescription());
     }
 }
 
