@@ -219,12 +219,16 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
 
 void FlexGrid::paintEvent(QPaintEvent *event) {
     QTableView::paintEvent(event);
+<<<<<<< HEAD
     paintFrame();
     if (!m_placeholder.isEmpty()) {
+=======
+    if (!accessibleDescription().isEmpty()) {
+>>>>>>> fa98995f1f83fa3742255c168bb95c0b054ac01d
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_placeholder);
+                         accessibleDescription());
     }
 }
 
