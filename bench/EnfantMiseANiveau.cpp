@@ -1,8 +1,9 @@
-// Upgrades one appointment database and prints the megabytes that it took at its highest.
-#include "MemoireProcessus.h"
+// Upgrades one appointment database; prints how many milliseconds and, at its highest, megabytes that took.
+#include "MegaOctets.h"
 #include "platform/db/DbError.h"
 #include "start/MiseANiveauTables.h"
 
+#include <QElapsedTimer>
 #include <QTextStream>
 
 int main(int argc, char **argv) {
@@ -11,8 +12,12 @@ int main(int argc, char **argv) {
     }
     try {
         Database rdv = Database::open(QString::fromLocal8Bit(argv[1]));
+        QElapsedTimer duree;
+        duree.start();
         const QString erreur = MetANiveau(rdv);
-        QTextStream(stdout) << megaoctets(QStringLiteral("self"), QStringLiteral("status"), "VmHWM");
+        QTextStream(stdout) << double(duree.nsecsElapsed()) / 1e6 << ' '
+                            << megaOctets(QStringLiteral("self"), QStringLiteral("status"), "VmHWM");
+        QTextStream(stderr) << erreur;
         return erreur.isEmpty() ? 0 : 1;
     } catch (const DbError &erreur) {
         QTextStream(stderr) << erreur.message() << '\n';

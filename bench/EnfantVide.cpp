@@ -7,10 +7,10 @@
 
 int main(int argc, char **argv) {
     QApplication application(argc, argv);
+    new PremierDessin(&application);
     QMainWindow fenetre;
-    auto *centre = new QWidget;
-    fenetre.setCentralWidget(centre);
-    new PremierDessin([centre](const QObject *objet) { return objet == centre; }, &application);
+    fenetre.setObjectName(QStringLiteral("FrmEntree"));
+    fenetre.setCentralWidget(new QWidget);
     fenetre.resize(QSize(1280, 940).boundedTo(fenetre.screen()->availableSize()));
     fenetre.show();
     return QApplication::exec();

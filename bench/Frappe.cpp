@@ -1,8 +1,7 @@
-// The patient lookup on 100,000 patients: from a changed search text to the painted list, against the same
-// query through the database's own interface, which opens and closes its file as the lookup does.
+// The patient lookup on 100,000 patients: from a changed search text to the painted list, against the whole
+// query through the database's own interface, its file opened and closed as the lookup does.
 #include "Livres.h"
 #include "Mesure.h"
-#include "start/VariablesGlobales.h"
 #include "patients/RecherchePatient.h"
 #include "platform/db/SqlDialect.h"
 #include "platform/db/SqliteFunctions.h"
@@ -15,107 +14,89 @@
 namespace {
 
 struct Recherche {
-    MessagesImpossibles messages;
-    VariablesGlobales v;
+    Environnement env = environnement(livrePatients());
     RecherchePatient composant;
-    QLineEdit *TxtPatient = nullptr;
-    QTableView *Grille1 = nullptr;
+    QLineEdit &TxtPatient = *composant.findChild<QLineEdit *>(QStringLiteral("TxtPatient"));
+    QTableView &Grille1 = *composant.findChild<QTableView *>(QStringLiteral("Grille1"));
     QImage image;
-    QByteArray fichier;
-    QByteArray requete;
 
-    explicit Recherche(const QString &dialecte) : requete(SqlDialect::sqlite(dialecte).toUtf8()) {
-        v.messages = &messages;
-        v.CheminFichiers = livrePatients();
-        fichier = v.chemins.realDatabase(v.CheminFichiers + QStringLiteral("\\Patient.mdb")).toUtf8();
-        Database patients = v.ouvrePatients();
+    Recherche() {
+        Database patients = env.ouvrePatients();
         CreeIndexPatients(patients);
-        composant.utilise(v);
+        composant.utilise(env);
         composant.resize(420, 320);
         composant.setAttribute(Qt::WA_DontShowOnScreen);
         composant.show();
-        TxtPatient = composant.findChild<QLineEdit *>(QStringLiteral("TxtPatient"));
-        Grille1 = composant.findChild<QTableView *>(QStringLiteral("Grille1"));
-        image = QImage(Grille1->size(), QImage::Format_RGB32);
+        image = QImage(Grille1.size(), QImage::Format_RGB32);
     }
-
     double tape(const QString &texte) {
-        TxtPatient->clear();
+        TxtPatient.clear();
         return millisecondes([&] {
-            TxtPatient->setText(texte);
-            Grille1->render(&image);
+            TxtPatient.setText(texte);
+            Grille1.render(&image);
         });
     }
-
     /// All that the list holds once somebody has walked to its end.
     int listes() const {
-        QAbstractItemModel &liste = *Grille1->model();
+        QAbstractItemModel &liste = *Grille1.model();
         while (liste.canFetchMore({})) {
             liste.fetchMore({});
         }
         return liste.rowCount();
     }
-
-    /// Reads the four listed columns of every row.
-    int lit() const {
+    /// Reads the four listed columns of every row; gives the number of rows.
+    int lit(const QByteArray &sql) const {
         sqlite3 *base = nullptr;
-        sqlite3_stmt *instruction = nullptr;
-        sqlite3_open_v2(fichier.constData(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+        sqlite3_stmt *requete = nullptr;
+        const QString fichier =
+            env.chemins.realDatabase(env.CheminFichiers + QStringLiteral("\\Patient.mdb"));
+        sqlite3_open_v2(fichier.toUtf8().constData(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX,
+                        nullptr);
         registerSqliteFunctions(base);
-        sqlite3_prepare_v2(base, requete.constData(), -1, &instruction, nullptr);
+        sqlite3_prepare_v2(base, sql.constData(), -1, &requete, nullptr);
         int lignes = 0;
-        for (; sqlite3_step(instruction) == SQLITE_ROW; ++lignes) {
-            for (int col = 0; col < sqlite3_column_count(instruction); ++col) {
-                sqlite3_column_text(instruction, col);
+        for (; sqlite3_step(requete) == SQLITE_ROW; ++lignes) {
+            for (int col = 0; col < sqlite3_column_count(requete); ++col) {
+                sqlite3_column_text(requete, col);
             }
         }
-        sqlite3_finalize(instruction);
+        sqlite3_finalize(requete);
         sqlite3_close(base);
         return lignes;
     }
 };
 
-Cotes cotes(const QString &texte, const QString &dialecte, bool avecReference) {
-    const auto recherche = std::make_shared<Recherche>(dialecte);
+Paire paire(const QString &texte, const QString &condition) {
+    const auto recherche = std::make_shared<Recherche>();
+    const QByteArray sql =
+        SqlDialect::sqlite(QStringLiteral("select nom, PreNom, cptid, DateNais from TabPat where ") +
+                           condition)
+            .toUtf8();
     recherche->tape(texte);
     const int listes = recherche->listes();
-    if (listes == 0 || listes != recherche->lit()) {
+    if (listes == 0 || listes != recherche->lit(sql)) {
         throw MesureImpossible(
-            QStringLiteral("%1 patients listés pour %2 lus").arg(listes).arg(recherche->lit()));
+            QStringLiteral("%1 patients listés pour %2 lus").arg(listes).arg(recherche->lit(sql)));
     }
-    Prise reference;
-    if (avecReference) {
-        reference = [recherche] { return millisecondes([&] { recherche->lit(); }); };
-    }
-    return {[=] { return recherche->tape(texte); }, reference,
-            [listes] { return QStringLiteral("%1 patients").arg(listes); }};
+    return {[=](auto &chiffres) {
+                chiffres["patients"] = listes;
+                return recherche->tape(texte);
+            },
+            [=](auto &) { return millisecondes([&] { recherche->lit(sql); }); }};
 }
 
-Cotes parNom(const QString &debut) {
-    return cotes(debut,
-                 QStringLiteral("select nom, PreNom, cptid, DateNais from TabPat where nom like '%1*'"
-                                "order by TexteTri(nom) asc, TexteTri(prenom) asc")
-                     .arg(debut),
-                 true);
+Paire parNom(const QString &debut) {
+    return paire(
+        debut, QStringLiteral("nom like '%1*' order by TexteTri(nom) asc, TexteTri(prenom) asc").arg(debut));
 }
 
 } // namespace
 
-Mesure frappe1() {
-    return {QStringLiteral("frappe_1"), QStringLiteral("ms"), 31, 4,
-            [] { return parNom(QStringLiteral("D")); }};
-}
-
-Mesure frappe3() {
-    return {QStringLiteral("frappe_3"), QStringLiteral("ms"), 61, 4,
-            [] { return parNom(QStringLiteral("DUP")); }};
-}
-
-Mesure listeNumero() {
-    return {QStringLiteral("liste_numero"), QStringLiteral("ms"), 101, 2, [] {
-                return cotes(
-                    QStringLiteral("12345"),
-                    QStringLiteral("select nom, PreNom, cptid, DateNais from TabPat where cptid = 12345"),
-                    false);
-            }};
+std::vector<Mesure> mesuresFrappe() {
+    const auto frappe1 = [] { return parNom(QStringLiteral("D")); };
+    const auto frappe3 = [] { return parNom(QStringLiteral("DUP")); };
+    const auto listeNumero = [] { return paire(QStringLiteral("12345"), QStringLiteral("cptid = 12345")); };
+    return {{.nom = "frappe_1", .repetitions = 31, .prepare = frappe1, .rapportMax = 0.35},
+            {.nom = "frappe_3", .repetitions = 61, .prepare = frappe3, .rapportMax = 4, .valeurMax = 16},
+            {.nom = "liste_numero", .repetitions = 101, .prepare = listeNumero, .valeurMax = 2}};
 }

@@ -9,35 +9,38 @@
 
 namespace {
 
-Livre livre(const QString &nom, int patients, int rdv, bool ancien) {
+class MessagesImpossibles : public Messages {
+  public:
+    void show(const QString &text, const QString &, Icon) override { throw MesureImpossible(text); }
+    bool ask(const QString &text, const QString &) override { throw MesureImpossible(text); }
+};
+
+QString livre(const QString &nom, const OptionsCabinet &options) {
     const QDir dossier(dossierBench().filePath(nom));
-    const Livre fait{dossier.filePath(QStringLiteral("CheminBelmor.mdb")),
-                     dossier.filePath(QStringLiteral("Base/Fichiers/Tavelin.mdb"))};
-    if (!QFile::exists(fait.chemin)) { // written last: without it, what is there was interrupted
-        QTextStream(stderr) << "Création du cabinet " << dossier.path() << " (" << patients << " patients, "
-                            << rdv << " rendez-vous)...\n";
+    const QString chemin = dossier.filePath(QStringLiteral("CheminBelmor.mdb"));
+    if (!QFile::exists(chemin)) { // written last: without it, what is there was interrupted
+        QTextStream(stderr) << "Création du cabinet " << dossier.path() << " (" << options.patients
+                            << " patients, " << options.rdv << " rendez-vous)...\n";
         QDir(dossier).removeRecursively();
-        OptionsCabinet options;
-        options.patients = patients;
-        options.annees = 20;
-        options.rdv = rdv;
-        options.aujourdhui = instant().date();
-        options.ancien = ancien;
         ecritCabinet(dossier.path(), options);
     }
-    return fait;
+    return chemin;
 }
 
-constexpr int patientsDuLivre = 20'000;
-constexpr int rendezVousDuLivre = 500'000;
+OptionsCabinet vingtAns(int patients, int rdv) {
+    OptionsCabinet options;
+    options.patients = patients;
+    options.annees = 20;
+    options.rdv = rdv;
+    options.aujourdhui = instant().date();
+    return options;
+}
 
 } // namespace
 
 QDir dossierBench() {
     const QDir dossier(QDir::current().filePath(QStringLiteral("build/bench")));
-    if (!dossier.mkpath(QStringLiteral("."))) {
-        throw MesureImpossible(QStringLiteral("%1 ne peut pas être créé").arg(dossier.path()));
-    }
+    dossier.mkpath(QStringLiteral("."));
     return dossier;
 }
 
@@ -45,56 +48,34 @@ QDateTime instant() {
     return {QDate(2026, 3, 11), QTime(10, 5)};
 }
 
-Livre livreCourant() {
-    const Livre courant = livre(QStringLiteral("courant"), patientsDuLivre, rendezVousDuLivre, false);
-    Database rdv = Database::open(courant.rendezVous);
-    MetANiveau(rdv); // its indexes; a glance from the second time on
-    return courant;
+QString livreCourant() {
+    const QString chemin = livre(QStringLiteral("courant"), vingtAns(20'000, 500'000));
+    Database carnet = environnement(chemin).ouvreCarnet();
+    MetANiveau(carnet); // its indexes; a glance from the second time on
+    return chemin;
 }
 
-Livre livreAncien() {
-    return livre(QStringLiteral("ancien"), patientsDuLivre, rendezVousDuLivre, true);
+QString livreAncien() {
+    OptionsCabinet options = vingtAns(20'000, 500'000);
+    options.ancien = true;
+    return livre(QStringLiteral("ancien"), options);
 }
 
 QString livrePatients() {
-    livre(QStringLiteral("patients"), 100'000, 1'000, false);
-    return dossierBench().filePath(QStringLiteral("patients/Base/Fichiers"));
+    return livre(QStringLiteral("patients"), vingtAns(100'000, 1'000));
 }
 
-QStringList optionsLivreCourant() {
-    return {QStringLiteral("--chemin"), livreCourant().chemin, QStringLiteral("--maintenant"),
-            instant().toString(Qt::ISODate)};
-}
-
-void MessagesImpossibles::show(const QString &text, const QString &, Icon) {
-    throw MesureImpossible(text);
-}
-
-bool MessagesImpossibles::ask(const QString &text, const QString &) {
-    throw MesureImpossible(text);
-}
-
-CarnetOuvert::CarnetOuvert() {
-    v.maintenant = instant;
-    v.messages = &m_messages;
-    LitEmplacements(v, livreCourant().chemin);
-    fenetre = std::make_unique<FrmEntree>(v);
-    fenetre->Form_Load();
-    fenetre->setAttribute(Qt::WA_DontShowOnScreen); // the screen may be smaller than what is measured
-    fenetre->show();
-    GrilleRDV = fenetre->findChild<FlexGrid *>(QStringLiteral("GrilleRDV"));
-    if (GrilleRDV == nullptr || rendezVousMontres() == 0) {
-        throw MesureImpossible(QStringLiteral("la semaine n'est pas affichée"));
+Environnement environnement(const QString &livre) {
+    static MessagesImpossibles messages;
+    Environnement env;
+    env.maintenant = instant;
+    env.messages = &messages;
+    if (const QString impossible = LitEmplacements(env, livre); !impossible.isEmpty()) {
+        throw MesureImpossible(impossible);
     }
+    return env;
 }
 
-int CarnetOuvert::rendezVousMontres() const {
-    const FlexGridModel &cellules = GrilleRDV->cells();
-    int combien = 0;
-    for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
-        for (int col = 1; col < cellules.cols() - 1; ++col) {
-            combien += cellules.cell(ligne, col).text.isEmpty() ? 0 : 1;
-        }
-    }
-    return combien;
+QString fichierRDV(const Environnement &env) {
+    return env.chemins.realDatabase(env.CheminBaseRDV);
 }

@@ -1,40 +1,36 @@
 #pragma once
 
 #include <QString>
+#include <benchmark/benchmark.h>
 #include <chrono>
 #include <functional>
+#include <limits>
 #include <stdexcept>
 
-/// One taking of one side: milliseconds, or megabytes where memory is measured.
-using Prise = std::function<double()>;
+/// Takes one side once: milliseconds, or megabytes where memory is measured. It may note beside it what was
+/// worked on.
+using Prise = std::function<double(benchmark::UserCounters &)>;
 
 /// The sides of a measure; what they need lives as long as they do.
-struct Cotes {
+struct Paire {
     Prise valeur;
-    Prise reference;                     ///< taken right after each value; none: the target is absolute
-    std::function<QString()> remarque{}; ///< what else is worth saying once all is taken
+    Prise reference{}; ///< taken right after each value; none: there is nothing to compare with
 };
 
-/// One hot path. Each has its own file, which defines one of the functions below; main.cpp lists them.
+/// One hot path and what is asked of its medians.
 struct Mesure {
-    QString nom;
-    QString unite;
-    int repetitions = 0;
-    double cible = 0;               ///< largest ratio to the reference; without one, largest value
-    std::function<Cotes()> prepare; ///< makes what both sides need; not timed
+    const char *nom;
+    int repetitions;
+    std::function<Paire()> prepare; ///< makes what both sides need; not timed
+    double rapportMax = std::numeric_limits<double>::infinity();
+    double valeurMax = std::numeric_limits<double>::infinity();
+    const char *unite = "ms";
 };
 
-Mesure ajout();
-Mesure changementSemaine();
-Mesure demarrage();
-Mesure frappe1();
-Mesure frappe3();
-Mesure listeNumero();
-Mesure memoire();
-Mesure miseANiveau();
-Mesure peintureSemaine();
-Mesure selection();
-Mesure traceSemaine();
+// One function a file; main.cpp lists them.
+std::vector<Mesure> mesuresSemaine();
+std::vector<Mesure> mesuresFrappe();
+std::vector<Mesure> mesuresProcessus();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

@@ -4,21 +4,20 @@
 #include <QGuiApplication>
 #include <QTimer>
 #include <cstdlib>
-#include <functional>
 #include <unistd.h>
 
-/// Ends the process, without any clearing up, as soon as the first painting of a widget is on the screen.
+/// Ends the process, without any clearing up, as soon as the first painting inside the widget named GrilleRDV
+/// is on the screen.
 class PremierDessin : public QObject {
   public:
-    PremierDessin(std::function<bool(const QObject *)> attendu, QCoreApplication *application)
-        : QObject(application), m_attendu(std::move(attendu)) {
+    explicit PremierDessin(QCoreApplication *application) : QObject(application) {
         constexpr unsigned patienceSecondes = 60; // it may be waiting for somebody to answer a message
         alarm(patienceSecondes);
         application->installEventFilter(this);
     }
 
     bool eventFilter(QObject *objet, QEvent *evenement) override {
-        if (evenement->type() == QEvent::Paint && m_attendu(objet)) {
+        if (evenement->type() == QEvent::Paint && objet->objectName() == u"FrmEntree") {
             // The whole window is painted and flushed before the event loop comes back to timers.
             QTimer::singleShot(0, this, [] {
                 QGuiApplication::sync(); // the display has it, too
@@ -27,7 +26,4 @@ class PremierDessin : public QObject {
         }
         return false;
     }
-
-  private:
-    std::function<bool(const QObject *)> m_attendu;
 };

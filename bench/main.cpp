@@ -1,3 +1,5 @@
+// tavelin-bench [NAME] [--benchmark_…]: times the hot paths, or only the one named. Each figure is a median,
+// and a ratio that of the medians of a path and of its reference, which are taken in turn.
 #include "Livres.h"
 #include "Mesure.h"
 
@@ -5,174 +7,172 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QMap>
 #include <QSaveFile>
 #include <QTextStream>
-#include <benchmark/benchmark.h>
 
 #include <algorithm>
+#include <cmath>
+#include <deque>
 #include <optional>
-#include <vector>
 
 namespace {
 
-constexpr int echec = 1;
-constexpr int mauvaisAppel = 2;
-
-QTextStream &sortie() {
-    static QTextStream flux(stdout);
-    return flux;
-}
-
-std::vector<Mesure> mesures() {
-    return {traceSemaine(), peintureSemaine(), changementSemaine(), selection(), ajout(),      frappe1(),
-            frappe3(),      listeNumero(),     memoire(),           demarrage(), miseANiveau()};
-}
-
-constexpr QStringView debutAide = uR"(Utilisation : tavelin-bench [NOM]
-
-Mesure les chemins les plus empruntés du carnet, ou seulement celui qui est nommé. Chaque chiffre est une
-médiane ; une référence est prise en alternance avec la valeur, et le rapport est celui des deux médianes.
-Les carnets de 500 000 rendez-vous sont créés une fois, dans build/bench.
-
-Les chiffres vont aussi dans build/bench/results.json. Un seul NOM n'y remplace que son entrée, les autres
-gardent leur dernier résultat ; sans NOM, tout est récrit.
-
-Noms :
-)";
-
-QString aide() {
-    QString texte = debutAide.toString();
-    for (const Mesure &mesure : mesures()) {
-        texte += QStringLiteral("  %1\n").arg(mesure.nom);
-    }
-    return texte;
-}
+const std::string nomReference = "reference";
 
 struct Resultat {
     double valeur = 0;
     std::optional<double> reference;
-    double auMieux = 0; ///< the least value: far below the median, the machine was busy elsewhere
 
     std::optional<double> rapport() const {
         return reference ? std::optional(valeur / *reference) : std::nullopt;
     }
 };
 
-double mediane(std::vector<double> prises) {
-    std::ranges::sort(prises);
-    const size_t milieu = prises.size() / 2;
-    return prises.size() % 2 == 1 ? prises[milieu] : (prises[milieu - 1] + prises[milieu]) / 2;
-}
+/// A measure and what came of it.
+struct Essai {
+    Mesure mesure;
+    std::optional<Paire> paire{};
+    std::string erreur{};
+    bool pris = false; ///< this time, with or without a result
+    std::optional<Resultat> resultat{};
 
-const std::string nomReference = "reference";
-
-/// Keeps what each repetition took.
-class Releve : public benchmark::BenchmarkReporter {
-  public:
-    bool ReportContext(const Context &) override { return true; }
-    void ReportRuns(const std::vector<Run> &runs) override {
-        for (const Run &run : runs) {
-            if (run.run_type != Run::RT_Iteration) {
-                continue;
-            }
-            m_valeurs.push_back(run.GetAdjustedRealTime());
-            if (const auto prise = run.counters.find(nomReference); prise != run.counters.end()) {
-                m_references.push_back(prise->second.value);
-            }
-        }
+    bool tient() const {
+        return resultat->valeur <= mesure.valeurMax && resultat->rapport().value_or(0) <= mesure.rapportMax;
     }
-    Resultat medianes() const {
-        return {mediane(m_valeurs),
-                m_references.empty() ? std::nullopt : std::optional(mediane(m_references)),
-                *std::ranges::min_element(m_valeurs)};
-    }
-
-  private:
-    std::vector<double> m_valeurs;
-    std::vector<double> m_references;
 };
 
-/// Takes both sides one after the other in each repetition, so that a slow moment of the machine hits both.
-Resultat prend(const Mesure &mesure, const Cotes &cotes) {
-    std::exception_ptr erreur;
-    const auto unePaire = [&](benchmark::State &etat) {
-        for ([[maybe_unused]] auto tour : etat) {
-            try {
-                const double valeur = erreur ? 0 : cotes.valeur();
-                if (cotes.reference && !erreur) {
-                    etat.counters[nomReference] = cotes.reference();
-                }
-                etat.SetIterationTime(valeur / 1000); // seconds; a megabyte passes for a millisecond
-            } catch (...) {
-                erreur = std::current_exception();
+/// Takes both sides once, one after the other: a slow moment of the machine hits both.
+void prend(Essai &essai, benchmark::State &etat) {
+    if (!essai.paire) {
+        essai.paire = essai.mesure.prepare();
+    }
+    for ([[maybe_unused]] auto tour : etat) {
+        const double valeur = essai.paire->valeur(etat.counters);
+        if (essai.paire->reference) {
+            etat.counters[nomReference] = essai.paire->reference(etat.counters);
+        }
+        etat.SetIterationTime(valeur / 1000); // seconds; a megabyte passes for a millisecond
+    }
+}
+
+void enregistre(Essai &essai) {
+    const auto repetition = [&essai](benchmark::State &etat) {
+        try {
+            if (essai.erreur.empty()) {
+                prend(essai, etat);
             }
+        } catch (const std::exception &erreur) {
+            essai.erreur = erreur.what();
+        }
+        if (!essai.erreur
+                 .empty()) { // and so for those that follow: a median of what is left would say nothing
+            etat.SkipWithError(essai.erreur.c_str());
         }
     };
-    benchmark::RegisterBenchmark(mesure.nom.toUtf8().constData(), unePaire)
+    benchmark::RegisterBenchmark(essai.mesure.nom, repetition)
         ->Iterations(1)
-        ->Repetitions(mesure.repetitions)
+        ->Repetitions(essai.mesure.repetitions)
+        ->ReportAggregatesOnly()
         ->UseManualTime()
         ->Unit(benchmark::kMillisecond);
-    Releve releve;
-    benchmark::RunSpecifiedBenchmarks(&releve);
-    benchmark::ClearRegisteredBenchmarks();
-    if (erreur) {
-        std::rethrow_exception(erreur);
-    }
-    return releve.medianes();
 }
 
 QString chiffre(std::optional<double> nombre) {
     return nombre ? QString::number(*nombre, 'f', 2) : QStringLiteral("-");
 }
 
+QString cible(const Mesure &mesure) {
+    QStringList limites;
+    if (std::isfinite(mesure.rapportMax)) {
+        limites << QStringLiteral("%1 ×").arg(mesure.rapportMax);
+    }
+    if (std::isfinite(mesure.valeurMax)) {
+        limites << QStringLiteral("%1 %2").arg(mesure.valeurMax).arg(QLatin1StringView(mesure.unite));
+    }
+    return limites.join(QStringLiteral(", "));
+}
+
 void ligne(const QString &nom, const QStringList &colonnes) {
-    sortie() << nom.leftJustified(20);
+    QTextStream sortie(stdout);
+    sortie << nom.leftJustified(20);
     for (const QString &colonne : colonnes) {
-        sortie() << colonne.rightJustified(14);
+        sortie << colonne.rightJustified(14);
     }
-    sortie() << Qt::endl;
+    sortie << '\n';
 }
 
-void imprime(const Mesure &mesure, const Resultat &resultat, const Cotes &cotes) {
-    const bool tenue = resultat.rapport().value_or(resultat.valeur) <= mesure.cible;
-    ligne(mesure.nom,
-          {chiffre(resultat.valeur) + u' ' + mesure.unite, chiffre(resultat.auMieux),
-           chiffre(resultat.reference), chiffre(resultat.rapport()), QString::number(mesure.cible),
-           tenue ? QStringLiteral("tenue") : QStringLiteral("MANQUÉE")});
-    if (cotes.remarque) {
-        sortie() << "    " << cotes.remarque() << Qt::endl;
+void montre(const Essai &essai, const benchmark::UserCounters &chiffres) {
+    const QString nom = QLatin1StringView(essai.mesure.nom);
+    if (!essai.resultat) {
+        ligne(nom, {u' ' + QString::fromStdString(essai.erreur)});
+        return;
     }
-}
-
-QJsonValue nombreOuNul(std::optional<double> nombre) {
-    return nombre ? QJsonValue(*nombre) : QJsonValue(QJsonValue::Null);
-}
-
-QJsonObject enJson(const QString &nom, const Resultat &resultat) {
-    return {{QStringLiteral("name"), nom},
-            {QStringLiteral("value_ms"), resultat.valeur},
-            {QStringLiteral("reference_ms"), nombreOuNul(resultat.reference)},
-            {QStringLiteral("ratio"), nombreOuNul(resultat.rapport())}};
-}
-
-/// Replaces the entries of the names in `pris`; the others stay when `garde`.
-bool ecritResultats(const QMap<QString, QJsonValue> &pris, bool garde) {
-    const QString fichier = dossierBench().filePath(QStringLiteral("results.json"));
-    QFile ancien(fichier);
-    QMap<QString, QJsonValue> entrees;
-    if (garde && ancien.open(QIODevice::ReadOnly)) {
-        const QJsonArray lues = QJsonDocument::fromJson(ancien.readAll()).array();
-        for (const auto &entree : lues) {
-            entrees[entree[QStringLiteral("name")].toString()] = entree;
+    ligne(nom, {chiffre(essai.resultat->valeur) + u' ' + QLatin1StringView(essai.mesure.unite),
+                chiffre(essai.resultat->reference), chiffre(essai.resultat->rapport()), cible(essai.mesure),
+                essai.tient() ? QStringLiteral("tenue") : QStringLiteral("MANQUÉE")});
+    for (const auto &[quoi, combien] : chiffres) {
+        if (quoi != nomReference) {
+            ligne({}, {QStringLiteral("%1 %2").arg(combien.value).arg(QString::fromStdString(quoi))});
         }
     }
-    entrees.insert(pris);
+}
+
+/// Keeps the medians, and shows them line by line.
+class Releve : public benchmark::BenchmarkReporter {
+  public:
+    explicit Releve(std::deque<Essai> &essais) : m_essais(essais) {}
+
+    bool ReportContext(const Context &) override {
+        ligne(QStringLiteral("mesure"), {QStringLiteral("valeur"), QStringLiteral("référence"),
+                                         QStringLiteral("rapport"), QStringLiteral("cible")});
+        return true;
+    }
+    void ReportRuns(const std::vector<Run> &prises) override {
+        const std::string nom = prises.front().run_name.function_name;
+        Essai &essai = *std::ranges::find(m_essais, nom, [](const Essai &e) { return e.mesure.nom; });
+        essai.pris = true;
+        const auto mediane = std::ranges::find(prises, "median", &Run::aggregate_name);
+        if (mediane == prises.end() || !essai.erreur.empty()) {
+            montre(essai, {});
+            return;
+        }
+        const auto reference = mediane->counters.find(nomReference);
+        essai.resultat = {mediane->GetAdjustedRealTime(), reference == mediane->counters.end()
+                                                              ? std::nullopt
+                                                              : std::optional(reference->second.value)};
+        montre(essai, mediane->counters);
+    }
+
+  private:
+    std::deque<Essai> &m_essais;
+};
+
+QJsonObject enJson(const Essai &essai) {
+    const auto nombreOuNul = [](std::optional<double> nombre) {
+        return nombre ? QJsonValue(*nombre) : QJsonValue(QJsonValue::Null);
+    };
+    return {{QStringLiteral("name"), QLatin1StringView(essai.mesure.nom)},
+            {QStringLiteral("value_ms"), essai.resultat->valeur},
+            {QStringLiteral("reference_ms"), nombreOuNul(essai.resultat->reference)},
+            {QStringLiteral("ratio"), nombreOuNul(essai.resultat->rapport())}};
+}
+
+/// Writes results.json; what was not taken this time keeps its entry. False when that fails.
+bool ecritResultats(const std::deque<Essai> &essais) {
+    const QString fichier = dossierBench().filePath(QStringLiteral("results.json"));
+    QFile ancien(fichier);
+    const QJsonArray anciens =
+        ancien.open(QIODevice::ReadOnly) ? QJsonDocument::fromJson(ancien.readAll()).array() : QJsonArray();
     QJsonArray liste;
-    for (const QJsonValue &entree : std::as_const(entrees)) {
-        if (entree.isObject()) { // not one that failed
-            liste.append(entree);
+    for (const Essai &essai : essais) {
+        if (essai.resultat) {
+            liste.append(enJson(essai));
+        }
+        for (const auto &entree : anciens) {
+            if (!essai.pris &&
+                entree[QStringLiteral("name")].toString() == QLatin1StringView(essai.mesure.nom)) {
+                liste.append(entree);
+            }
         }
     }
     QSaveFile nouveau(fichier);
@@ -180,49 +180,21 @@ bool ecritResultats(const QMap<QString, QJsonValue> &pris, bool garde) {
            nouveau.commit();
 }
 
-/// Takes the measures; gives the exit code. A missed target is told, not a failure: machines differ.
-int mesure(const std::vector<Mesure> &choisies, bool seule) {
-    QMap<QString, QJsonValue> pris;
-    int code = 0;
-    ligne(QStringLiteral("mesure"),
-          {QStringLiteral("valeur"), QStringLiteral("au mieux"), QStringLiteral("référence"),
-           QStringLiteral("rapport"), QStringLiteral("cible")});
-    for (const Mesure &m : choisies) {
-        pris[m.nom] = QJsonValue();
-        try {
-            const Cotes cotes = m.prepare();
-            const Resultat resultat = prend(m, cotes);
-            imprime(m, resultat, cotes);
-            pris[m.nom] = enJson(m.nom, resultat);
-        } catch (const std::exception &erreur) {
-            sortie() << m.nom << " : " << QString::fromUtf8(erreur.what()) << Qt::endl;
-            code = echec;
-        }
-    }
-    return ecritResultats(pris, seule) ? code : echec;
-}
-
 } // namespace
 
 int main(int argc, char **argv) {
-    std::vector<Mesure> choisies = mesures();
-    const QString demande = argc > 1 ? QString::fromLocal8Bit(argv[1]) : QString();
-    if (demande == QLatin1StringView("--help") || demande == QLatin1StringView("-h")) {
-        sortie() << aide();
-        return 0;
-    }
-    if (argc > 1) {
-        std::erase_if(choisies, [&](const Mesure &m) { return m.nom != demande; });
-    }
-    if (choisies.empty() || argc > 2) {
-        QTextStream(stderr) << aide();
-        return mauvaisAppel;
-    }
     const QApplication application(argc, argv);
-    try {
-        return mesure(choisies, argc > 1);
-    } catch (const MesureImpossible &erreur) {
-        QTextStream(stderr) << erreur.what() << '\n';
-        return echec;
+    benchmark::Initialize(&argc, argv);
+    std::deque<Essai> essais; // the benchmarks refer to them
+    for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresProcessus()}) {
+        for (const Mesure &mesure : mesures) {
+            enregistre(essais.emplace_back(mesure));
+        }
     }
+    Releve releve(essais);
+    const size_t nombre = argc > 1
+                              ? benchmark::RunSpecifiedBenchmarks(&releve, std::string("^") + argv[1] + "/")
+                              : benchmark::RunSpecifiedBenchmarks(&releve);
+    const bool reussi = std::ranges::all_of(essais, [](const Essai &e) { return e.erreur.empty(); });
+    return nombre > 0 && ecritResultats(essais) && reussi ? 0 : 1;
 }

@@ -34,10 +34,6 @@ bool EstReservable(const PlageHoraire &plage) {
     return debut.isValid() && debut < fin;
 }
 
-bool SeChevauchent(const PlageHoraire &a, const PlageHoraire &b) {
-    return a.debut < b.fin && b.debut < a.fin;
-}
-
 bool HoraireLibre(const QList<RendezVous> &jour, const PlageHoraire &voulu) {
     const PlageHoraire plage = EnMinutes(voulu);
     return std::ranges::none_of(jour, [&](const RendezVous &rdv) { return gene(rdv, plage); });

@@ -10,8 +10,6 @@ PlageHoraire EnMinutes(const PlageHoraire &plage);
 /// Whether an appointment may have these times: its end is at a later minute than its start. Midnight ends
 /// none.
 bool EstReservable(const PlageHoraire &plage);
-/// Whether two ranges, each with its end after its start, have an instant in common.
-bool SeChevauchent(const PlageHoraire &a, const PlageHoraire &b);
 
 /// True when no appointment begins inside `voulu`, ends inside it, or covers its start.
 bool HoraireLibre(const QList<RendezVous> &jour, const PlageHoraire &voulu);

@@ -31,6 +31,7 @@ QList<RendezVous> RendezVousDe(const Records &rows) {
     const int present = rows.field(u"Present");
     const int praticien = rows.field(u"NumPraticien");
     const int fauteuil = rows.field(u"Fauteuil");
+    const int dateInv = rows.field(u"DateInv");
     QList<RendezVous> liste;
     liste.reserve(rows.count());
     for (const Record row : rows) {
@@ -41,6 +42,11 @@ QList<RendezVous> RendezVousDe(const Records &rows) {
                                 row.at(present).toBoolean(), long(row.at(praticien).toInteger()),
                                 long(row.at(fauteuil).toInteger())});
     }
+    for (int i = 0; i < liste.size(); ++i) { // a day that cannot be read lies where its key says
+        if (!liste[i].Date1.isValid()) {
+            liste[i].Date1 = QDate::fromString(rows.at(i, dateInv).toText(), QStringLiteral("yyyyMMdd"));
+        }
+    }
     return liste;
 }
 
@@ -50,12 +56,16 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
         RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
                                << texte(InverseDate(premier)) << " AND DateInv<= "
                                << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
-    // A row whose two dates disagree lies on its Date1: that is what its windows show and write.
-    const QList<RendezVous> decales = RendezVousDe(
+    // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few
+    // rows are looked for without the practitioner, by whose index all that he ever had would be read
+    // instead.
+    QList<RendezVous> decales = RendezVousDe(
         rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
                           "Date1 >= ")
-                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))
-                  << duPraticien(praticien, fauteuil)));
+                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))));
+    decales.removeIf([&](const RendezVous &r) {
+        return r.NumPraticien != praticien || (fauteuil && r.Fauteuil != *fauteuil);
+    });
     liste.removeIf([&](const RendezVous &r) {
         return r.Date1 < premier || r.Date1 > dernier ||
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });

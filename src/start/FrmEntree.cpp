@@ -169,7 +169,7 @@ void FrmEntree::Form_Load() {
         m_carnet.vaAu(premier);
     }
     Timer1.start(periodeTimer1);
-    QTimer::singleShot(0, m_surveillance, &Surveillance::commence); // after the first picture
+    m_surveillance->commenceApresImage(*this);
 }
 
 // ---- Drawing
@@ -201,8 +201,8 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    const QList<QPushButton *> boutons = centralWidget()->findChildren<QPushButton *>()
-                                         << BtnSemaine << BtnJour;
+    const QList<QPushButton *> boutons =
+        centralWidget()->findChildren<QPushButton *>() + QList{BtnSemaine, BtnJour};
     for (QPushButton *bouton : boutons) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }

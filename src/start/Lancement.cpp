@@ -45,15 +45,11 @@ std::function<QDateTime()> horlogeDepuis(const QDateTime &depart) {
 }
 
 /// Qt ends the program with an English sentence where there is no screen.
-void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &texte) {
-    QTextStream erreurs(stderr);
-    if (genre != QtFatalMsg) {
-        return;
+void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &) {
+    if (genre == QtFatalMsg) {
+        QTextStream(stderr) << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir\n";
+        std::_Exit(codeErreur);
     }
-    erreurs << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir ("
-            << texte.section(u'\n', 0, 0) << ")\n";
-    erreurs.flush();
-    std::_Exit(codeErreur);
 }
 
 /// A comfortable size, or the whole of a smaller screen.

@@ -2,6 +2,23 @@
 
 #include "platform/ui/Messages.h"
 
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+
+void Surveillance::commenceApresImage(QWidget &fenetre) {
+    fenetre.installEventFilter(this);
+    fenetre.update();
+}
+
+bool Surveillance::eventFilter(QObject *objet, QEvent *evenement) {
+    if (evenement->type() == QEvent::Paint) {
+        objet->removeEventFilter(this);
+        QTimer::singleShot(0, this, &Surveillance::commence); // the picture is on the screen by then
+    }
+    return QObject::eventFilter(objet, evenement);
+}
+
 void Surveillance::commence() {
     if (m_lecture.joinable()) {
         return;

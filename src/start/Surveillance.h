@@ -13,14 +13,18 @@ class Surveillance : public QObject {
   public:
     Surveillance(const Environnement &env, QObject *parent) : QObject(parent), m_env(env) {}
 
-    /// Once; beside the window, of which nothing waits for it.
-    void commence();
+    /// Once, and beside `fenetre`: after its next picture, which would have to share the machine with it.
+    void commenceApresImage(QWidget &fenetre);
 
   signals:
     /// env.lectureSeule says why the book may only be read.
     void lectureSeule();
 
+  protected:
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
   private:
+    void commence();
     void trouve(const QString &raison);
 
     const Environnement &m_env;

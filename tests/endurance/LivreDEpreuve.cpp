@@ -2,7 +2,6 @@
 
 #include "Schema.h"
 #include "booking/ReservationTables.h"
-#include "grid/RendezVousTables.h"
 #include "start/MiseANiveauTables.h"
 
 namespace {
@@ -40,8 +39,7 @@ qint64 change(Database &rdv, unsigned tirage, const Place &place, const std::opt
     const BilanEcriture bilan =
         marque ? ModifieRDV(rdv, choisi, saisie(place, *marque), place.praticien, place.fauteuil)
                : SupprimeRDV(rdv, choisi);
-    const bool fait = bilan.resultat == Ecriture::Fait;
-    return fait ? choisi.RefRDV : 0;
+    return bilan.resultat == Ecriture::Fait ? choisi.RefRDV : 0;
 }
 
 QString contenu(const Place &place, const QString &marque) {

@@ -45,7 +45,7 @@ struct PatientsDEssai {
         }
         transaction.commit();
     }
-    /// "field=value" of every row and field of the table, without the empty ones.
+    /// "field=value" of every row and field of the table, without the Nulls.
     QString contenu(Base base) const {
         const bool patients = base == Base::Patients;
         const Records rows = ouvre(base).query(patients ? SqlText("select * from TabPat")
@@ -53,9 +53,8 @@ struct PatientsDEssai {
         QStringList champs;
         for (const Record row : rows) {
             for (int i = 0; i < rows.fields().size(); ++i) {
-                champs += row.at(i).toText().isEmpty()
-                              ? QStringList()
-                              : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
+                champs += row.at(i).isNull() ? QStringList()
+                                             : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
             }
         }
         return champs.join(u';');

@@ -8,6 +8,7 @@
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QThreadPool>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
 
@@ -33,6 +34,7 @@ class RechercheTest : public testing::Test, public PatientsDEssai {
         recherche.utilise(env);
         dialogue.show();
     }
+    ~RechercheTest() override { QThreadPool::globalInstance()->waitForDone(); } // the index may be on its way
     QString liste() const {
         QStringList noms;
         for (int i = 0; i < grille.model()->rowCount(); ++i) {

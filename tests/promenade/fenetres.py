@@ -17,8 +17,8 @@ SAISIE, REGLAGES = ("FrmAjouter", "FrmEditer"), ("FrmTrancheHoraire", "FrmJourEx
 MESSAGES = {  # what may be said, and when
     "est occupé par un autre programme": lambda p: p.duree > 1,
     "est endommagé|est introuvable|pas une base": lambda p: not p.tiers.lisible,
-    "a été modifié sur un autre poste": lambda p: any(p.livre.tables["RDV"].get(x.ref, x.ligne) != x.ligne
-                                                      for x in p.visees),
+    "a été modifié sur un autre poste": lambda p: any(
+        x and p.livre.tables["RDV"].get(x.ref, x.ligne) != x.ligne for x in (*p.visees, p.avant.rdv)),
     "Ce rendez-vous n'existe": lambda p: any(x and x.ref not in p.livre.rdv for x in (*p.visees, p.avant.rdv)),
     "obligatoirement entrer un Nom": lambda p: not p.promesse["champs"]["Nom"],
     "Cette heure n'est pas valide": lambda p: p.dessus in REGLAGES or None in p.promesse["heures"],
@@ -26,7 +26,7 @@ MESSAGES = {  # what may be said, and when
     "Cette date n'est pas valide": lambda p: not p.promesse["jour"],
     "n'est pas libre|s'y trouve déjà": lambda p: p.genes(True) if p.promesse else p.a_ecrit,
     "plusieurs colonnes": lambda p: "glisse" in p.fait[-1],
-    "est placé au .*, un jour qui n'est pas affiché": lambda p: p.vue.semaine and not p.ctx.rdv,
+    "est enregistré au .* n'est pas dans ce qui est affiché": lambda p: not p.montree(p.dernier),
     "inscrit comme n'honorant pas": lambda p: any(x["RDVNonHonoré"] == "O" and propre(x["nom"]) == p.promesse["champs"][
         "Nom"] for x in p.patients.values()),
     "au moins deux jours|choisir un intervalle|trop rapprochés|Incohérence|ne se suivent pas":
@@ -194,7 +194,7 @@ class Fenetres:
         if faux or lit_base(self.bases + "Patient.mdb")["TabPat"] != self.patients:
             raise Faute(f"{faux or 'fiche changée'}\nécrit {nouvelle}\nétait {ancienne}\ndemandé {self.promesse}"
                         f"\nvu {[x.ligne for x in self.visees]}, fauteuil {self.place}, classe {self.classe}")
-        self.livre, self.promesse = Livre(neuf), None
+        self.livre, self.promesse, self.dernier = Livre(neuf), None, ref
         self.photos = self.anciennes = [self.livre]
         if nouvelle:
             self.suite = lambda _, apres: [f"{ref} écrit, {apres.panneaux} choisi"] * bool(

@@ -382,10 +382,14 @@ class Promenade(Fenetres):
             perdu = apres.plage and not apres.rdv and (apres.jour != avant.jour or not dans(
                 [type("Plage", (), {"debut": apres.plage[0], "fin": apres.plage[1]})], *avant.plage))
             return [f"sélection libre {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
-        la = [x for g in apres.grilles.values() for _, liste in g.colonnes for x in liste
-              if x.ref == avant.rdv.ref and g.horaire.n and g.horaire.visible(x)]
+        la = self.montree(avant.rdv.ref)
         perdu = la and apres.cle != la[0].cle() or not la and apres.rdv
         return [f"sélection {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
+
+    def montree(self, ref):
+        """The appointment, where a grid shows it."""
+        return [x for g in self.ctx.grilles.values() for _, liste in g.colonnes for x in liste
+                if x.ref == ref and g.horaire.n and g.horaire.visible(x)]
 
     def menu(self):
         voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),

@@ -18,7 +18,8 @@ class DbError : public std::exception {
         Other
     };
 
-    /// `precision` is French: the end of the sentence of Structure and Other, a sentence of its own for ReadOnly; `technical` is for what() alone.
+    /// `precision` is French: the end of the sentence of Structure and Other, a sentence of its own for
+    /// ReadOnly; `technical` is for what() alone.
     DbError(Kind kind, QString file, const QString &precision = {}, const QByteArray &technical = {});
 
     Kind kind() const { return m_kind; }

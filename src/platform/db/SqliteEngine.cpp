@@ -263,8 +263,10 @@ QStringList SqliteEngine::fieldNames(const QString &table) {
 }
 
 void SqliteEngine::attach(const QString &file, const QString &name) {
-    if (isMarkedReadOnly(file)) {
-        throw DbError(DbError::Kind::ReadOnly, file);
+    for (const QString &written : {m_file, file}) {
+        if (isMarkedReadOnly(written)) {
+            throw DbError(DbError::Kind::ReadOnly, written);
+        }
     }
     const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + quoted(name)));
     check(bindValue(statement, 1, Value(file)));

@@ -4,7 +4,7 @@
 
 /// The figure of a line such as "VmRSS:  1234 kB" in /proc/`processus`/`fichier`, in megabytes; 0 without
 /// one.
-inline double megaoctets(const QString &processus, const QString &fichier, const QByteArray &champ) {
+inline double megaOctets(const QString &processus, const QString &fichier, const QByteArray &champ) {
     QFile etat(QStringLiteral("/proc/%1/%2").arg(processus, fichier));
     if (!etat.open(QIODevice::ReadOnly)) {
         return 0;

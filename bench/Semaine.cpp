@@ -1,0 +1,226 @@
+// What is done on the week: drawing it, painting it, going to the next, selecting, booking.
+#include "Livres.h"
+#include "Mesure.h"
+#include "booking/FrmAjouter.h"
+#include "grid/AffichageTables.h"
+#include "grid/GrilleSemaine.h"
+#include "platform/db/DateInverse.h"
+#include "platform/ui/FlexGrid.h"
+#include "start/Demarrage.h"
+#include "start/FrmEntree.h"
+
+#include <QImage>
+#include <QLineEdit>
+#include <QPushButton>
+#include <sqlite3.h>
+
+namespace {
+
+/// The main window on its week, laid out as if it were shown.
+struct Carnet {
+    Environnement env = environnement(livreCourant());
+    FrmEntree fenetre{env};
+    FlexGrid &GrilleRDV = *fenetre.findChild<FlexGrid *>(QStringLiteral("GrilleRDV"));
+    GrilleSemaine semaine{GrilleRDV, env};
+    Demande demande{.PraticienCourant = Demarre(env).PraticienCourant, .jour = instant().date()};
+    QImage image;
+
+    Carnet() {
+        fenetre.Form_Load();
+        fenetre.setAttribute(Qt::WA_DontShowOnScreen); // the screen may be smaller than what is measured
+        fenetre.show();
+        image = QImage(GrilleRDV.size(), QImage::Format_RGB32); // what windows are made of
+    }
+    void clique(const char *bouton) { fenetre.findChild<QPushButton *>(QLatin1StringView(bouton))->click(); }
+    void peint() { GrilleRDV.render(&image); }
+
+    Affichage lit(int semaines = 0) const {
+        Demande voulue = demande;
+        voulue.jour = demande.jour.addDays(7 * semaines);
+        Database carnet = env.ouvreCarnet();
+        return LitAffichage(carnet, voulue, env.maintenant());
+    }
+    /// Appointments that the grid shows.
+    int montres() const {
+        const FlexGridModel &cellules = GrilleRDV.cells();
+        int combien = 0;
+        for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
+            for (int col = 1; col < cellules.cols() - 1; ++col) {
+                combien += cellules.cell(ligne, col).text.isEmpty() ? 0 : 1;
+            }
+        }
+        return combien;
+    }
+    /// What the grid shows, noted beside a measure that would be worth nothing on another week.
+    void verifie(qsizetype attendus, benchmark::UserCounters &chiffres) const {
+        if (attendus == 0 || montres() != attendus) {
+            throw MesureImpossible(
+                QStringLiteral("%1 rendez-vous dessinés pour %2 lus").arg(montres()).arg(attendus));
+        }
+        chiffres["rendez-vous"] = double(attendus);
+    }
+};
+
+/// The week as the database's own interface reads it, its file opened and closed as the book does for each
+/// action.
+class LectureNue {
+  public:
+    LectureNue(const Environnement &env, const Affichage &affichage)
+        : m_fichier(fichierRDV(env).toUtf8()), m_praticien(affichage.demande.numPraticien()),
+          m_fauteuil(CLng(affichage.grilles.first().config.FauteuilCourant)) {
+        const auto [premier, dernier] = JoursLus(affichage.demande);
+        m_premier = InverseDate(premier).toUtf8();
+        m_dernier = InverseDate(dernier).toUtf8();
+    }
+    /// Reads every column of every row; gives the number of rows.
+    int lit() const {
+        sqlite3 *base = nullptr;
+        sqlite3_stmt *requete = nullptr;
+        sqlite3_open_v2(m_fichier.constData(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+        sqlite3_prepare_v2(base, semaine, -1, &requete, nullptr);
+        sqlite3_bind_int64(requete, 1, m_praticien);
+        sqlite3_bind_text(requete, 2, m_premier.constData(), -1, SQLITE_STATIC);
+        sqlite3_bind_text(requete, 3, m_dernier.constData(), -1, SQLITE_STATIC);
+        sqlite3_bind_int64(requete, 4, m_fauteuil);
+        int lignes = 0;
+        for (; sqlite3_step(requete) == SQLITE_ROW; ++lignes) {
+            for (int col = 0; col < sqlite3_column_count(requete); ++col) {
+                if (sqlite3_column_type(requete, col) == SQLITE_INTEGER) {
+                    sqlite3_column_int64(requete, col);
+                } else {
+                    sqlite3_column_text(requete, col);
+                }
+            }
+        }
+        sqlite3_finalize(requete);
+        sqlite3_close(base);
+        return lignes;
+    }
+
+  private:
+    /// The expressions of the index RDVParJour, which is also in drawing order.
+    static constexpr const char *semaine =
+        "SELECT * FROM RDV WHERE CAST(NumPraticien AS INTEGER) = ?1 AND DateInv >= ?2 AND DateInv <= ?3"
+        " AND CAST(Fauteuil AS INTEGER) = ?4 ORDER BY DateInv, HeureDebut";
+
+    QByteArray m_fichier;
+    QByteArray m_premier;
+    QByteArray m_dernier;
+    long m_praticien;
+    long m_fauteuil;
+};
+
+/// Reading the week and drawing it into the grid, against reading its rows.
+Paire traceSemaine() {
+    const auto carnet = std::make_shared<Carnet>();
+    const LectureNue nue(carnet->env, carnet->lit());
+    carnet->semaine.dessine(carnet->lit()); // its pictures are loaded then, as after the first week shown
+    return {[=](auto &chiffres) {
+                const double duree = millisecondes([&] { carnet->semaine.dessine(carnet->lit()); });
+                carnet->verifie(nue.lit(), chiffres);
+                return duree;
+            },
+            [=](auto &) { return millisecondes([&] { nue.lit(); }); }};
+}
+
+Paire peintureSemaine() {
+    const auto carnet = std::make_shared<Carnet>();
+    constexpr QSize taille(1920, 1080);
+    carnet->fenetre.resize(carnet->fenetre.size() + taille - carnet->GrilleRDV.size());
+    carnet->image = QImage(carnet->GrilleRDV.size(), QImage::Format_RGB32);
+    if (carnet->image.size() != taille) {
+        throw MesureImpossible(QStringLiteral("la grille ne mesure pas 1920 sur 1080"));
+    }
+    return {[=](auto &) { return millisecondes([&] { carnet->peint(); }); }};
+}
+
+/// "Suivante >>" until the week is painted, against drawing and painting that same week from nothing.
+Paire changementSemaine() {
+    const auto carnet = std::make_shared<Carnet>();
+    const qsizetype attendus = carnet->lit(1).grilles.first().rendezVous.size();
+    return {[=](auto &chiffres) {
+                carnet->clique("BtnAujourdhui");
+                const double duree = millisecondes([&] {
+                    carnet->clique("BtnSuivant");
+                    carnet->peint();
+                });
+                carnet->verifie(attendus, chiffres);
+                return duree;
+            },
+            [=](auto &) {
+                return millisecondes([&] {
+                    carnet->semaine.dessine(carnet->lit(1));
+                    carnet->peint();
+                });
+            }};
+}
+
+/// A press on one appointment of a full week, then on another.
+Paire selection() {
+    const auto carnet = std::make_shared<Carnet>();
+    return {[carnet, ligne = 10](auto &) mutable {
+        ligne = ligne == 10 ? 45 : 10;
+        const double duree = millisecondes([&] {
+            emit carnet->GrilleRDV.selectionAsked({ligne, 3, ligne, 3}, FlexGrid::Gesture::Press);
+        });
+        const auto &contour = carnet->GrilleRDV.outline();
+        if (!contour || ligne < contour->row || ligne > contour->rowSel) {
+            throw MesureImpossible(QStringLiteral("la case pressée n'est pas sélectionnée"));
+        }
+        return duree;
+    }};
+}
+
+/// Takes away what the measure has booked, and what an interrupted one left.
+void efface(const Environnement &env) {
+    Database base = env.ouvreCarnet();
+    base.execute(SqlText("delete from RDV where Nom = 'MESURE'"));
+}
+
+/// A press of "&Ajouter" until the week is painted again, the new row safely on the disk.
+double ajoute(Carnet &carnet, QTime debut) {
+    const Configuration config = carnet.lit().grilles.first().config;
+    FrmAjouter dialogue(carnet.env, {.PraticienCourant = carnet.demande.PraticienCourant,
+                                     .FauteuilCourant = config.FauteuilCourant,
+                                     .jour = carnet.demande.jour,
+                                     .horaire = {debut, debut.addSecs(600)},
+                                     .Intervalle = config.Intervalle,
+                                     .ChoixHoraire = 1});
+    dialogue.findChild<QLineEdit *>(QStringLiteral("Text1"))->setText(QStringLiteral("MESURE"));
+    dialogue.findChild<QLineEdit *>(QStringLiteral("Text4"))->setText(QStringLiteral("banc d'essai"));
+    auto *bouton = dialogue.findChild<QPushButton *>(QStringLiteral("BtnAjouter"));
+    const double duree = millisecondes([&] {
+        bouton->click();
+        carnet.clique("BtnRafraichir");
+        carnet.peint();
+    });
+    if (dialogue.result() != QDialog::Accepted) {
+        throw MesureImpossible(QStringLiteral("le rendez-vous n'a pas été ajouté"));
+    }
+    return duree;
+}
+
+Paire ajout() {
+    const std::shared_ptr<Carnet> carnet(new Carnet, [](Carnet *fini) {
+        efface(fini->env);
+        delete fini;
+    });
+    efface(carnet->env);
+    // Before the shown hours, where the full week is free: ten minutes further at each call.
+    return {
+        [carnet, rang = 0](auto &) mutable { return ajoute(*carnet, QTime(0, 10).addSecs(600 * rang++)); }};
+}
+
+} // namespace
+
+std::vector<Mesure> mesuresSemaine() {
+    return {{.nom = "trace_semaine", .repetitions = 201, .prepare = traceSemaine, .rapportMax = 1.8},
+            {.nom = "peinture_semaine", .repetitions = 101, .prepare = peintureSemaine, .valeurMax = 16},
+            {.nom = "changement_semaine",
+             .repetitions = 101,
+             .prepare = changementSemaine,
+             .rapportMax = 1.3,
+             .valeurMax = 20},
+            {.nom = "selection", .repetitions = 201, .prepare = selection, .valeurMax = 2},
+            {.nom = "ajout", .repetitions = 31, .prepare = ajout, .valeurMax = 40}};
+}
