@@ -1,27 +1,37 @@
 #include "start/ActionsSelection.h"
 
 #include "booking/MessagesRDV.h"
+#include "grid/RendezVousTables.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
+#include "practice/Essai.h"
 
 #include <QWidget>
 
 ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_actions(new ActionsRDV(env, fenetre)) {
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_fenetre(fenetre),
+      m_actions(new ActionsRDV(env, fenetre)) {
     m_actions->setParent(this);
     connect(m_actions, &ActionsRDV::rdvEcrit, this, &ActionsSelection::rdvEcrit);
 }
 
 bool ActionsSelection::relitRDV(const QString &disparu, const QString &titre) {
-    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
+    const RendezVous voulu = *m_carnet.selection().rdv;
     if (!m_carnet.relit()) {
         return false;
     }
-    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
-    if (!encoreLa) {
-        m_env.messages->show(disparu, titre);
+    if (m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu.RefRDV) {
+        return true;
     }
-    return encoreLa;
+    std::optional<RendezVous> ailleurs;
+    if (essaie(m_env, [&] {
+            Database carnet = m_env.ouvreCarnet();
+            ailleurs = LitRDV(carnet, voulu.RefRDV);
+        })) {
+        m_env.messages->show(ailleurs ? MessageModifie(voulu, *ailleurs) : disparu,
+                             ailleurs ? titreModifie : titre);
+    }
+    return false;
 }
 
 void ActionsSelection::mnuAjouter_Click() {
@@ -56,11 +66,12 @@ void ActionsSelection::mnuPresent_Click() {
 }
 
 void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
-    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
-    const Affichage &affichage = m_carnet.affichage();
-    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
-        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
-        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
-                                 .arg(DatesFr::jourComplet(rdv.Date1)));
+    m_fenetre.activateWindow(); // two windows that close together leave some window managers with none active
+    if (m_carnet.relit() && !m_carnet.selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
+        m_env.messages->show(
+            QStringLiteral(
+                "Le rendez-vous est enregistré au %1, de %2 à %3 : il n'est pas dans ce qui est affiché.")
+                .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
+                     DatesFr::heure(rdv.HeureFin)));
     }
 }
