@@ -204,7 +204,7 @@ Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins
         return avant;
     }
     const QDate jour = jourDeColonne(affichage, grille, corriges->colonne);
-    if (geste == Geste::Glisse) {
+    if (geste == Geste::Glisse || corriges->ligne != corriges->ligneFin) {
         return premierDe(affichage, grille, *corriges, jour);
     }
     Selection selection = analyse(affichage, grille, *corriges, jour, 0);
@@ -225,8 +225,7 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
     if (avant.vide() || affichage.grilles.isEmpty()) {
         return {};
     }
-    const bool ici = memePlace(affichage, ancien);
-    if (avant.rdv && ici) {
+    if (avant.rdv && memePlace(affichage, ancien)) {
         const Selection meme = retrouve(affichage, avant.rdv->RefRDV, avant.grille, avant.contour);
         if (!meme.vide()) {
             return meme;
@@ -243,9 +242,10 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
     if (!lignes) {
         return {};
     }
-    const Selection reprise = premierDe(affichage, grille, *lignes, jour);
-    const bool placePrise = avant.rdv && ici && reprise.rdv;
-    return placePrise ? Selection() : reprise;
+    const Selection reprise = analyse(affichage, grille, *lignes, jour, 0);
+    const bool autreJour =
+        affichage.demande.jour != ancien.demande.jour && reprise.jour != affichage.demande.jour;
+    return reprise.rdv || autreJour ? Selection() : reprise;
 }
 
 Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV) {
