@@ -76,15 +76,15 @@ class Programme:
         xtest.fake_input(self.x, X.MotionNotify, x=int(x), y=int(y))
         self.x.sync()
 
-    def clic(self, point, bouton=1, fois=1):
-        """Never taken for the second half of a double click with the click before."""
-        self.seul(point)
+    def clic(self, point, bouton=1, fois=1, loin=8):
+        """Never taken for the second half of a double click with the click before, up to `loin` pixels away."""
+        self.seul(point, loin)
         for _ in range(fois):
             self.frappe(bouton)
 
-    def seul(self, point):
+    def seul(self, point, loin=8):
         (dx, dy, quand), (x, y) = self.dernier, point
-        attends(lambda: abs(dx - x) + abs(dy - y) >= 12 or time.monotonic() > quand + DOUBLE_CLIC, 2,
+        attends(lambda: max(abs(dx - x), abs(dy - y)) > loin or time.monotonic() > quand + DOUBLE_CLIC, 2,
                 "un clic")
         self.va(x, y)
         self.dernier = (x, y, time.monotonic())

@@ -74,7 +74,7 @@ class Fenetres:
         self.dit(f"{dessus} : {nom} {[c[0] for c in ligne or []]}")
         self.promet_fenetre(nom, ligne)
         if "cellules" in objet:
-            self.prog.clic(self.point(objet, r, 1 if ligne is None else 0))
+            self.prog.clic(self.point(objet, r, 1 if ligne is None else 0), loin=9999)  # no second click
         elif objet["classe"] == "touche":
             self.prog.frappe(nom)
         elif objet["classe"] in ("QLineEdit", "ChampDate"):
