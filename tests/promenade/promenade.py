@@ -241,10 +241,11 @@ class Promenade(Fenetres):
             pris = [x.cle() for x in grille.colonnes[0][1] if grille.horaire.visible(x)]
             juste = apres.cle == pris[0] if pris else apres.contours == [(nom, 1, n, 1, 1)]
             return [f"jour entier : {apres.contours} {apres.cle}"] * (not juste)
-        if faux := self.sur(apres, nom, r, c):
-            return faux
-        pris = dans(apres.liste, grille.horaire.heure(r), grille.horaire.heure(r + 1))
+        pris = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
         cles = [x.cle() for x in pris]
+        retour = fois == 2 and apres.cle in cles  # what was chosen before keeps its outline
+        if faux := self.sur(apres, nom, r, c) * (not retour):
+            return faux
         meme = avant.rdv and (avant.nom, avant.jour) == (nom, apres.jour) and avant.cle in cles
         if pris and not self.a_ecrit:
             rang = (cles.index(avant.cle) + 2 - fois) % len(pris) if meme else 0
