@@ -107,6 +107,9 @@ TEST_F(FenetreTest, DayView) {
     livre.rdv({.nom = "SECOND", .fauteuil = 2});
     ouvre();
     joue(R"(
+        fauteuil 1   |
+        BtnJour      | docteur UN 0 1 ---- 11 mars 2026
+        BtnSemaine   | docteur UN 0 0 ---- 11 mars 2026
         BtnJour      | docteur UN 0 0 ---- 11 mars 2026 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
         clic 2,1 1   | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX [2,1-2,1]; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
         clic 10,1 2  |
