@@ -147,6 +147,12 @@ Selection selectionneRDV(const Affichage &affichage, int numero, const RendezVou
                    rangDe(dessous(grille, rdv.Date1, montre), rdv.RefRDV));
 }
 
+/// The first appointment of rows that the user did not choose one by one: the outline keeps that one only.
+Selection premierDe(const Affichage &affichage, int numero, const Coins &coins, QDate jour) {
+    const Selection lignes = analyse(affichage, numero, coins, jour, 0);
+    return lignes.rdv ? selectionneRDV(affichage, numero, *lignes.rdv, lignes.contour) : lignes;
+}
+
 /// The appointment in the grid `prefere` where that shows it, else in another; nothing when none does.
 Selection retrouve(const Affichage &affichage, qint64 RefRDV, int prefere, const PlageHoraire &contour) {
     Selection trouvee;
@@ -198,9 +204,12 @@ Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins
         return avant;
     }
     const QDate jour = jourDeColonne(affichage, grille, corriges->colonne);
+    if (geste == Geste::Glisse || corriges->ligne != corriges->ligneFin) {
+        return premierDe(affichage, grille, *corriges, jour);
+    }
     Selection selection = analyse(affichage, grille, *corriges, jour, 0);
     const bool memeGrille = avant.rdv && avant.grille == grille && avant.jour == jour;
-    if (geste == Geste::Clic && memeGrille && selection.nombre > 1) {
+    if (memeGrille && selection.nombre > 1) {
         const PlageHoraire plage = heuresDesLignes(affichage.grilles[grille].creneaux,
                                                    corriges->premiereLigne(), corriges->derniereLigne());
         const int rang = rangDe(dessous(affichage.grilles[grille], jour, plage), avant.rdv->RefRDV);

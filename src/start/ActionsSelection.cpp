@@ -1,8 +1,10 @@
 #include "start/ActionsSelection.h"
 
 #include "booking/MessagesRDV.h"
+#include "grid/RendezVousTables.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
+#include "practice/Essai.h"
 
 #include <QWidget>
 
@@ -14,15 +16,22 @@ ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carne
 }
 
 bool ActionsSelection::relitRDV(const QString &disparu, const QString &titre) {
-    const qint64 voulu = m_carnet.selection().rdv->RefRDV;
+    const RendezVous voulu = *m_carnet.selection().rdv;
     if (!m_carnet.relit()) {
         return false;
     }
-    const bool encoreLa = m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu;
-    if (!encoreLa) {
-        m_env.messages->show(disparu, titre);
+    if (m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu.RefRDV) {
+        return true;
     }
-    return encoreLa;
+    std::optional<RendezVous> ailleurs;
+    if (essaie(m_env, [&] {
+            Database carnet = m_env.ouvreCarnet();
+            ailleurs = LitRDV(carnet, voulu.RefRDV);
+        })) {
+        m_env.messages->show(ailleurs ? MessageModifie(voulu, *ailleurs) : disparu,
+                             ailleurs ? titreModifie : titre);
+    }
+    return false;
 }
 
 void ActionsSelection::mnuAjouter_Click() {

@@ -16,7 +16,7 @@ FAUTEUILS = {1: (1, 2), 2: (0,), 4: (), 5: (1, 2, 12), 8: (1, 3), 12: (0,), 7: (
 NON_LISTE, SANS_DEFAUT = 7, 8
 BIZARRES = ({"HeureDebut": "09:10:30", "HeureFin": "09:40:20"}, {"Nom": None, "Prenom": None}, {"HeureDebut": None},
             {"HeureDebut": "1899-12-30 09:15:00", "HeureFin": "1899-12-30 09:45:00"}, {"HeureFin": "abc"},
-            {"HeureFin": "08:10:00"}, {"Fauteuil": None}, {"NumPraticien": None}, {"DateInv": None},
+            {"HeureFin": "08:10:00"}, {"Fauteuil": None}, {"NumPraticien": None}, {"DateInv": None}, {"Date1": None},
             {"DateInv": "20250101"}, {"HeureDebut": "17:45:00", "HeureFin": "18:15:00"},
             {"HeureDebut": "06:45:00", "HeureFin": "08:15:00"}, {"HeureDebut": "08:00:00", "HeureFin": "19:40:00"},
             {"HeureDebut": "11:40:00", "HeureFin": "14:20:00"}, {"HeureDebut": "09:04:00", "HeureFin": "09:07:00"})
@@ -32,7 +32,8 @@ TABLES = {
     "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, Titre TEXT, nom TEXT, PreNom TEXT, Word INTEGER"},
     "Base/Fichiers/Patient.mdb": {"TabPat": "cptid INTEGER PRIMARY KEY AUTOINCREMENT, nom TEXT, PreNom TEXT, "
                                             "DateNais TEXT, RDVNonHonoré TEXT"},
-    "Base/Fichiers/Actes.mdb": {"Actes": "NumActe INTEGER, NumPatient INTEGER, AFaire INTEGER, Libellé TEXT"},
+    "Base/Fichiers/Actes.mdb": {"Actes": "NumActe INTEGER, NumPatient INTEGER, AFaire INTEGER, Libellé TEXT, "
+                                       "CodeSecu TEXT, Coefficient REAL"},
     "Donnees/Fichiers/PatientTavelin.mdb": {
         "LePatient": "NomPatient TEXT, PrenomPatient TEXT, NumPatient INTEGER", "LePraticien": "NumPraticien TEXT"},
     "CheminBelmor.mdb": {"Chemin": "LeChemin TEXT, CheminBase TEXT"},

@@ -180,7 +180,7 @@ class Etat:
         return (self.objet(nom, fenetre) or {"text": ""})["text"]
 
     def textes(self):
-        return {o["objectName"]: o["text"].strip() for o in self.objets()}
+        return {o["objectName"]: o["text"].strip() for o in self.objets() if "text" in o}
 
     def grille(self, nom, fenetre="FrmEntree"):
         return self.par_nom[fenetre]["grilles"].get(nom)

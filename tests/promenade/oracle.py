@@ -71,7 +71,8 @@ def lit_base(chemin):
 class RendezVous:
     def __init__(self, ref, ligne):
         self.ref, self.ligne = ref, ligne
-        self.jour = datetime.date.fromisoformat(ligne["Date1"][:10]) if ligne["Date1"] else None
+        jour = ligne["Date1"] or ligne["DateInv"]
+        self.jour = datetime.date.fromisoformat(jour[:10]) if jour else None
         self.debut, self.fin = minutes(ligne["HeureDebut"]), minutes(ligne["HeureFin"])
         self.dessine = self.debut is not None and self.fin is not None and self.debut < self.fin
         self.nom, self.prenom, self.desc = propre(ligne["Nom"]), propre(ligne["Prenom"]), ligne["Description"] or ""
@@ -314,7 +315,8 @@ class Contexte:
         if self.plage is None or len(self.contours) > 1:
             return [f"contours : {self.contours}"]
         horaire, sur = self.grille.horaire, bool(self.dessous)
-        voulu = dict(zip(ACTIONS, (not sur and bool(self.montre.configs), sur, sur, sur)))
+        voulu = dict(zip(ACTIONS, (not sur and self.grille.fauteuil in [c.fauteuil for c in self.montre.configs],
+                                    sur, sur, sur)))
         fin = min(self.plage[1], 1439)
         dits = [(self.date, self.jour, "panneau 4"), (actif, voulu, "menus")]
         if not sur:

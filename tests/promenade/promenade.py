@@ -165,6 +165,8 @@ class Promenade(Fenetres):
         if faux:
             return faux
         self.photos = photos[photos.index(vu):]
+        if self.peut:  # two books that look the same: it is the newer one that was read
+            self.ctx = [e for e in essais if not e[0]][-1][3]
         if self.tiers.lisible and self.duree <= LONG and etat.dessus == "FrmEntree":
             if self.frais and ("bold" in etat.objet("StatusBar1_5", "FrmEntree")["styleSheet"]
                                or lu < self.maintenant() - datetime.timedelta(seconds=PATIENCE + 3 + self.duree)):
@@ -198,8 +200,9 @@ class Promenade(Fenetres):
         return [r for r, (y, haut) in enumerate(g["lignes"]) if haut and y >= 0 and y + haut <= g["surface"][3]]
 
     def point(self, g, r, c):
-        """Row 0 lies above the surface, in the header."""
-        (x, large), (y, haut) = g["colonnes"][c], g["lignes"][r] if r else (-12, 4)
+        """A hidden row is the one that the header shows, above the surface."""
+        (x, large), (y, haut) = g["colonnes"][c], g["lignes"][r]
+        y, haut = (y, haut) if haut else (-12, 4)
         return g["surface"][0] + x + self.h.randrange(3, large - 3), g["surface"][1] + y + haut // 2
 
     def clic(self, fois=1, bouton=1):
@@ -379,10 +382,14 @@ class Promenade(Fenetres):
             perdu = apres.plage and not apres.rdv and (apres.jour != avant.jour or not dans(
                 [type("Plage", (), {"debut": apres.plage[0], "fin": apres.plage[1]})], *avant.plage))
             return [f"sélection libre {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
-        la = [x for g in apres.grilles.values() for _, liste in g.colonnes for x in liste
-              if x.ref == avant.rdv.ref and g.horaire.n and g.horaire.visible(x)]
+        la = self.montree(avant.rdv.ref)
         perdu = la and apres.cle != la[0].cle() or not la and apres.rdv
         return [f"sélection {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
+
+    def montree(self, ref):
+        """The appointment, where a grid shows it."""
+        return [x for g in self.ctx.grilles.values() for _, liste in g.colonnes for x in liste
+                if x.ref == ref and g.horaire.n and g.horaire.visible(x)]
 
     def menu(self):
         voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),

@@ -126,7 +126,7 @@ QByteArray etat() {
     QJsonArray actions;
     for (const QWidget *widget : QApplication::allWidgets()) {
         if (const auto *menu = qobject_cast<const QMenu *>(widget)) {
-            ajouteActions(actions, *menu);
+            menu->objectName().isEmpty() ? void() : ajouteActions(actions, *menu); // not the bar's extension
         } else if (const auto *barre = qobject_cast<const QMenuBar *>(widget)) {
             ajouteActions(actions, *barre);
         } else if (widget->isWindow() && widget->isVisible()) {
