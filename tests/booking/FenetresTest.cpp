@@ -57,6 +57,7 @@ void joue(const QWidget &f, const char *gestes) {
         const QByteArray reste = geste.mid(1).toUtf8();
         if (geste[0] == u'>') {
             presse(f, reste.constData());
+            EXPECT_TRUE(reste != "BtnInit" || texte(f, "txtNumPatient").toInt() == 0);
         } else if (geste[0] == u'+' || geste[0] == u'!') {
             champ(f, "TxtPatient").setText(q(reste));
             QTest::keyClick(&champ(f, "TxtPatient"), Qt::Key_Down);
@@ -120,7 +121,9 @@ class FenetresRDV : public testing::Test {
         return lus;
     }
 
-    RendezVous dernier() { return signale.takeLast().at(0).value<RendezVous>(); }
+    RendezVous dernier() {
+        return signale.isEmpty() ? RendezVous() : signale.takeLast().at(0).value<RendezVous>();
+    }
 
     CabinetDEssai cabinet;
     Environnement env = cabinet.environnement();

@@ -171,7 +171,7 @@ TEST_F(ReservationTest, ASlotThatIsBeingTakenIsTaken) {
 TEST_F(ReservationTest, NothingIsWrittenInALockedReadOnlyOrFullBook) {
     const RendezVous present = rdv(ajoute(nouveau("A|09:00|09:30")));
     const QString avant = contenu();
-    Database poste = livre.ouvre();
+    Database poste = Database::open(livre.fichier(), std::chrono::milliseconds(0));
     const std::function<void(Database &)> ecritures[] = {
         [](Database &b) { AjouteRDV(b, nouveau("B|10:00|10:30")); },
         [&](Database &b) { ModifieRDV(b, present, saisie("A|10:00|10:30"), 1, 1); },

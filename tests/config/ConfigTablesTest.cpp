@@ -11,7 +11,8 @@ class ConfigTablesTest : public testing::Test {
   protected:
     Enregistrement enregistre(const char *nom, std::optional<int> fauteuil, bool defaut = false) {
         Database base = livre.ouvre();
-        return EnregistreConfig(base, {q(nom), q("01"), fauteuil, defaut}, configDe({.grise = {0, 1, 2, 3, 0, 0, 0}}));
+        return EnregistreConfig(base, {q(nom), q("01"), fauteuil, defaut},
+                                configDe({.grise = {0, 1, 2, 3, 0, 0, 0}}));
     }
     Livre livre;
 };
@@ -23,7 +24,9 @@ TEST_F(ConfigTablesTest, ASavedConfigurationIsReadBackWhole) {
     Database base = livre.ouvre();
     const QList<LigneConfig> lues = ConfigsDuPraticien(base, 1);
     ASSERT_EQ(lues.size(), 1);
-    EXPECT_EQ(lues[0], (LigneConfig{configDe({.nom = "été d'Hélène", .fauteuil = 4, .grise = {0, 1, 2, 3, 0, 0, 0}}), true}));
+    EXPECT_EQ(lues[0],
+              (LigneConfig{configDe({.nom = "été d'Hélène", .fauteuil = 4, .grise = {0, 1, 2, 3, 0, 0, 0}}),
+                           true}));
     EXPECT_TRUE(ConfigsDuPraticien(base, 10).isEmpty());
 }
 

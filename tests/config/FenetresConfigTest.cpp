@@ -24,7 +24,8 @@ class FenetresConfigTest : public testing::Test {
         env.patience = {};
         env.CheminBaseRDV = livre.fichier();
     }
-    template <typename T> static T &controle(const QDialog &fenetre, const char *nom) {
+    template <typename T>
+    static T &controle(const QDialog &fenetre, const char *nom) {
         return *fenetre.findChild<T *>(q(nom));
     }
     static void clique(const QDialog &fenetre, const char *noms) {
@@ -87,21 +88,29 @@ TEST_F(FenetresConfigTest, SlotsAndHoursAreGivenBackOnOk) {
     clique(fenetre, "Option12 BtnOK");
     EXPECT_EQ(dits(), "");
     EXPECT_EQ(fenetre.result(), QDialog::Accepted);
-    EXPECT_EQ(fenetre.configuration(), configDe({.heures = {"09:00", "12:00", "14:00", "18:00"}, .grise = {0, 1, 2, 3, 0, 0, 3}}));
+    EXPECT_EQ(fenetre.configuration(),
+              configDe({.heures = {"09:00", "12:00", "14:00", "18:00"}, .grise = {0, 1, 2, 3, 0, 0, 3}}));
 }
 
 TEST_F(FenetresConfigTest, HoursThatDoNotDoAreToldAndNothingIsChanged) {
-    const char *const pasUneHeure = "Erreur !|Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00.";
+    const char *const pasUneHeure =
+        "Erreur !|Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00.";
     const char *const ouverture = "08:00 12:00 14:00 18:00";
     struct Cas {
         const char *option, *champ, *saisi, *message, *apres;
     };
     for (const Cas &cas :
-         {Cas{"Option12", "Text4", "15:00", "Erreur !|Les horaires sont trop rapprochés ou l'intervalle est trop grand.\nVeuillez les modifier.", ouverture},
-          Cas{"Option5", "Text4", "18:00", "Erreur de cohérence.|Incohérence entre l'intervalle et l'heure de fin du matin.", ouverture},
+         {Cas{"Option12", "Text4", "15:00",
+              "Erreur !|Les horaires sont trop rapprochés ou l'intervalle est trop grand.\nVeuillez les "
+              "modifier.",
+              ouverture},
+          Cas{"Option5", "Text4", "18:00",
+              "Erreur de cohérence.|Incohérence entre l'intervalle et l'heure de fin du matin.", ouverture},
           Cas{"Option3", "Text3", "24:00", pasUneHeure, "08:00 12:00 24:00 18:00"},
           Cas{"Option3", "Text2", "", pasUneHeure, "08:00  14:00 18:00"},
-          Cas{"Option3", "Text4", "13:00", "Erreur !|Les horaires ne se suivent pas : 14:00 vient après 13:00. Veuillez les modifier.", "08:00 12:00 14:00 13:00"}}) {
+          Cas{"Option3", "Text4", "13:00",
+              "Erreur !|Les horaires ne se suivent pas : 14:00 vient après 13:00. Veuillez les modifier.",
+              "08:00 12:00 14:00 13:00"}}) {
         FrmTrancheHoraire fenetre(env, config);
         saisit(fenetre, cas.champ, cas.saisi);
         clique(fenetre, cas.option);
@@ -119,7 +128,8 @@ TEST_F(FenetresConfigTest, HoursThatDoNotDoAreToldAndNothingIsChanged) {
 TEST_F(FenetresConfigTest, DaysAreGivenBackOnOkTheRestDayAlways) {
     Configuration sansGris = config;
     sansGris.JourGrise[6] = 0;
-    EXPECT_EQ(coches(FrmJourExclure(env, sansGris)), ".x.x..X ..xx..X .....xX") << "the rest day is hidden and grey";
+    EXPECT_EQ(coches(FrmJourExclure(env, sansGris)), ".x.x..X ..xx..X .....xX")
+        << "the rest day is hidden and grey";
     FrmJourExclure annulee(env, config);
     clique(annulee, "Option3");
     EXPECT_EQ(coches(annulee), "..X.... ..X.... ..X....");
@@ -167,9 +177,11 @@ TEST_F(FenetresConfigTest, SavingRefusesInItsOrder) {
     livre.config({.nom = "Prise", .fauteuil = 2, .praticien = "02"});
     livre.config();
     const std::string avant = livre.configs();
-    for (const Cas &cas : {Cas{"Été", "1a", fauteuilFaux, "TxtNumFauteuil"}, Cas{"   ", "", nomFaux, "Text6"}, Cas{"Été", "12", nomFaux, "Text6"},
-                           Cas{" prise ", "1", "Action Impossible|Une configuration porte déjà ce nom !", "Text6"},
-                           Cas{"Bonne", "1", "Action Impossible|Un Fauteuil porte déjà ce numéro !", "TxtNumFauteuil"}}) {
+    for (const Cas &cas :
+         {Cas{"Été", "1a", fauteuilFaux, "TxtNumFauteuil"}, Cas{"   ", "", nomFaux, "Text6"},
+          Cas{"Été", "12", nomFaux, "Text6"},
+          Cas{" prise ", "1", "Action Impossible|Une configuration porte déjà ce nom !", "Text6"},
+          Cas{"Bonne", "1", "Action Impossible|Un Fauteuil porte déjà ce numéro !", "TxtNumFauteuil"}}) {
         const FrmSauvegarde fenetre(env, q("01"), config);
         saisit(fenetre, "Text6", cas.nom);
         saisit(fenetre, "TxtNumFauteuil", cas.fauteuil);
@@ -185,7 +197,8 @@ TEST_F(FenetresConfigTest, SavingRefusesInItsOrder) {
         const FrmSauvegarde fenetre(env, q("01"), c);
         saisit(fenetre, "Text6", "Bonne");
         clique(fenetre, "BtnSauver");
-        EXPECT_NE(dits().find(c == config ? "protégé en écriture" : "ne peut pas être sauvegardée"), std::string::npos);
+        EXPECT_NE(dits().find(c == config ? "protégé en écriture" : "ne peut pas être sauvegardée"),
+                  std::string::npos);
         EXPECT_EQ(controle<QLineEdit>(fenetre, "Text6").text(), q("Bonne")) << "typed once is enough";
     }
     EXPECT_EQ(livre.configs(), avant);

@@ -15,10 +15,12 @@ class Images {
   public:
     Images() {
         QDir(m_dossier.path()).mkdir(q("Images"));
-        const QStringList couleurs{q("Bleu"), q("Violet"), q("Orange"), q("Jaune"), q("Vert"), q("Brown"), q("BleuF")};
+        const QStringList couleurs{q("Bleu"), q("Violet"), q("Orange"), q("Jaune"),
+                                   q("Vert"), q("Brown"),  q("BleuF")};
         for (int forme = 1; forme <= 4; ++forme) {
             for (int jour = 1; jour <= 7; ++jour) {
-                const QString nom = QStringList{q("Dbl"), q("Top"), q("Mid"), q("Low")}[forme - 1] + couleurs[jour - 1];
+                const QString nom =
+                    QStringList{q("Dbl"), q("Top"), q("Mid"), q("Low")}[forme - 1] + couleurs[jour - 1];
                 EXPECT_TRUE(QImage(10 + forme, 20 + jour, QImage::Format_RGB32)
                                 .save(m_dossier.filePath(q("Images/") + nom + q(".bmp"))));
             }
@@ -33,7 +35,8 @@ class Images {
     QTemporaryDir m_dossier;
 };
 
-/// What a cell shows: "#" for grey, shape and weekday of its picture, its colour ("b": a button's), "!" for red, "w" for white, text.
+/// What a cell shows: "#" for grey, shape and weekday of its picture, its colour ("b": a button's), "!" for
+/// red, "w" for white, text.
 QString vu(const FlexCell &cellule) {
     QString texte;
     if (!cellule.picture.isNull()) {
@@ -44,7 +47,8 @@ QString vu(const FlexCell &cellule) {
         texte += cellule.back == QColor(160, 160, 160) ? q("#") : bouton ? q("b") : cellule.back.name();
     }
     if (cellule.fore.isValid()) {
-        texte += cellule.fore == QColor(255, 0, 0) ? q("!") : (cellule.fore == QColor(Qt::white) ? q("w") : q("l"));
+        texte += cellule.fore == QColor(255, 0, 0) ? q("!")
+                                                   : (cellule.fore == QColor(Qt::white) ? q("w") : q("l"));
     }
     return texte + cellule.text;
 }
@@ -94,7 +98,9 @@ TEST(Dessin, AWeek) {
     Affichage affichage{mercredi, {}, 0, {{config, CreneauxSemaine(config), {}, liste, {}}}, {}};
     affichage.lu = QDateTime(mercredi.jour, QTime(9, 31));
     semaine.dessine(affichage);
-    EXPECT_EQ(dessin(grille), R"(#lHeure|#0080ffwlundi 09 mars|#800080wmardi 10 mars|#ff8000wmercredi 11 mars|#008080wvendredi 13 mars|#lHeure
+    EXPECT_EQ(
+        dessin(grille),
+        R"(#lHeure|#0080ffwlundi 09 mars|#800080wmardi 10 mars|#ff8000wmercredi 11 mars|#008080wvendredi 13 mars|#lHeure
 #l08:00|T1#0080ffw  VENU Léa  [bilan]|M2#  AVANT Léa|D3!  RETARD Léa|T5#  SANS Léa|#l08:00
 #l08:30|M1#0080ffw|L2#||#|#l08:30
 #l09:00|L1#0080ffw|#|D3#ff8000w  PRESENT Léa|#|#l09:00
@@ -120,12 +126,16 @@ TEST(Dessin, AWeek) {
 }
 
 TEST(Dessin, ADay) {
-    const Configuration config =
-        configDe({.intervalle = 120, .heures = {"08:00", "12:00", "12:00", "13:00"}, .grise = {3, 3, 3, 3, 3, 3, 3}});
+    const Configuration config = configDe(
+        {.intervalle = 120, .heures = {"08:00", "12:00", "12:00", "13:00"}, .grise = {3, 3, 3, 3, 3, 3, 3}});
     FlexGrid gauche;
     FlexGrid droite;
     const Images images;
-    const Demande jour{.PraticienCourant = {}, .VueSemaine = false, .jour = QDate(2026, 2, 11), .fauteuil = {}, .config = {}};
+    const Demande jour{.PraticienCourant = {},
+                       .VueSemaine = false,
+                       .jour = QDate(2026, 2, 11),
+                       .fauteuil = {},
+                       .config = {}};
     GrillesJour(gauche, droite, images.env)
         .dessine({jour,
                   {},

@@ -3,5 +3,6 @@
 set -eu
 walls=$(cd "$(dirname "$0")" && pwd)/walls.awk
 cd "$1"
-find src app -name CMakeLists.txt -o -name '*.h' -o -name '*.cpp' 2>/dev/null |
-    LC_ALL=C sort | awk -v qtcore="$2" -f "$walls"
+# the CMake lists first: they tell what kind each source is
+awk -v qtcore="$2" -f "$walls" $(find src -name CMakeLists.txt | LC_ALL=C sort) \
+    $(find src app -name '*.h' -o -name '*.cpp' | LC_ALL=C sort)

@@ -18,12 +18,19 @@ class FlexGridTest : public testing::Test {
         }
         grid.resize(300, 400);
         grid.show();
-        QObject::connect(&grid, &FlexGrid::selectionAsked, &grid, [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
-            const std::string what[] = {"press", "right", "drag", "key"};
-            asked += what[int(g)] + QStringLiteral(" %1,%2-%3,%4;").arg(c.row).arg(c.col).arg(c.rowSel).arg(c.colSel).toStdString();
-            grid.showOutline(c);
-        });
-        QObject::connect(&grid, &FlexGrid::opened, &grid, [this](bool byMouse) { asked += byMouse ? "opened by mouse;" : "opened;"; });
+        QObject::connect(&grid, &FlexGrid::selectionAsked, &grid,
+                         [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
+                             const std::string what[] = {"press", "right", "drag", "key"};
+                             asked += what[int(g)] + QStringLiteral(" %1,%2-%3,%4;")
+                                                         .arg(c.row)
+                                                         .arg(c.col)
+                                                         .arg(c.rowSel)
+                                                         .arg(c.colSel)
+                                                         .toStdString();
+                             grid.showOutline(c);
+                         });
+        QObject::connect(&grid, &FlexGrid::opened, &grid,
+                         [this](bool byMouse) { asked += byMouse ? "opened by mouse;" : "opened;"; });
         QObject::connect(&grid, &FlexGrid::contextMenuAsked, &grid, [this] { asked += "menu;"; });
     }
     void fill(int rows, int cols) {
@@ -35,7 +42,8 @@ class FlexGridTest : public testing::Test {
         QTest::mousePress(grid.viewport(), button, keys, at(row, col));
     }
     void drag(const QPoint &to) {
-        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, Qt::LeftButton, {});
+        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton,
+                         Qt::LeftButton, {});
         QApplication::sendEvent(grid.viewport(), &move);
     }
     void release(Qt::MouseButton button = Qt::LeftButton) { QTest::mouseRelease(grid.viewport(), button); }
@@ -78,7 +86,8 @@ TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
 TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
     QTest::keyClick(&grid, Qt::Key_Return);
     EXPECT_EQ(taken(), "") << "nothing is outlined";
-    for (const Qt::Key key : {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right}) {
+    for (const Qt::Key key :
+         {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right}) {
         QTest::keyClick(&grid, key);
     }
     EXPECT_EQ(taken(), "key 1,1-1,1;key 1,1-1,1;key 1,1-1,1;key 1,2-1,2;key 1,3-1,3;key 1,3-1,3;");

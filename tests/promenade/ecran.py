@@ -225,6 +225,7 @@ class Programme:
         fin = time.monotonic() + 5
         while not (etat := self.etat()).pose():
             if time.monotonic() > fin:
+                print(self.ecran.x.get_input_focus(), etat.fenetres[0]["numero"], [hex(w) for w in self.ecran.x.screen().root.get_full_property(self.ecran.x.intern_atom("_NET_CLIENT_LIST"),0).value], [hex(w) for w in self.ecran.x.screen().root.get_full_property(self.ecran.x.intern_atom("_NET_ACTIVE_WINDOW"),0).value])
                 raise Faute(f"pas de repos : {etat.dessus}, {[(n, f['active']) for n, f in etat.par_nom.items()]}"
                             f"{' occupé' * etat.occupe}")
             time.sleep(0.005)

@@ -24,7 +24,7 @@ TIERS = {"ecrit": 0.06, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # c
 class Promenade:
     def __init__(self, binaires, graine, pas, dossier):
         self.h, self.graine, self.pas, self.dossier = random.Random(graine), graine, pas, dossier
-        self.etape, self.fait, self.boites = 0, [], set()
+        self.etape, self.fait, self.boites, self.histoire = 0, [], set(), []
         prat = cabinet.cree(dossier + "/cabinet", self.h)
         self.bases = dossier + "/cabinet/Base/Fichiers/"
         self.tiers = Tiers(self.bases + "Tavelin.mdb", self.h)
@@ -60,8 +60,9 @@ class Promenade:
             self.vue.jour += datetime.timedelta(1)
         self.regarde(None, None, [self.vue])
         for self.etape in range(1, self.pas + 1):
-            self.fait = []
+            self.fait = [f"pas {self.etape}"]
             self.un_pas()
+            self.histoire = [*self.histoire, " ; ".join(self.fait)][-40:]
         self.etape = "fin"
         self.prog.finit()
 
@@ -319,7 +320,8 @@ def promene(binaires, graine, pas):
         shutil.copytree(dossier + "/cabinet", garde)
         if p:
             p.ecran.image(garde + "/ecran.png")
-        print(f"graine {graine}, pas {p and p.etape} : {' ; '.join(p.fait) if p else 'départ'}\n{faute}"
+        histoire = "\n".join([*p.histoire, " ; ".join(p.fait)]) if p else "départ"
+        print(f"graine {graine}\n{histoire}\n{faute}"
               + ("" if isinstance(faute, Faute) else "\n" + traceback.format_exc())
               + f"\nrejouer : ./run promenade {graine} {pas}  (cabinet et image dans {garde})", flush=True)
         return False

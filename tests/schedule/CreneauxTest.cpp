@@ -23,19 +23,21 @@ TEST(Creneaux, RowsLabelsAndLunch) {
         int finMidi;
         int lignesPM;
     };
-    for (const Cas &cas : {Cas{{.intervalle = 15}, 42, "18:00", 17, 24, 18},
-                           // the slot that straddles the end of the morning stays white
-                           Cas{{.intervalle = 15, .heures = {"08:00", "12:10", "14:00", "18:50"}}, 46, "19:00", 18, 24, 22},
-                           Cas{{.intervalle = 30, .heures = {"08:00", "13:00", "13:00", "18:00"}}, 22, "18:00", 11, 10, 12},
-                           Cas{{.intervalle = 7, .heures = {"08:00", "12:00", "14:00", "18:00"}}, 88, "18:02", 36, 52, 37},
-                           Cas{{.intervalle = 50, .heures = {"20:00", "21:00", "22:00", "23:59"}}, 7, "00:10", 3, 3, 5}}) {
+    for (const Cas &cas :
+         {Cas{{.intervalle = 15}, 42, "18:00", 17, 24, 18},
+          // the slot that straddles the end of the morning stays white
+          Cas{{.intervalle = 15, .heures = {"08:00", "12:10", "14:00", "18:50"}}, 46, "19:00", 18, 24, 22},
+          Cas{{.intervalle = 30, .heures = {"08:00", "13:00", "13:00", "18:00"}}, 22, "18:00", 11, 10, 12},
+          Cas{{.intervalle = 7, .heures = {"08:00", "12:00", "14:00", "18:00"}}, 88, "18:02", 36, 52, 37},
+          Cas{{.intervalle = 50, .heures = {"20:00", "21:00", "22:00", "23:59"}}, 7, "00:10", 3, 3, 5}}) {
         const Configuration config = configDe(cas.rang);
         SCOPED_TRACE(cas.fermeture);
         EXPECT_EQ(NbLignes(config), cas.lignes);
         EXPECT_EQ(NbLignes02(config), cas.lignes);
         EXPECT_EQ(NbLignes03(config), cas.lignesPM);
         EXPECT_EQ(CreneauxSemaine(config).heure(cas.lignes - 1), h(cas.fermeture));
-        EXPECT_EQ(std::pair(PremiereLigneMidi(config), DerniereLigneMidi(config)), std::pair(cas.midi, cas.finMidi));
+        EXPECT_EQ(std::pair(PremiereLigneMidi(config), DerniereLigneMidi(config)),
+                  std::pair(cas.midi, cas.finMidi));
     }
 }
 
@@ -60,7 +62,8 @@ TEST(Creneaux, WeeksBeginOnMondayAndSkipHiddenDays) {
     EXPECT_EQ(ColonneDuJour(4, {0, 0, 3, 4, 5, 6, 7}), 2);
     EXPECT_EQ(Lundi(QDate(2026, 3, 15)), QDate(2026, 3, 9));
     EXPECT_EQ(Lundi(QDate(2026, 3, 9)), QDate(2026, 3, 9));
-    EXPECT_EQ(PremierJourAffiche(QDate(2026, 3, 14), ordinaire.JourAffich), QDate(2026, 3, 16)) << "a Saturday";
+    EXPECT_EQ(PremierJourAffiche(QDate(2026, 3, 14), ordinaire.JourAffich), QDate(2026, 3, 16))
+        << "a Saturday";
     EXPECT_EQ(PremierJourAffiche(QDate(2026, 3, 11), ordinaire.JourAffich), QDate(2026, 3, 11));
     EXPECT_EQ(PremierJourAffiche(QDate(2026, 3, 11), {}), QDate(2026, 3, 11)) << "no displayed day: it ends";
 }

@@ -73,8 +73,10 @@ TEST_F(MiseANiveauTest, NamesTheTableThatCannotBeChanged) {
 
 TEST_F(MiseANiveauTest, ModifieTableAppendsDeletesAndIgnoresWhatIsDone) {
     Database base = Database::open(fichier);
-    for (const ActionTable action : {ActionTable::Append, ActionTable::Append, ActionTable::Delete, ActionTable::Delete}) {
-        EXPECT_EQ(ModifieTable(base.tableDef(q("RDV")), action, {q("Essai"), FieldType::Text, 10}), QString());
+    for (const ActionTable action :
+         {ActionTable::Append, ActionTable::Append, ActionTable::Delete, ActionTable::Delete}) {
+        EXPECT_EQ(ModifieTable(base.tableDef(q("RDV")), action, {q("Essai"), FieldType::Text, 10}),
+                  QString());
         EXPECT_EQ(base.tableDef(q("RDV")).hasField(q("Essai")), action == ActionTable::Append);
     }
 }

@@ -13,7 +13,8 @@ Options lues(const char *arguments) {
 } // namespace
 
 TEST(Options, ReadsEveryOneAndTheEnvironmentFillsTheRest) {
-    const Options o = lues("--chemin=/c/Chemin.mdb --lecteur D=/d --lecteur E=/e --maintenant 2026-03-11T10:05 --capture x.png");
+    const Options o = lues(
+        "--chemin=/c/Chemin.mdb --lecteur D=/d --lecteur E=/e --maintenant 2026-03-11T10:05 --capture x.png");
     EXPECT_EQ(o.erreur, QString());
     EXPECT_EQ(o.chemin, q("/c/Chemin.mdb"));
     EXPECT_EQ(o.lecteurs, q("D=/d;E=/e"));

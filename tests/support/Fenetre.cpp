@@ -15,7 +15,9 @@ std::string Fenetre::etat() const {
         texte += objet<QAction>(action).isEnabled() ? q(action)[3] : QChar(u'-');
     }
     texte += objet<QAction>("mnuPresent").isChecked() ? q("* ") : q(" ");
-    return (texte + q(panneau(4).c_str()) + u' ' + q(panneau(3).c_str()).remove(u' ') + u' ' + q(panneau(1).c_str())).toStdString();
+    return (texte + q(panneau(4).c_str()) + u' ' + q(panneau(3).c_str()).remove(u' ') + u' ' +
+            q(panneau(1).c_str()))
+        .toStdString();
 }
 
 std::string Fenetre::grilles() const {
@@ -34,7 +36,12 @@ std::string Fenetre::grilles() const {
             }
         }
         const auto contour = vue.outline();
-        texte += contour ? q(" [%1,%2-%3,%4]").arg(contour->row).arg(contour->col).arg(contour->rowSel).arg(contour->colSel) : QString();
+        texte += contour ? q(" [%1,%2-%3,%4]")
+                               .arg(contour->row)
+                               .arg(contour->col)
+                               .arg(contour->rowSel)
+                               .arg(contour->colSel)
+                         : QString();
         texte += u'\n';
     }
     return texte.trimmed().toStdString();

@@ -22,7 +22,10 @@ struct Fenetre {
         fenetre->resize(1200, 900);
         fenetre->show();
     }
-    template <typename T> T &objet(const char *nom) const { return *fenetre->findChild<T *>(q(nom)); }
+    template <typename T>
+    T &objet(const char *nom) const {
+        return *fenetre->findChild<T *>(q(nom));
+    }
     FlexGrid &grille(int i = 0) const {
         return objet<FlexGrid>(QByteArrayList{"GrilleRDV", "GrilleRDV02", "GrilleRDV03"}[i]);
     }
@@ -44,10 +47,12 @@ struct Fenetre {
         waitUntil([&] { return timer.interval() != 0; });
         return timer.interval();
     }
-    std::string panneau(int i) const { return objet<QLabel>(("StatusBar1_" + std::to_string(i)).c_str()).text().toStdString(); }
-    /// Practitioner as the title and the status bar name him, places of the ticks in his menu and the chairs',
-    /// initials of what can be done with the selection ("*": is present), and the selection as the status bar
-    /// tells it.
+    std::string panneau(int i) const {
+        return objet<QLabel>(("StatusBar1_" + std::to_string(i)).c_str()).text().toStdString();
+    }
+    /// Practitioner as the title and the status bar name him, places of the ticks in his menu and the
+    /// chairs', initials of what can be done with the selection ("*": is present), and the selection as the
+    /// status bar tells it.
     std::string etat() const;
     /// Of each shown grid: its size, its second header, each text of a cell by row and column, the outline.
     std::string grilles() const;

@@ -46,12 +46,9 @@ qint64 Livre::rdv(const RangRDV &rang) const {
 }
 
 void Livre::config(const RangConfig &rang) const {
-    Fields champs{{q("NomConfig"), q(rang.nom)},
-                  {q("NumPraticien"), q(rang.praticien)},
-                  {q("Fauteuil"), rang.fauteuil},
-                  {q("DefaultConfig"), Value::boolean(rang.defaut)},
-                  {q("NbJours"), rang.nbJours},
-                  {q("JourRepos"), 7},
+    Fields champs{{q("NomConfig"), q(rang.nom)},     {q("NumPraticien"), q(rang.praticien)},
+                  {q("Fauteuil"), rang.fauteuil},    {q("DefaultConfig"), Value::boolean(rang.defaut)},
+                  {q("NbJours"), rang.nbJours},      {q("JourRepos"), 7},
                   {q("Intervalle"), rang.intervalle}};
     for (size_t i = 0; i < 4; ++i) {
         champs.emplace_back(q(heures[i]), q(rang.heures[i]));

@@ -3,17 +3,9 @@
 #include "Schema.h"
 #include "platform/db/Database.h"
 #include "schedule/Configuration.h"
+#include "support/Texte.h"
 
 #include <QTemporaryDir>
-#include <ostream>
-
-inline void PrintTo(const QString &texte, std::ostream *sortie) {
-    *sortie << texte.toStdString();
-}
-
-inline QString q(const char *texte) {
-    return QString::fromUtf8(texte);
-}
 
 /// A row of RDV and one of Config, spelled as the book stores them.
 struct RangRDV {

@@ -80,8 +80,8 @@ QString checkBook(const QString &path, const std::stop_token &stop) {
             const bool intact = Database::open(path).m_engine->isIntact(stop);
             return intact ? QString() : DbError(DbError::Kind::Damaged, path).message();
         } catch (const DbError &error) {
-            if (error.kind() != DbError::Kind::Locked) {
-                return error.message();
+            if (error.kind() != DbError::Kind::Locked) { // one that is away for a moment is not damaged
+                return error.kind() == DbError::Kind::Damaged ? error.message() : QString();
             }
         }
     }

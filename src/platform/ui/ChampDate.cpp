@@ -6,7 +6,6 @@
 #include <QCalendarWidget>
 #include <QKeyEvent>
 #include <QScreen>
-#include <QShortcut>
 #include <QStyle>
 
 ChampDate::ChampDate(QWidget *parent) : QLineEdit(parent) {
@@ -60,7 +59,6 @@ void ChampDate::openCalendar() {
     };
     connect(calendar, &QCalendarWidget::clicked, this, take);
     connect(calendar, &QCalendarWidget::activated, this, take);
-    connect(new QShortcut(Qt::Key_Escape, calendar), &QShortcut::activated, calendar, &QWidget::close);
     const QRect screenArea = screen()->availableGeometry();
     const QSize size = calendar->sizeHint();
     const QPoint below = mapToGlobal(rect().bottomLeft());

@@ -2,6 +2,7 @@
 
 #include "platform/ui/FlexGridDelegate.h"
 
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QHelpEvent>
 #include <QMouseEvent>
@@ -78,6 +79,11 @@ void FlexGrid::showOutline(const std::optional<Corners> &corners) {
     }
     selectionModel()->setCurrentIndex(m_cells.index(c.row, c.col), QItemSelectionModel::NoUpdate);
     selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+}
+
+/// A message box that a press brings up takes the release away.
+bool FlexGrid::isDragging() const {
+    return m_dragging && QGuiApplication::mouseButtons().testFlag(Qt::LeftButton);
 }
 
 void FlexGrid::afterReset() {

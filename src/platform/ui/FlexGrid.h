@@ -38,7 +38,7 @@ class FlexGrid : public QTableView {
     void setSelectableArea(const QRect &cells) { m_selectable = cells; }
 
     /// True from the press of the left button in a cell to its release.
-    bool isDragging() const { return m_dragging; }
+    bool isDragging() const;
     /// A message box takes the release away.
     void endDrag() { m_dragging = false; }
     /// Scrolls so that `row` comes to the top of the shown rows.

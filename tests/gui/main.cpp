@@ -1,9 +1,0 @@
-#include <QApplication>
-#include <gtest/gtest.h>
-
-int main(int argc, char *argv[]) {
-    const QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false); // windows come and go within one run
-    testing::InitGoogleTest(&argc, argv);
-    return RUN_ALL_TESTS();
-}
