@@ -95,6 +95,11 @@ void ChampsRDV::montreHoraires(const HorairesRDV &horaires) {
 }
 
 void ChampsRDV::montrePatient(const QString &nom, const QString &prenom, const QString &numero) {
+    ui->recherchePatient->oublieChoix();
+    nomme(nom, prenom, numero);
+}
+
+void ChampsRDV::nomme(const QString &nom, const QString &prenom, const QString &numero) {
     metTexte(*ui->Text1, nom, largeurNom);
     metTexte(*ui->Text2, prenom, largeurNom);
     metNumero(numero);
@@ -153,11 +158,12 @@ void ChampsRDV::deplace(Deplace quoi, Sens sens) {
 }
 
 void ChampsRDV::parcourt(const PatientTrouve &patient) {
-    montrePatient(patient.nom, patient.prenom, patient.numero);
+    nomme(patient.nom, patient.prenom, patient.numero);
     emit patientChange();
 }
 
 void ChampsRDV::retireNumero() {
+    ui->recherchePatient->oublieChoix(); // Enter there must not book whom the fields no longer name
     metNumero(QStringLiteral("0"));
     colore(CouleurPatient::ParDefaut);
     emit patientChange();

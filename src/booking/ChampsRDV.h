@@ -54,6 +54,7 @@ class ChampsRDV : public QWidget {
     void relieListe();
     void montreHoraires(const HorairesRDV &horaires);
     void deplace(Deplace quoi, Sens sens);
+    void nomme(const QString &nom, const QString &prenom, const QString &numero);
     void parcourt(const PatientTrouve &patient);
     void colore(CouleurPatient couleur);
     void retireNumero();

@@ -49,14 +49,15 @@ void FrmAjouter::litTransmission() {
         lue = LitTransmission(transmission);
     });
     if (echec) {
-        if (!m_numLu) { // told once, not each time the window comes back
-            m_numLu = 0;
+        if (!m_transmis) { // told once, not each time the window comes back
+            m_transmis = Transmis();
             m_env.messages->error(echec->message());
         }
         return;
     }
-    const bool autrePatient = m_numLu != lue.NumPatient;
-    m_numLu = lue.NumPatient;
+    const Transmis transmis{lue.NumPatient, lue.NomPatient, lue.PrenomPatient};
+    const bool autrePatient = m_transmis != transmis;
+    m_transmis = transmis;
     if (lue.avecPatient && autrePatient) {
         ui->champs->videDetails();
         ui->champs->montrePatient(lue.NomPatient, lue.PrenomPatient, QString::number(lue.NumPatient));

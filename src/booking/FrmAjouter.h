@@ -7,6 +7,7 @@
 #include <QDialog>
 #include <memory>
 #include <optional>
+#include <tuple>
 
 namespace Ui {
 class FrmAjouter;
@@ -42,6 +43,7 @@ class FrmAjouter : public QDialog {
     const Environnement &m_env;
     const PlaceRDV m_place;
     RendezVous m_ecrit;
-    std::optional<qint64> m_numLu; ///< patient number of the hand-off read last
-    qint64 m_numTransmis = 0;      ///< the same as long as the fields name that patient
+    using Transmis = std::tuple<qint64, QString, QString>;
+    std::optional<Transmis> m_transmis; ///< number, name and first name of the hand-off read last
+    qint64 m_numTransmis = 0;           ///< the same as long as the fields name that patient
 };

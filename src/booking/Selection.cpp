@@ -235,8 +235,7 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
         return {};
     }
     const Selection reprise = analyse(affichage, grille, *lignes, jour, 0);
-    const bool placePrise = avant.rdv && ici && reprise.rdv;
-    return placePrise ? Selection() : reprise;
+    return reprise.rdv ? Selection() : reprise; // nobody has clicked on that one
 }
 
 Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV) {

@@ -50,9 +50,9 @@ QDate JourDesCoins(const Affichage &affichage, int grille, const Coins &coins);
 Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins, Geste geste,
                       const Selection &avant);
 
-/// `avant`, made on `ancien`, on what is shown now. The same appointment or the same hours where the same
-/// place is shown; nothing when the appointment is gone and others have its place. Elsewhere the same hours
-/// of the same weekday, and what lies there.
+/// `avant`, made on `ancien`, on what is shown now: the same appointment or the same hours; elsewhere the
+/// same hours of the same weekday. An appointment that nobody clicked on is never selected: where one lies
+/// there now, nothing is.
 Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Selection &avant);
 
 /// The selection of an appointment by its key; nothing when it is not shown.

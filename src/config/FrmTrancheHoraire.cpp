@@ -24,6 +24,11 @@ FrmTrancheHoraire::FrmTrancheHoraire(const Environnement &env, const Configurati
     const std::array fleches{ui->UpDown1, ui->UpDown2, ui->UpDown3, ui->UpDown4};
     for (size_t i = 0; i < m_textes.size(); ++i) {
         connect(m_textes[i], &QLineEdit::textChanged, this, &FrmTrancheHoraire::majInfoBulles);
+        connect(m_textes[i], &QLineEdit::editingFinished, this, [this, i] {
+            if (const auto heure = LitHeure(m_textes[i]->text())) {
+                m_textes[i]->setText(DatesFr::heure(*heure));
+            }
+        });
         connect(fleches[i], &UpDown::upClicked, this, [this, i] { deplace(i, Fleche::Augmenter); });
         connect(fleches[i], &UpDown::downClicked, this, [this, i] { deplace(i, Fleche::Diminuer); });
     }

@@ -100,6 +100,10 @@ void RecherchePatient::utilise(const Environnement &env) {
     creeIndexACote(env);
 }
 
+void RecherchePatient::oublieChoix() {
+    ui->Grille1->clearSelection();
+}
+
 // ---- Filling
 
 void RecherchePatient::montre(const PatientsTrouves &trouves) {

@@ -22,6 +22,8 @@ class RecherchePatient : public QWidget {
     /// Nothing is searched before this call; `env` outlives the widget. Where the patient file lacks its
     /// index it gets it meanwhile, if it can.
     void utilise(const Environnement &env);
+    /// No row is highlighted any more: the fields have come to name somebody else.
+    void oublieChoix();
 
   signals:
     // The patients' texts are trimmed.

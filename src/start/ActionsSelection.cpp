@@ -56,11 +56,11 @@ void ActionsSelection::mnuPresent_Click() {
 }
 
 void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
-    const bool montre = m_carnet.relit() && m_carnet.selectionneRDV(rdv.RefRDV);
-    const Affichage &affichage = m_carnet.affichage();
-    if (!montre && rdv.RefRDV != 0 && affichage.demande.VueSemaine &&
-        !Dans(Jour(rdv.Date1), affichage.grilles.first().config.JourAffich)) {
-        m_env.messages->show(QStringLiteral("Le rendez-vous est placé au %1, un jour qui n'est pas affiché.")
-                                 .arg(DatesFr::jourComplet(rdv.Date1)));
+    if (m_carnet.relit() && !m_carnet.selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
+        m_env.messages->show(
+            QStringLiteral(
+                "Le rendez-vous est enregistré au %1, de %2 à %3 : il n'est pas dans ce qui est affiché.")
+                .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
+                     DatesFr::heure(rdv.HeureFin)));
     }
 }

@@ -5,13 +5,30 @@
 #include <QAction>
 #include <QCalendarWidget>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScreen>
-#include <QStyle>
+
+namespace {
+
+QIcon arrow(const QColor &colour) {
+    QPixmap pixmap(48, 48);
+    pixmap.fill(Qt::transparent);
+    QPainter painter(&pixmap);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setBrush(colour);
+    painter.setPen(Qt::NoPen);
+    painter.drawPolygon(QPolygon({QPoint(10, 18), QPoint(38, 18), QPoint(24, 34)}));
+    return pixmap;
+}
+
+} // namespace
 
 ChampDate::ChampDate(QWidget *parent) : QLineEdit(parent) {
-    QAction *button = addAction(style()->standardIcon(QStyle::SP_ArrowDown), TrailingPosition);
+    QAction *button = addAction(arrow(palette().color(QPalette::Text)), TrailingPosition);
     button->setToolTip(QStringLiteral("Choisir dans le calendrier (Alt+Bas)"));
     connect(button, &QAction::triggered, this, &ChampDate::openCalendar);
+    // the longest day, spelled in full, and the button
+    setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("mercredi 30 sept. 2026")) + 40);
     connect(this, &QLineEdit::editingFinished, this, [this] {
         if (const auto read = date()) {
             setDate(*read);

@@ -219,12 +219,27 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
 
 void FlexGrid::paintEvent(QPaintEvent *event) {
     QTableView::paintEvent(event);
+    paintFrame();
     if (!m_placeholder.isEmpty()) {
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
                          m_placeholder);
     }
+}
+
+/// Light and dark, so that it stands out on every block.
+void FlexGrid::paintFrame() {
+    const QModelIndexList outlined = selectionModel()->selectedIndexes();
+    if (!m_outline || outlined.isEmpty()) {
+        return;
+    }
+    const QRect frame = visualRect(outlined.first()).united(visualRect(outlined.last()));
+    QPainter painter(viewport());
+    painter.setPen(QPen(palette().color(QPalette::Text), 2));
+    painter.drawRect(frame.adjusted(1, 1, -2, -2));
+    painter.setPen(palette().color(QPalette::Base));
+    painter.drawRect(frame.adjusted(2, 2, -3, -3));
 }
 
 bool FlexGrid::viewportEvent(QEvent *event) {

@@ -66,6 +66,7 @@ class FlexGrid : public QTableView {
     int leastRowHeight() const;
     /// Rows share the height, between the least that their text needs and twice that.
     void fitRows();
+    void paintFrame();
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;
     bool isOutlined(const QModelIndex &index) const { return selectionModel()->isSelected(index); }

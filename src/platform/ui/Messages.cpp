@@ -26,5 +26,6 @@ bool MessageBoxes::ask(const QString &text, const QString &title) {
     QMessageBox box(QApplication::activeWindow());
     prepare(box, text, title);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No); // a key too many must not say yes
     return box.exec() == QMessageBox::Yes;
 }
