@@ -13,7 +13,7 @@ SqlText duPraticien(long praticien, std::optional<long> fauteuil) {
     if (fauteuil) {
         sql << " AND clng(Fauteuil) = " << nombre(*fauteuil);
     }
-    return sql << " order by DateInv, HeureDebut, RefRDV";
+    return sql;
 }
 
 } // namespace
@@ -50,8 +50,9 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
         RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
                                << texte(InverseDate(premier)) << " AND DateInv<= "
                                << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
-    // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few rows
-    // are looked for without the practitioner, by whose index all that he ever had would be read instead.
+    // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few
+    // rows are looked for without the practitioner, by whose index all that he ever had would be read
+    // instead.
     QList<RendezVous> decales = RendezVousDe(
         rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
                           "Date1 >= ")
@@ -63,11 +64,10 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
         return r.Date1 < premier || r.Date1 > dernier ||
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });
     });
-    if (!decales.isEmpty()) {
-        liste += decales;
-        std::ranges::sort(liste, {},
-                          [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
-    }
+    liste += decales;
+    // sorted here: the database would copy every row to sort what its index gives nearly in this order
+    std::ranges::sort(liste, {},
+                      [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
     return liste;
 }
 
