@@ -59,20 +59,23 @@ void ActionsRDV::supprime(const RendezVous &rdv, const PlaceRDV &place) {
 void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
     BilanEcriture bilan;
     RendezVous apres = rdv;
-    const bool fait = essaie(m_env, [&] {
+    const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
         bilan = MarquePresent(base, rdv, present);
     });
+    if (!ecrit) {
+        return;
+    }
     if (bilan.resultat == Ecriture::Disparu) {
         m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
         apres = {};
     } else if (bilan.resultat == Ecriture::Change) {
         m_env.messages->show(MessageModifie(rdv, bilan.actuel), titreModifie);
         apres = bilan.actuel;
-    } else if (fait) {
+    } else {
         apres.Present = present;
     }
-    emit rdvEcrit(apres); // the drawn book says what Present is, also where nothing could be written
+    emit rdvEcrit(apres);
 }
 
 void ActionsRDV::reporte() {

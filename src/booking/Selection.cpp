@@ -216,8 +216,7 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
     if (avant.vide() || affichage.grilles.isEmpty()) {
         return {};
     }
-    const bool ici = memePlace(affichage, ancien);
-    if (avant.rdv && ici) {
+    if (avant.rdv && memePlace(affichage, ancien)) {
         const Selection meme = retrouve(affichage, avant.rdv->RefRDV, avant.grille, avant.contour);
         if (!meme.vide()) {
             return meme;
@@ -235,7 +234,9 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
         return {};
     }
     const Selection reprise = analyse(affichage, grille, *lignes, jour, 0);
-    return reprise.rdv ? Selection() : reprise; // nobody has clicked on that one
+    const bool autreJour =
+        affichage.demande.jour != ancien.demande.jour && reprise.jour != affichage.demande.jour;
+    return reprise.rdv || autreJour ? Selection() : reprise;
 }
 
 Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV) {

@@ -7,6 +7,10 @@ bool Affichage::AvecFauteuils() const {
         configs, [](const LigneConfig &ligne) { return CLng(ligne.config.FauteuilCourant) != 0; });
 }
 
+bool Affichage::aFauteuil(int grille) const {
+    return grille >= 0 && PlaceDuFauteuil(configs, CLng(grilles[grille].config.FauteuilCourant)) >= 0;
+}
+
 Demande Affichage::suite() const {
     Demande meme = demande;
     if (meme.VueSemaine && !grilles.isEmpty() && grilles.first().tracable()) {

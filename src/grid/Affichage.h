@@ -44,6 +44,8 @@ struct Affichage {
     bool ConfigExiste() const { return !configs.isEmpty(); }
     /// One of the chairs is not 0: the day view shows two chairs, and there is a chair menu.
     bool AvecFauteuils() const;
+    /// The practitioner has the chair of that grid: the fall-back's may be another, where nothing is booked.
+    bool aFauteuil(int grille) const;
     /// The same again, its configuration kept: another day or a timer's tick starts from it.
     Demande suite() const;
     /// What the settings windows work on while the selection is in `grille` (none: the first).

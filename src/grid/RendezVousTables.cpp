@@ -31,6 +31,7 @@ QList<RendezVous> RendezVousDe(const Records &rows) {
     const int present = rows.field(u"Present");
     const int praticien = rows.field(u"NumPraticien");
     const int fauteuil = rows.field(u"Fauteuil");
+    const int dateInv = rows.field(u"DateInv");
     QList<RendezVous> liste;
     liste.reserve(rows.count());
     for (const Record row : rows) {
@@ -40,6 +41,11 @@ QList<RendezVous> RendezVousDe(const Records &rows) {
                                 row.at(heureDebut).toTime(), row.at(heureFin).toTime(),
                                 row.at(present).toBoolean(), long(row.at(praticien).toInteger()),
                                 long(row.at(fauteuil).toInteger())});
+    }
+    for (int i = 0; i < liste.size(); ++i) { // a day that cannot be read lies where its key says
+        if (!liste[i].Date1.isValid()) {
+            liste[i].Date1 = QDate::fromString(rows.at(i, dateInv).toText(), QStringLiteral("yyyyMMdd"));
+        }
     }
     return liste;
 }
@@ -65,7 +71,8 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });
     });
     liste += decales;
-    // sorted here: the database would copy every row to sort what its index gives nearly in this order
+    // Sorted here: a start may be stored behind a date, and its text sorts elsewhere. The database would copy
+    // every row to sort what its index gives nearly in this order.
     std::ranges::sort(liste, {},
                       [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
     return liste;

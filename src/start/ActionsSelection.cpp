@@ -7,7 +7,8 @@
 #include <QWidget>
 
 ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_actions(new ActionsRDV(env, fenetre)) {
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_fenetre(fenetre),
+      m_actions(new ActionsRDV(env, fenetre)) {
     m_actions->setParent(this);
     connect(m_actions, &ActionsRDV::rdvEcrit, this, &ActionsSelection::rdvEcrit);
 }
@@ -56,6 +57,7 @@ void ActionsSelection::mnuPresent_Click() {
 }
 
 void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
+    m_fenetre.activateWindow(); // two windows that close together leave some window managers with none active
     if (m_carnet.relit() && !m_carnet.selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
         m_env.messages->show(
             QStringLiteral(

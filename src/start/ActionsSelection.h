@@ -24,5 +24,6 @@ class ActionsSelection : public QObject {
 
     const Environnement &m_env;
     CarnetMontre &m_carnet;
+    QWidget &m_fenetre;
     ActionsRDV *m_actions;
 };

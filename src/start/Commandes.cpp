@@ -30,7 +30,7 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     active(m_ui.mnuPurger, avecConfig);
     active(m_ui.mnuSauver, ecrit);
     active(m_ui.menuSuppConfig, ecrit);
-    active(m_ui.mnuAjouter, ecrit && avecConfig && !selection.vide() && !surRDV);
+    active(m_ui.mnuAjouter, ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));
     for (QAction *action : {m_ui.mnuEditer, m_ui.mnuSupprimer, m_ui.mnuPresent}) {
         active(action, ecrit && surRDV);
     }

@@ -32,23 +32,25 @@ RangConfig demiHeures(int fauteuil = 1) {
 }
 
 Affichage semaine() {
-    return {{.PraticienCourant = q("01"), .jour = QDate(2026, 3, 9)},
-            {},
-            0,
-            {grille(demiHeures(),
-                    {rdv(1, "07:30", "08:30"), rdv(2, "09:00", "10:00"), rdv(3, "09:30", "10:30"),
-                     rdv(4, "11:00", "11:00"), rdv(5, "17:45", "18:15"), rdv(6, "10:00", "10:10", 10),
-                     rdv(7, "10:15", "10:30", 10), rdv(8, "17:45", "18:00", 12)})},
-            {}};
+    return {
+        {.PraticienCourant = q("01"), .jour = QDate(2026, 3, 9)},
+        {},
+        0,
+        {grille(demiHeures(),
+                {rdv(1, "07:30", "08:30"), rdv(2, "09:00", "10:00"), rdv(3, "09:30", "10:30"),
+                 rdv(4, "11:00", "11:00"), rdv(5, "17:15", "18:15"), rdv(6, "10:00", "10:10", 10),
+                 rdv(7, "10:15", "10:30", 10), rdv(8, "17:45", "18:00", 12), rdv(11, "17:00", "18:45", 13)})},
+        {}};
 }
 
 Affichage journee() {
     RangConfig second = demiHeures(2);
     second.intervalle = 60;
+    second.heures = {"08:00", "09:30", "11:00", "18:00"};
     return {{.PraticienCourant = q("01"), .VueSemaine = false, .jour = QDate(2026, 3, 9)},
             {},
             0,
-            {grille(demiHeures(), {rdv(2, "09:00", "10:00")}), grille(second, {rdv(9, "08:00", "10:00")})},
+            {grille(demiHeures(), {rdv(2, "09:00", "10:00")}), grille(second, {rdv(9, "09:00", "09:30")})},
             {}};
 }
 
@@ -105,7 +107,8 @@ TEST(Selection, WhatGesturesMean) {
         overlapping, from the later one    | 3,1 4,1       | 0: 4,1-5,1 9 09:30-10:30 1 R3 2/2
         drags and keys do not go on        | 5,2 5,2>5,2   | 0: 5,2-5,2 10 10:00-10:10 1 R6 1/2
         coming from elsewhere: the first   | 6,1 4,1       | 0: 3,1-4,1 9 09:00-10:00 1 R2 1/2
-        over the closing time: as outlined | 20,1          | 0: 20,1-20,1 9 17:45-18:15 1 R5 1/1
+        beyond the closing row: as outlined | 20,4         | 0: 20,4-20,4 13 17:00-18:45 1 R11 1/1
+        onto the closing row: above it     | 20,1          | 0: 19,1-20,1 9 17:15-18:15 1 R5 1/1
         before the opening: as outlined    | 1,1>2,1       | 0: 1,1-2,1 9 07:30-08:30 1 R1 1/1
         up to the closing time             | 20,3          | 0: 20,3-20,3 12 17:45-18:00 1 R8 1/1
         no length, never selected          | 7,1           | 0: 7,1-7,1 9 11:00-11:30 1
@@ -119,10 +122,11 @@ TEST(Selection, WhatGesturesMean) {
         up to the hours, too               | 6,1 5,2>5,0   | 0: 1,1-1,1 9 07:30-08:30 1 R1 1/1)");
     verifie(journee(), R"(
         the left grid's first row          | 1,1           | 0: 1,1-1,1 9 08:00-08:30 1
-        the right one's own slots          | d1,1          | 1: 1,1-2,1 9 08:00-10:00 1 R9 1/1
+        the right one's own slots          | d2,1          | 1: 2,1-2,1 9 09:00-09:30 1 R9 1/1
+        its lunch                          | d3,1          | 1: 3,1-3,1 9 10:00-11:00 0
         its hours                          | 1,1 d1,0      | 0: 1,1-1,1 9 08:00-08:30 1
         its header                         | 1,1 d0,1      | 0: 1,1-1,1 9 08:00-08:30 1
-        its closing row: the whole day     | d11,1         | 1: 1,1-2,1 9 08:00-10:00 1 R9 1/1
+        its closing row: the whole day     | d11,1         | 1: 2,1-2,1 9 09:00-09:30 1 R9 1/1
         the left one's                      | 21,1          | 0: 3,1-4,1 9 09:00-10:00 1 R2 1/1
         the other grid's                   | d1,1 7,1      | 0: 7,1-7,1 9 11:00-11:30 1)");
     Affichage tardive = semaine();
@@ -149,10 +153,10 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
     for (const QStringList &c : tableau(R"(
         3,1     | longer slots | 0: 2,1-2,1 9 09:00-10:00 1 R2 1/2
         6,3>7,3 | longer slots | 0: 3,3-4,3 12 10:00-12:00 1
-        20,1    | longer slots | 0: 10,1-10,1 9 17:45-18:15 1 R5 1/1
+        20,1    | longer slots | 0: 10,1-10,1 9 17:15-18:15 1 R5 1/1
         3,1     | moved        | 0: 3,3-4,3 12 09:00-10:00 1 R2 1/1
         3,1     | deleted      | rien
-        20,1    | last deleted | 0: 20,1-20,1 9 17:30-18:00 1
+        20,1    | last deleted | 0: 19,1-20,1 9 17:00-18:00 1
         6,3>7,3 | taken        | 0: 7,3-8,3 12 11:00-12:00 1 R10 1/1
         6,3>7,3 | hidden       | rien
         6,3>7,3 | next week    | 0: 6,3-7,3 19 10:30-11:30 1
@@ -164,9 +168,9 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
         EXPECT_EQ(vu(trouvee), c[2].toStdString()) << c[1].toStdString();
     }
     const Selection droite = apres(journee(), q("d3,1"));
-    EXPECT_EQ(vu(Reprend(journee(), journee(), droite)), "1: 3,1-3,1 9 10:00-11:00 1");
+    EXPECT_EQ(vu(Reprend(journee(), journee(), droite)), "1: 3,1-3,1 9 10:00-11:00 0");
     EXPECT_EQ(vu(Reprend(semaine(), journee(), droite)), "0: 4,1-5,1 9 09:30-10:30 1 R3 1/1");
-    EXPECT_EQ(vu(SelectionneRDV(journee(), 9)), "1: 1,1-2,1 9 08:00-10:00 1 R9 1/1");
+    EXPECT_EQ(vu(SelectionneRDV(journee(), 9)), "1: 2,1-2,1 9 09:00-09:30 1 R9 1/1");
     EXPECT_EQ(vu(SelectionneRDV(journee(), 1)), "rien");
 }
 
@@ -182,9 +186,9 @@ TEST(Selection, SaysWhatItHoldsAndWhereItBooks) {
     EXPECT_EQ(TexteEtatRDV(deuxieme), q("D'ARC Jeanne   [ bilan ]"));
     EXPECT_EQ(InfoBulleRDV(deuxieme), q("RDV: 10:15 à 10:30 pour  D'ARC  Jeanne, descripif : bilan"));
     EXPECT_EQ(InfoBulleRDV({}), QString());
-    const PlaceRDV place = PlaceDe(journee(), apres(journee(), q("d5,1")));
+    const PlaceRDV place = PlaceDe(journee(), apres(journee(), q("d3,1")));
     EXPECT_EQ(place.FauteuilCourant, q("2"));
     EXPECT_EQ(place.Intervalle, 60);
-    EXPECT_EQ(place.horaire.debut, QTime(12, 0));
+    EXPECT_EQ(place.horaire.debut, QTime(10, 0));
     EXPECT_EQ(place.ChoixHoraire, 0) << "lunch";
 }

@@ -28,13 +28,13 @@ class FenetresConfigTest : public testing::Test {
     static T &controle(const QDialog &fenetre, const char *nom) {
         return *fenetre.findChild<T *>(q(nom));
     }
-    static void clique(const QDialog &fenetre, const char *noms) {
-        for (const QByteArray &nom : QByteArray(noms).split(' ')) {
-            controle<QAbstractButton>(fenetre, nom).click();
+    static void clique(const QDialog &fenetre, const QString &noms) {
+        for (const QString &nom : noms.split(u' ')) {
+            fenetre.findChild<QAbstractButton *>(nom)->click();
         }
     }
-    static void saisit(const QDialog &fenetre, const char *champ, const char *texte) {
-        controle<QLineEdit>(fenetre, champ).setText(q(texte));
+    static void saisit(const QDialog &fenetre, const QString &champ, const QString &texte) {
+        fenetre.findChild<QLineEdit *>(champ)->setText(texte);
     }
     static std::string textes(const QDialog &fenetre) {
         QStringList liste;
@@ -43,23 +43,11 @@ class FenetresConfigTest : public testing::Test {
         }
         return liste.join(u' ').toStdString();
     }
-    /// Checked boxes of a group, disabled ones in capitals.
-    static std::string coches(const QDialog &fenetre) {
-        std::string etat;
-        for (int groupe = 1; groupe <= 3; ++groupe) {
-            for (int i = 0; i < 7; ++i) {
-                const auto &boite = *fenetre.findChild<QAbstractButton *>(q("Check%1_%2").arg(groupe).arg(i));
-                etat += boite.isEnabled() ? (boite.isChecked() ? 'x' : '.') : (boite.isChecked() ? 'X' : '-');
-            }
-            etat += groupe < 3 ? " " : "";
-        }
-        return etat;
-    }
-    /// What was told since the last call: "title|text".
+    /// What was told since the last call.
     std::string dits() {
         QStringList liste;
         for (const auto &message : std::exchange(messages.shown, {})) {
-            liste << message.title + u'|' + message.text;
+            liste << message.text.simplified();
         }
         return liste.join(u'\n').toStdString();
     }
@@ -77,15 +65,15 @@ TEST_F(FenetresConfigTest, SlotsAndHoursAreGivenBackOnOk) {
     FrmTrancheHoraire fenetre(env, config);
     EXPECT_EQ(textes(fenetre), "08:00 12:00 14:00 18:00");
     EXPECT_TRUE(controle<QAbstractButton>(fenetre, "Option3").isChecked());
-    clique(fenetre, "Option5");
+    clique(fenetre, q("Option5"));
     EXPECT_EQ(controle<QLineEdit>(fenetre, "Text2").toolTip(), q("12:10"));
     controle<UpDown>(fenetre, "UpDown1").findChild<QAbstractButton *>(q("Augmenter"))->click();
     controle<UpDown>(fenetre, "UpDown4").findChild<QAbstractButton *>(q("Diminuer"))->click();
     EXPECT_EQ(textes(fenetre), "08:05 12:00 14:00 17:55");
     EXPECT_EQ(controle<QLineEdit>(fenetre, "Text2").toolTip(), q("12:15"));
-    saisit(fenetre, "Text1", "9h");
-    saisit(fenetre, "Text4", "1800");
-    clique(fenetre, "Option12 BtnOK");
+    saisit(fenetre, q("Text1"), q("9h"));
+    saisit(fenetre, q("Text4"), q("1800"));
+    clique(fenetre, q("Option12 BtnOK"));
     EXPECT_EQ(dits(), "");
     EXPECT_EQ(fenetre.result(), QDialog::Accepted);
     EXPECT_EQ(fenetre.configuration(),
@@ -93,62 +81,51 @@ TEST_F(FenetresConfigTest, SlotsAndHoursAreGivenBackOnOk) {
 }
 
 TEST_F(FenetresConfigTest, HoursThatDoNotDoAreToldAndNothingIsChanged) {
-    const char *const pasUneHeure =
-        "Erreur !|Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00.";
-    const char *const ouverture = "08:00 12:00 14:00 18:00";
-    struct Cas {
-        const char *option, *champ, *saisi, *message, *apres;
-    };
-    for (const Cas &cas :
-         {Cas{"Option12", "Text4", "15:00",
-              "Erreur !|Les horaires sont trop rapprochés ou l'intervalle est trop grand.\nVeuillez les "
-              "modifier.",
-              ouverture},
-          Cas{"Option5", "Text4", "18:00",
-              "Erreur de cohérence.|Incohérence entre l'intervalle et l'heure de fin du matin.", ouverture},
-          Cas{"Option3", "Text3", "24:00", pasUneHeure, "08:00 12:00 24:00 18:00"},
-          Cas{"Option3", "Text2", "", pasUneHeure, "08:00  14:00 18:00"},
-          Cas{"Option3", "Text4", "13:00",
-              "Erreur !|Les horaires ne se suivent pas : 14:00 vient après 13:00. Veuillez les modifier.",
-              "08:00 12:00 14:00 13:00"}}) {
+    for (const QStringList &cas : tableau(R"(
+        Option12 | Text4 | 15:00 | 08:00 12:00 14:00 18:00 | Les horaires sont trop rapprochés ou l'intervalle est trop grand. Veuillez les modifier.
+        Option5  | Text4 | 18:00 | 08:00 12:00 14:00 18:00 | Incohérence entre l'intervalle et l'heure de fin du matin.
+        Option3  | Text3 | 24:00 | 08:00 12:00 24:00 18:00 | Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00.
+        Option3  | Text2 |       | 08:00  14:00 18:00      | Cette heure n'est pas valide. Veuillez la saisir sous la forme 08:00.
+        Option3  | Text4 | 13:00 | 08:00 12:00 14:00 13:00 | Les horaires ne se suivent pas : 14:00 vient après 13:00. Veuillez les modifier.)")) {
         FrmTrancheHoraire fenetre(env, config);
-        saisit(fenetre, cas.champ, cas.saisi);
-        clique(fenetre, cas.option);
-        clique(fenetre, "BtnOK");
-        EXPECT_EQ(dits(), cas.message);
-        EXPECT_EQ(textes(fenetre), cas.apres) << "typed nonsense stays, a refused schedule does not";
+        saisit(fenetre, cas[1], cas[2]);
+        clique(fenetre, cas[0] + q(" BtnOK"));
+        EXPECT_EQ(dits(), cas[4].toStdString());
+        EXPECT_EQ(textes(fenetre), cas[3].toStdString())
+            << "typed nonsense stays, a refused schedule does not";
         EXPECT_EQ(fenetre.configuration(), config);
         EXPECT_FALSE(fenetre.result());
     }
     FrmTrancheHoraire vide(env, {});
-    clique(vide, "BtnOK");
-    EXPECT_EQ(dits(), "Erreur !|Veuillez choisir un intervalle.") << "opens on any configuration";
+    clique(vide, q("BtnOK"));
+    EXPECT_EQ(dits(), "Veuillez choisir un intervalle.") << "opens on any configuration";
 }
 
 TEST_F(FenetresConfigTest, DaysAreGivenBackOnOkTheRestDayAlways) {
     Configuration sansGris = config;
-    sansGris.JourGrise[6] = 0;
-    EXPECT_EQ(coches(FrmJourExclure(env, sansGris)), ".x.x..X ..xx..X .....xX")
-        << "the rest day is hidden and grey";
-    FrmJourExclure annulee(env, config);
-    clique(annulee, "Option3");
-    EXPECT_EQ(coches(annulee), "..X.... ..X.... ..X....");
-    QTest::keyClick(&annulee, Qt::Key_Escape);
+    sansGris.JourGrise[6] = 0; // of the rest day, which is hidden and grey
+    for (const Configuration &ouverte : {config, sansGris}) {
+        FrmJourExclure fenetre(env, ouverte);
+        clique(fenetre, q("BtnOK"));
+        EXPECT_EQ(fenetre.configuration(), config);
+    }
+    FrmJourExclure fenetre(env, config);
+    clique(fenetre, q("Option3"));
+    QTest::keyClick(&fenetre, Qt::Key_Escape);
     Configuration attendue = config;
     attendue.JourRepos = 3;
-    EXPECT_EQ(annulee.configuration(), attendue);
-    FrmJourExclure fenetre(env, config);
-    clique(fenetre, "Option1 Check1_2 Check2_2 Check2_4 BtnOK");
-    EXPECT_EQ(fenetre.result(), QDialog::Accepted);
-    EXPECT_EQ(fenetre.configuration().NbJours, 6);
-    EXPECT_EQ(fenetre.configuration().JourRepos, 1);
-    EXPECT_EQ(fenetre.configuration().JourAffich, (std::array{0, 2, 3, 4, 5, 6, 7}));
-    EXPECT_EQ(fenetre.configuration().JourGrise, (std::array{3, 0, 3, 0, 2, 0, 0}));
+    EXPECT_EQ(fenetre.configuration(), attendue);
+    clique(fenetre, q("Option1 Check1_2 Check2_2 Check2_4 BtnOK")); // another rest day clears all boxes
+    attendue.JourRepos = 1;
+    attendue.NbJours = 6;
+    attendue.JourAffich = {0, 2, 3, 4, 5, 6, 7};
+    attendue.JourGrise = {3, 0, 3, 0, 2, 0, 0};
+    EXPECT_EQ(fenetre.configuration(), attendue);
     FrmJourExclure presque(env, config);
-    clique(presque, "Check3_0 Check3_1 Check3_2 Check3_3 BtnOK");
-    EXPECT_EQ(dits(), "Erreur d'affichage !|Vous devez permettre l'affichage d'au moins deux jours.");
+    clique(presque, q("Check3_0 Check3_1 Check3_2 Check3_3 BtnOK"));
+    EXPECT_EQ(dits(), "Vous devez permettre l'affichage d'au moins deux jours.");
     EXPECT_EQ(presque.configuration(), config);
-    clique(presque, "Check3_0 BtnOK");
+    clique(presque, q("Check3_0 BtnOK"));
     EXPECT_EQ(presque.configuration().NbJours, 2);
 }
 
@@ -162,32 +139,28 @@ TEST_F(FenetresConfigTest, SavingShowsTheConfigurationAndWritesItsRow) {
     }
     EXPECT_EQ(couleurs, q("--g--ggg--NNNN"));
     EXPECT_EQ(controle<QLineEdit>(fenetre, "Text5").text(), q("18:00"));
-    saisit(fenetre, "Text6", "  à 2 ");
-    clique(fenetre, "Check1 BtnSauver");
+    saisit(fenetre, q("Text6"), q("  à 2 "));
+    clique(fenetre, q("Check1 BtnSauver"));
     EXPECT_EQ(fenetre.result(), QDialog::Accepted) << dits();
     EXPECT_EQ(livre.configs(), "à 2 01 0") << "no default any more: the box was ticked";
 }
 
 TEST_F(FenetresConfigTest, SavingRefusesInItsOrder) {
-    const char *const fauteuilFaux = "Nom de configuration ?|Le numéro de fauteuil n'est pas valide";
-    const char *const nomFaux = "Nom de configuration ?|Votre nom de sauvegarde n'est pas valide";
-    struct Cas {
-        const char *nom, *fauteuil, *message, *champ;
-    };
     livre.config({.nom = "Prise", .fauteuil = 2, .praticien = "02"});
     livre.config();
     const std::string avant = livre.configs();
-    for (const Cas &cas :
-         {Cas{"Été", "1a", fauteuilFaux, "TxtNumFauteuil"}, Cas{"   ", "", nomFaux, "Text6"},
-          Cas{"Été", "12", nomFaux, "Text6"},
-          Cas{" prise ", "1", "Action Impossible|Une configuration porte déjà ce nom !", "Text6"},
-          Cas{"Bonne", "1", "Action Impossible|Un Fauteuil porte déjà ce numéro !", "TxtNumFauteuil"}}) {
+    for (const QStringList &cas : tableau(R"(
+        Été   | 1a | TxtNumFauteuil | Le numéro de fauteuil n'est pas valide
+              |    | Text6          | Votre nom de sauvegarde n'est pas valide
+        Été   | 12 | Text6          | Votre nom de sauvegarde n'est pas valide
+        prise | 1  | Text6          | Une configuration porte déjà ce nom !
+        Bonne | 1  | TxtNumFauteuil | Un Fauteuil porte déjà ce numéro !)")) {
         const FrmSauvegarde fenetre(env, q("01"), config);
-        saisit(fenetre, "Text6", cas.nom);
-        saisit(fenetre, "TxtNumFauteuil", cas.fauteuil);
-        clique(fenetre, "BtnSauver");
-        EXPECT_EQ(dits(), cas.message);
-        EXPECT_EQ(fenetre.focusWidget()->objectName(), q(cas.champ)) << cas.nom;
+        saisit(fenetre, q("Text6"), u' ' + cas[0]);
+        saisit(fenetre, q("TxtNumFauteuil"), cas[1]);
+        clique(fenetre, q("BtnSauver"));
+        EXPECT_EQ(dits(), cas[3].toStdString());
+        EXPECT_EQ(fenetre.focusWidget()->objectName(), cas[2]) << cas[0].toStdString();
         EXPECT_FALSE(fenetre.result());
     }
     Configuration faussee = config;
@@ -195,8 +168,8 @@ TEST_F(FenetresConfigTest, SavingRefusesInItsOrder) {
     protege();
     for (const Configuration &c : {faussee, config}) {
         const FrmSauvegarde fenetre(env, q("01"), c);
-        saisit(fenetre, "Text6", "Bonne");
-        clique(fenetre, "BtnSauver");
+        saisit(fenetre, q("Text6"), q("Bonne"));
+        clique(fenetre, q("BtnSauver"));
         EXPECT_NE(dits().find(c == config ? "protégé en écriture" : "ne peut pas être sauvegardée"),
                   std::string::npos);
         EXPECT_EQ(controle<QLineEdit>(fenetre, "Text6").text(), q("Bonne")) << "typed once is enough";
@@ -212,17 +185,17 @@ TEST_F(FenetresConfigTest, DeletingAsksFirstAndListsOnesOwn) {
     auto &liste = controle<QListWidget>(fenetre, "ListDesConfig");
     ASSERT_EQ(liste.count(), 2);
     liste.setCurrentRow(1);
-    clique(fenetre, "cmdSupprimer");
-    EXPECT_EQ(dits(), "Attention|Etes-vous certain de vouloir supprimer cette configuration ?");
+    clique(fenetre, q("cmdSupprimer"));
+    EXPECT_EQ(dits(), "Etes-vous certain de vouloir supprimer cette configuration ?");
     EXPECT_FALSE(fenetre.result());
     messages.answer = true;
-    clique(fenetre, "cmdSupprimer");
+    clique(fenetre, q("cmdSupprimer"));
     EXPECT_EQ(livre.configs(), "L'une 01 1*, Autre 02 1*");
     EXPECT_EQ(fenetre.result(), QDialog::Accepted);
     protege();
     SuppConfig refusee(env, 1);
     controle<QListWidget>(refusee, "ListDesConfig").setCurrentRow(0);
-    clique(refusee, "cmdSupprimer");
+    clique(refusee, q("cmdSupprimer"));
     EXPECT_NE(dits().find("protégé en écriture"), std::string::npos);
     EXPECT_FALSE(refusee.result());
     QFile::remove(livre.fichier());

@@ -8,7 +8,8 @@ namespace {
 
 const QDateTime maintenant(QDate(2026, 3, 11), QTime(10, 5));
 
-/// "header chair start-end/slot: names in order", of each grid; the reason where it cannot be drawn.
+/// The ticked place, and "header chair start-end/slot: names in order" of each grid, or why it cannot be
+/// drawn.
 std::string vu(const Affichage &affichage) {
     QStringList grilles;
     for (const Grille &g : affichage.grilles) {
@@ -24,7 +25,7 @@ std::string vu(const Affichage &affichage) {
                     (g.tracable() ? creneaux + q(": ") + noms.join(u' ') : g.empechement))
                        .trimmed();
     }
-    return grilles.join(q(";")).toStdString();
+    return q("(%1) ").arg(affichage.fauteuilCoche).toStdString() + grilles.join(q(";")).toStdString();
 }
 
 class AffichageTest : public testing::Test {
@@ -72,7 +73,7 @@ RangConfig rang(const QString &mot) {
         {q("repli"), repli},
         {q("autreNom"), autreNom},
         {q("un"), {}},
-        {q("unBis"), {.nom = "Bis", .fauteuil = 1, .intervalle = 5}},
+        {q("unBis"), {.defaut = false, .intervalle = 5}},
         {q("deux"), deux},
         {q("deux*"), deuxParDefaut},
         {q("trois"), {.nom = "Trois", .fauteuil = 3, .defaut = false, .intervalle = 10}},
@@ -94,26 +95,26 @@ TEST_F(AffichageTest, EachGridReadsItsOwnChairAndDays) {
         {q("SEUL"), q("Ce praticien n'a qu'un fauteuil : la vue par jour en montre deux.")},
         {q("AUCUN"), q("Aucun fauteuil n'est choisi dans le menu Fauteuil.")}};
     for (const QStringList &cas : tableau(R"(
-        the default chair        | repli un deux  | semaine   | 1 08:00-18:00/60: 1lu 1me 1di
-        the chosen chair         | repli un deux  | semaine 2 | 2 08:00-18:00/20: 2lu 2me 2di
-        the last of two defaults | un deux*       | semaine   | 2 08:00-18:00/20: 2lu 2me 2di
-        a chair's first row      | un unBis       | semaine   | 1 08:00-18:00/60: 1lu 1me 1di
-        no default               | repli trois    | semaine   | 0 08:00-18:00/30: 0lu 0me 0di
-        a chair that is gone     | repli un       | semaine 2 | 0 08:00-18:00/30: 0lu 0me 0di
-        no configuration         | repli          | semaine   | 0 08:00-18:00/30: 0lu 0me 0di
-        not quite its name       | autreNom       | semaine   | RIEN
-        behind another row of 0  | autreNom repli | semaine   | RIEN
-        an hour unreadable       | illisible      | semaine   | 1 CABINET1 un horaire manque ou ne peut pas être lu.
-        hours in disorder        | désordre       | semaine   | 1 CABINET1 les horaires ne se suivent pas.
-        no slot length           | nul            | semaine   | 1 CABINET1 la durée d'un créneau doit être d'au moins une minute.
-        slots beyond the day     | long           | semaine   | 1 CABINET1 un créneau dure plus que la journée.
-        two chairs               | un deux        | jour 2    | Fauteuil 1 1 08:00-18:00/60: 1me;Fauteuil 2 2 08:00-18:00/20: 2me
-        ticked one and the next  | un deux trois  | jour 2    | Fauteuil 2 2 08:00-18:00/20: 2me;Fauteuil 3 3 08:00-18:00/10: 3me
-        the last and the first   | un deux trois  | jour 3    | Fauteuil 3 3 08:00-18:00/10: 3me;Fauteuil 1 1 08:00-18:00/60: 1me
-        chairs, no default       | repli trois deux | jour    | Matin  AUCUN;Après-midi  AUCUN
-        one chair                | un             | jour      | Matin  SEUL;Après-midi  SEUL
-        no chairs: everybody's   | repli zéro     | jour      | Matin 0 08:00-12:00/60: 0me 1me 2me 3me;Après-midi 0 14:00-18:00/60: 0me 1me 2me 3me
-        no configuration: too    | repli          | jour      | Matin 0 08:00-12:00/30: 0me 1me 2me 3me;Après-midi 0 14:00-18:00/30: 0me 1me 2me 3me)")) {
+        the default chair        | repli un deux  | semaine   | (0) 1 08:00-18:00/60: 1lu 1me 1di
+        the chosen chair         | repli un deux  | semaine 2 | (1) 2 08:00-18:00/20: 2lu 2me 2di
+        the last of two defaults | un deux*       | semaine   | (1) 2 08:00-18:00/20: 2lu 2me 2di
+        a chair's first row      | un unBis       | semaine   | (0) 1 08:00-18:00/60: 1lu 1me 1di
+        no default               | repli trois    | semaine   | (-1) 0 08:00-18:00/30: 0lu 0me 0di
+        a chair that is gone     | repli un       | semaine 2 | (-1) 0 08:00-18:00/30: 0lu 0me 0di
+        no configuration         | repli          | semaine   | (-1) 0 08:00-18:00/30: 0lu 0me 0di
+        not quite its name       | autreNom       | semaine   | (-1) RIEN
+        behind another row of 0  | autreNom repli | semaine   | (-1) RIEN
+        an hour unreadable       | illisible      | semaine   | (0) 1 CABINET1 un horaire manque ou ne peut pas être lu.
+        hours in disorder        | désordre       | semaine   | (0) 1 CABINET1 les horaires ne se suivent pas.
+        no slot length           | nul            | semaine   | (0) 1 CABINET1 la durée d'un créneau doit être d'au moins une minute.
+        slots beyond the day     | long           | semaine   | (0) 1 CABINET1 un créneau dure plus que la journée.
+        two chairs               | un deux        | jour 2    | (1) Fauteuil 1 1 08:00-18:00/60: 1me;Fauteuil 2 2 08:00-18:00/20: 2me
+        ticked one and the next  | un deux trois  | jour 2    | (1) Fauteuil 2 2 08:00-18:00/20: 2me;Fauteuil 3 3 08:00-18:00/10: 3me
+        the last and the first   | un deux trois  | jour 3    | (2) Fauteuil 3 3 08:00-18:00/10: 3me;Fauteuil 1 1 08:00-18:00/60: 1me
+        chairs, no default       | repli trois deux | jour    | (-1) Matin  AUCUN;Après-midi  AUCUN
+        one chair                | un             | jour      | (0) Matin  SEUL;Après-midi  SEUL
+        no chairs: everybody's   | repli zéro     | jour      | (0) Matin 0 08:00-12:00/60: 0me 1me 2me 3me;Après-midi 0 14:00-18:00/60: 0me 1me 2me 3me
+        no configuration: too    | repli          | jour      | (-1) Matin 0 08:00-12:00/30: 0me 1me 2me 3me;Après-midi 0 14:00-18:00/30: 0me 1me 2me 3me)")) {
         livre.execute(SqlText("delete from Config"));
         for (const QString &mot : cas[1].split(u' ')) {
             livre.config(rang(mot));
@@ -134,13 +135,14 @@ TEST_F(AffichageTest, AppointmentsLieOnTheirDate1InTheOrderOfTheirHours) {
     livre.rdv({.nom = "troisieme"});
     livre.rdv({.nom = "tot", .debut = "08:30:00"});
     livre.rdv({.nom = "lundi", .debut = "17:00:00", .jour = "2026-03-09"});
+    EXPECT_EQ(vu(lit(demande(q("semaine")))), "(0) 1 08:00-18:00/60: lundi tot deuxieme troisieme tard");
     livre.rdv({.nom = "venu", .debut = "09:45:00", .jour = "2026-03-11 00:00:00", .cle = "20260318"});
     livre.rdv({.nom = "sans", .debut = "09:50:00", .cle = ""});
     livre.rdv({.nom = "parti", .jour = "2026-03-18", .cle = "20260311"});
     livre.rdv({.nom = "autre", .praticien = "02", .cle = "20260318"});
     livre.rdv({.nom = "ailleurs", .fauteuil = 2, .cle = "20260318"});
     EXPECT_EQ(vu(lit(demande(q("semaine")))),
-              "1 08:00-18:00/60: lundi tot deuxieme troisieme venu sans tard");
+              "(0) 1 08:00-18:00/60: lundi tot deuxieme troisieme venu sans tard");
     Database carnet = livre.ouvre();
     EXPECT_EQ(RelitJour(carnet, lit(demande(q("semaine"))), 0, maintenant.date()).size(), 6);
 }
@@ -159,8 +161,7 @@ TEST_F(AffichageTest, AKeptConfigurationServesTheWeekOnly) {
     ASSERT_TRUE(gardee.config);
     gardee.config->Intervalle = 5;
     const Affichage zoomee = lit(gardee);
-    EXPECT_EQ(vu(zoomee), "2 08:00-18:00/5: 2lu 2me 2di");
-    EXPECT_EQ(zoomee.fauteuilCoche, 1);
+    EXPECT_EQ(vu(zoomee), "(1) 2 08:00-18:00/5: 2lu 2me 2di");
     gardee.VueSemaine = false;
     const Affichage journee = lit(gardee);
     EXPECT_EQ(journee.grilles[1].creneaux.intervalle, 20);

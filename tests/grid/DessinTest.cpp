@@ -35,34 +35,32 @@ class Images {
     QTemporaryDir m_dossier;
 };
 
-/// What a cell shows: "#" for grey, shape and weekday of its picture, its colour ("b": a button's), "!" for
-/// red, "w" for white, text.
+/// What a cell shows: shape and weekday of its picture, background and text colour by a letter, text.
 QString vu(const FlexCell &cellule) {
-    QString texte;
-    if (!cellule.picture.isNull()) {
-        texte += q(".DTML")[cellule.picture.width() - 10] + QString::number(cellule.picture.height() - 20);
-    }
-    if (cellule.back.isValid()) {
-        const bool bouton = cellule.back == QGuiApplication::palette().color(QPalette::Button);
-        texte += cellule.back == QColor(160, 160, 160) ? q("#") : bouton ? q("b") : cellule.back.name();
-    }
-    if (cellule.fore.isValid()) {
-        texte += cellule.fore == QColor(255, 0, 0) ? q("!")
-                                                   : (cellule.fore == QColor(Qt::white) ? q("w") : q("l"));
-    }
-    return texte + cellule.text;
+    const auto lettre = [](const QColor &couleur) {
+        const QMap<QString, QString> connues{
+            {q("#a0a0a0"), q("#")},
+            {q("#ff0000"), q("!")},
+            {q("#ffffff"), q("w")},
+            {q("#f0f0f0"), q("l")},
+            {QGuiApplication::palette().color(QPalette::Button).name(), q("b")}};
+        return couleur.isValid() ? connues.value(couleur.name(), couleur.name()) : QString();
+    };
+    const QSize image = cellule.picture.size();
+    const QString forme =
+        image.isEmpty() ? QString() : q(".DTML")[image.width() - 10] + QString::number(image.height() - 20);
+    const bool bouton = lettre(cellule.back) == q("b");
+    return forme + lettre(cellule.back) + (bouton ? QString() : lettre(cellule.fore)) + cellule.text;
 }
 
 std::string dessin(const FlexGrid &grille) {
-    QString lignes;
-    for (int ligne = 0; ligne < grille.cells().rows(); ++ligne) {
-        QStringList cellules;
-        for (int col = 0; col < grille.cells().cols(); ++col) {
-            cellules << vu(grille.cells().cell(ligne, col));
-        }
-        lignes += cellules.join(u'|') + u'\n';
+    QString texte;
+    for (int i = 0; i < grille.cells().rows() * grille.cells().cols(); ++i) {
+        const int col = i % grille.cells().cols();
+        texte += vu(grille.cells().cell(i / grille.cells().cols(), col)) +
+                 (col + 1 < grille.cells().cols() ? u'|' : u'\n');
     }
-    return lignes.toStdString();
+    return texte.toStdString();
 }
 
 RendezVous rdv(const char *nom, int jour, const char *debut, const char *fin, bool present = false) {
@@ -143,11 +141,11 @@ TEST(Dessin, ADay) {
                   {{config, CreneauxSemaine(config), q("Fauteuil 1"), {rdv("ROUX", 3, "08:00", "12:30")}, {}},
                    {{}, {}, q("Fauteuil 2"), {}, q("pourquoi")}},
                   QDateTime(QDate(2026, 3, 11), QTime(12, 0))});
-    EXPECT_EQ(dessin(gauche), R"(blHeure|blmercredi 11 février       Fauteuil 1
-bl08:00|T3!  ROUX Léa
-bl10:00|M3
-bl12:00|L3
-bl14:00|
+    EXPECT_EQ(dessin(gauche), R"(bHeure|bmercredi 11 février       Fauteuil 1
+b08:00|T3!  ROUX Léa
+b10:00|M3
+b12:00|L3
+b14:00|
 )");
-    EXPECT_EQ(dessin(droite), "blHeure|blmercredi 11 février       Fauteuil 2\n");
+    EXPECT_EQ(dessin(droite), "bHeure|bmercredi 11 février       Fauteuil 2\n");
 }

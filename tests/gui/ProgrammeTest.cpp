@@ -33,7 +33,10 @@ class Programme {
 
     /// Waits until a window of that title has the keyboard.
     bool fenetre(const char *titre) const {
-        return waitUntil([&] { return xdotool({q("getactivewindow"), q("getwindowname")}) == q(titre); });
+        const QString voulue = q("%1\n%2").arg(m_processus.processId()).arg(q(titre));
+        return waitUntil([&] {
+            return xdotool({q("getwindowfocus"), q("getwindowpid"), q("getwindowname")}) == voulue;
+        });
     }
     /// Waits for the end; gives the exit code, -1 when the program goes on or was ended by a signal.
     int code() {
@@ -79,23 +82,22 @@ TEST(Programme, OpensOnAFolderWithBlanksAndAccentsAndEndsWithoutWriting) {
 }
 
 TEST(Programme, CommandLine) {
-    struct Cas {
-        const char *arguments;
-        int code;
-        const char *dit;
-    };
-    for (const Cas &cas :
-         {Cas{"--aide", 0, "affiche cette aide"}, Cas{"-h", 0, "Carnet de rendez-vous du cabinet dentaire"},
-          Cas{"--couleur", 2, "option inconnue : couleur"},
-          Cas{"fichier.mdb", 2, "option inconnue : fichier.mdb"},
-          Cas{"--chemin", 2, "il manque la valeur d'une option"}, Cas{"--maintenant hier", 2, "« hier »"},
-          Cas{"--lecteur DD=dossier", 2, "D=DOSSIER"}}) {
-        Programme programme(q(cas.arguments).split(u' '));
-        EXPECT_EQ(programme.code(), cas.code) << cas.arguments;
+    for (const QStringList &cas : tableau(R"(
+        --aide              | 0 | affiche cette aide
+        -h                  | 0 | Carnet de rendez-vous du cabinet dentaire
+        --couleur           | 2 | option inconnue : couleur
+        fichier.mdb         | 2 | option inconnue : fichier.mdb
+        --chemin            | 2 | il manque la valeur d'une option
+        --maintenant hier   | 2 | « hier »
+        --lecteur DD=dossier | 2 | D=DOSSIER)")) {
+        Programme programme(cas[0].split(u' '));
+        const bool bon = cas[1] == q("0");
+        EXPECT_EQ(programme.code(), cas[1].toInt()) << cas[0].toStdString();
         const std::string sortie = programme.sortie();
         const std::string erreurs = programme.erreurs();
-        EXPECT_NE((cas.code == 0 ? sortie : erreurs).find(cas.dit), std::string::npos) << sortie << erreurs;
-        EXPECT_EQ(cas.code == 0 ? erreurs : sortie, "") << cas.arguments;
+        EXPECT_NE((bon ? sortie : erreurs).find(cas[2].toStdString()), std::string::npos)
+            << sortie << erreurs;
+        EXPECT_EQ(bon ? erreurs : sortie, "") << cas[0].toStdString();
     }
 }
 

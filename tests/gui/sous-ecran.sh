@@ -55,6 +55,10 @@ numero=$(ligne ecran)
 [ -n "$numero" ] || echoue "no virtual screen (is Xvfb installed?)"
 DISPLAY=:$numero
 export DISPLAY
+# The window manager takes no click and no key for itself: a click that it looks at first comes late.
+mkdir -p "$HOME/.config/openbox"
+echo '<openbox_config xmlns="http://openbox.org/3.4/rc"><keyboard/><mouse/></openbox_config>' \
+    >"$HOME/.config/openbox/rc.xml"
 # A French keyboard: xdotool puts a letter that the keyboard lacks on a spare key, one letter after the other, faster
 # than programs hear of it. The screen keeps it, also while nobody is connected (-noreset).
 (nu setxkbmap fr oss 2>>"$dossier/journal") || echoue "no French keyboard (is setxkbmap installed?)"

@@ -13,20 +13,19 @@ class FlexGridTest : public testing::Test {
     FlexGridTest() {
         fill(10, 5);
         grid.setSelectableArea(QRect(1, 1, 3, 8));
-        for (int col = 0; col < 5; ++col) {
-            grid.setColumnWidth(col, 50);
-        }
+        grid.horizontalHeader()->setDefaultSectionSize(50);
         grid.resize(300, 400);
         grid.show();
         QObject::connect(&grid, &FlexGrid::selectionAsked, &grid,
                          [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
-                             const std::string what[] = {"press", "right", "drag", "key"};
-                             asked += what[int(g)] + QStringLiteral(" %1,%2-%3,%4;")
-                                                         .arg(c.row)
-                                                         .arg(c.col)
-                                                         .arg(c.rowSel)
-                                                         .arg(c.colSel)
-                                                         .toStdString();
+                             const char *const what[] = {"press", "right", "drag", "key"};
+                             asked += QStringLiteral("%1 %2,%3-%4,%5;")
+                                          .arg(QLatin1StringView(what[int(g)]))
+                                          .arg(c.row)
+                                          .arg(c.col)
+                                          .arg(c.rowSel)
+                                          .arg(c.colSel)
+                                          .toStdString();
                              grid.showOutline(c);
                          });
         QObject::connect(&grid, &FlexGrid::opened, &grid,
@@ -36,17 +35,23 @@ class FlexGridTest : public testing::Test {
     void fill(int rows, int cols) {
         const FlexGridWriting writing(grid.cells());
         grid.cells().clear(rows, cols);
+        grid.cells().at(0, 3).text = QStringLiteral("header");
+        grid.cells().at(rows, 3).text = QStringLiteral("outside");
     }
     QPoint at(int row, int col) { return grid.visualRect(grid.cells().index(row, col)).center(); }
-    void press(int row, int col, Qt::MouseButton button = Qt::LeftButton, Qt::KeyboardModifiers keys = {}) {
-        QTest::mousePress(grid.viewport(), button, keys, at(row, col));
+    void click(int row, int col, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
+        QTest::mouseClick(grid.viewport(), button, keys, at(row, col));
     }
     void drag(const QPoint &to) {
         QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton,
                          Qt::LeftButton, {});
         QApplication::sendEvent(grid.viewport(), &move);
     }
-    void release(Qt::MouseButton button = Qt::LeftButton) { QTest::mouseRelease(grid.viewport(), button); }
+    void type(std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers with = {}) {
+        for (const Qt::Key key : keys) {
+            QTest::keyClick(&grid, key, with);
+        }
+    }
     std::string taken() { return std::exchange(asked, {}); }
 
     FlexGrid grid;
@@ -56,60 +61,45 @@ class FlexGridTest : public testing::Test {
 } // namespace
 
 TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
-    press(3, 2);
-    drag(at(3, 2) + QPoint(3, 1));
-    drag(at(5, 2));
-    drag(at(6, 3));
-    drag(QPoint(-50, 5000));
+    QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, at(3, 2));
+    for (const QPoint &to : {at(3, 2) + QPoint(3, 1), at(5, 2), at(6, 3), QPoint(-50, 5000)}) {
+        drag(to);
+    }
     EXPECT_TRUE(grid.isDragging());
-    release();
+    QTest::mouseRelease(grid.viewport(), Qt::LeftButton);
     EXPECT_FALSE(grid.isDragging());
     drag(at(7, 2));
     EXPECT_EQ(taken(), "press 3,2-3,2;drag 3,2-5,2;drag 3,2-6,3;drag 3,2-9,0;");
-    press(4, 1, Qt::LeftButton, Qt::ShiftModifier);
-    release();
+    click(4, 1, Qt::LeftButton, Qt::ShiftModifier);
     EXPECT_EQ(taken(), "drag 3,2-4,1;");
-    press(4, 2, Qt::RightButton);
-    release(Qt::RightButton);
-    EXPECT_EQ(taken(), "menu;") << "the outlined cells stay";
-    press(7, 3, Qt::RightButton);
-    release(Qt::RightButton);
-    EXPECT_EQ(taken(), "right 7,3-7,3;menu;");
+    click(4, 2, Qt::RightButton);
+    click(7, 3, Qt::RightButton);
+    EXPECT_EQ(taken(), "menu;right 7,3-7,3;menu;") << "the outlined cells stay";
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(7, 3));
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(2, 2));
     EXPECT_EQ(taken(), "opened by mouse;") << "only what is outlined";
     QTest::mousePress(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
     EXPECT_EQ(taken(), "press 0,2-0,2;");
-    EXPECT_FALSE(grid.isDragging());
 }
 
 TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
-    QTest::keyClick(&grid, Qt::Key_Return);
+    using enum Qt::Key;
+    type({Key_Return});
     EXPECT_EQ(taken(), "") << "nothing is outlined";
-    for (const Qt::Key key :
-         {Qt::Key_Down, Qt::Key_Up, Qt::Key_Left, Qt::Key_Right, Qt::Key_Right, Qt::Key_Right}) {
-        QTest::keyClick(&grid, key);
-    }
+    type({Key_Down, Key_Up, Key_Left, Key_Right, Key_Right, Key_Right});
     EXPECT_EQ(taken(), "key 1,1-1,1;key 1,1-1,1;key 1,1-1,1;key 1,2-1,2;key 1,3-1,3;key 1,3-1,3;");
-    for (int i = 0; i < 2; ++i) {
-        QTest::keyClick(&grid, Qt::Key_Down, Qt::ShiftModifier);
-    }
-    QTest::keyClick(&grid, Qt::Key_Down);
+    type({Key_Down, Key_Down}, Qt::ShiftModifier);
+    type({Key_Down});
+    EXPECT_EQ(taken(), "key 1,3-2,3;key 1,3-3,3;key 4,3-4,3;");
     grid.showOutline(FlexGrid::Corners{7, 2, 8, 2});
-    QTest::keyClick(&grid, Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&grid, Qt::Key_Up);
-    QTest::keyClick(&grid, Qt::Key_Enter);
-    EXPECT_EQ(taken(), "key 1,3-2,3;key 1,3-3,3;key 4,3-4,3;key 7,2-8,2;key 6,2-6,2;opened;");
+    type({Key_Down}, Qt::ShiftModifier);
+    type({Key_Up, Key_Enter});
+    EXPECT_EQ(taken(), "key 7,2-8,2;key 6,2-6,2;opened;");
 }
 
 TEST_F(FlexGridTest, AWholeDrawingIsOneResetAndShowingAsksForNothing) {
     QSignalSpy resets(&grid.cells(), &QAbstractItemModel::modelReset);
-    {
-        const FlexGridWriting writing(grid.cells());
-        grid.cells().clear(42, 8);
-        grid.cells().at(0, 3).text = QStringLiteral("header");
-        grid.cells().at(42, 3).text = QStringLiteral("outside");
-    }
+    fill(42, 8);
     EXPECT_EQ(resets.count(), 1);
     EXPECT_EQ(grid.cells().cell(42, 3).text, QString());
     EXPECT_TRUE(grid.isRowHidden(0)) << "the header shows row 0";

@@ -1,6 +1,5 @@
-"""promenade.py BINARIES SEED [STEPS]: walks through the program at random, and looks after every step whether what
-it shows and writes is what the files say. All chance comes from SEED. PROMENADE_SANS=a,b leaves gestures out."""
-import copy
+"""promenade.py BINARIES SEED [STEPS]: walks through the program at random on the screen that DISPLAY names, and looks
+after every step whether what it shows and writes is what the files say. All chance comes from SEED."""
 import datetime
 import os
 import random
@@ -10,330 +9,442 @@ import sys
 import tempfile
 import time
 import traceback
+from dataclasses import replace
 
 import cabinet
-from ecran import Ecran, Faute, Programme, attends
-from gestes import Gestes, lit_heure
-from oracle import Contexte, Livre, RendezVous, Vue, ecarts, entier, lit_base, lit_etat_date, lit_jour, minutes, propre
-from tiers import Tiers
+from ecran import Faute, Programme, attends, centre
+from fenetres import Fenetres
+from oracle import GRILLES, Contexte, Livre, Montre, Vue, dans, entier, lit_base
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
-TIERS = {"ecrit": 0.06, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
+LONG = 4  # seconds of a lock after which the program may have given up
+TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
+DECALE = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
+OUVRE = {"mnuAjouter": "FrmAjouter", "mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer"}
+AUTRES = ("mnuPresent", "mnusemaine", "mnuJour", "mnuRafraichir", "mnuZoom", "mnutranche", "mnuexclure")
+BOUTONS = (*DECALE, "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnMois", "BtnAujourdhui", "BtnAujourdhui2")
+FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 
 
-class Promenade:
-    def __init__(self, binaires, graine, pas, dossier):
-        self.h, self.graine, self.pas, self.dossier = random.Random(graine), graine, pas, dossier
-        self.etape, self.fait, self.boites, self.histoire = 0, [], set(), []
+class Promenade(Fenetres):
+    GESTES = {"clic": 30, "double_clic": 9, "glisse": 7, "clic_droit": 5, "fleche": 8, "entree": 4, "suppr": 2,
+              "touche": 6, "bouton": 9, "menu": 14, "molette": 3, "zoom_molette": 2, "tic": 5}
+
+    def __init__(self, binaires, graine, dossier):
+        self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
+        self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
         prat = cabinet.cree(dossier + "/cabinet", self.h)
         self.bases = dossier + "/cabinet/Base/Fichiers/"
-        self.tiers = Tiers(self.bases + "Tavelin.mdb", self.h)
-        self.sans = os.environ.get("PROMENADE_SANS", "").split(",")
-        self.ecran = Ecran(dossier)
-        try:
-            depart = time.monotonic()
-            self.prog = Programme(self.ecran, binaires, dossier, ["--chemin", dossier + "/cabinet/CheminBelmor.mdb",
-                                                                  "--maintenant", "2026-03-11T10:05"])
-        except BaseException:
-            self.ecran.ferme()
-            raise
+        self.tiers = cabinet.Tiers(self.bases + "Tavelin.mdb", self.h)
+        depart = time.monotonic()
+        self.prog = Programme(binaires, dossier, ["--chemin", dossier + "/cabinet/CheminBelmor.mdb", "--maintenant",
+                                                  cabinet.MAINTENANT.isoformat()])
         self.maintenant = lambda: cabinet.MAINTENANT + datetime.timedelta(seconds=time.monotonic() - depart)
-        self.dessine_a = self.maintenant()
-        self.gestes = Gestes(self)
-        praticiens = lit_base(self.bases + "Param.mdb")["Praticien"].values()
-        self.vue = Vue({p["codeprat"]: f"docteur {p['nom']} {p['PreNom'] or ''}" for p in praticiens}, prat,
-                       cabinet.MAINTENANT.date())
+        self.praticiens = {p["codeprat"]: f"docteur {p['nom']} {p['PreNom'] or ''}"
+                           for p in lit_base(self.bases + "Param.mdb")["Praticien"].values()}
         self.patients = lit_base(self.bases + "Patient.mdb")["TabPat"]
-        self.promesse = self.reglages = None
-        self.relit = self.redessine = self.date_inconnue = self.zoom_incertain = False
-        self.classe, self.place, self.visees, self.dessus = None, None, [], "FrmEntree"
+        self.prog.etat(patience=20)
+        self.etat = self.prog.repos()
+        self.livre = Livre(self.lit())
+        self.photos = self.anciennes = [self.livre]
+        self.vue = Vue(prat, cabinet.MAINTENANT.date())
+        affich = Montre(self.vue, self.livre).grilles["GrilleRDV"].config.affich
+        while any(affich) and not affich[self.vue.jour.weekday()]:
+            self.vue.jour += datetime.timedelta(1)
+        self.ctx = None
+        self.commence("départ")
+        self.regarde()
+
+    def lit(self):
+        return lit_base(self.tiers.fichier if self.tiers.lisible else self.tiers.cache)
 
     # ---- One step
 
-    def marche(self):
-        self.prog.etat(patience=20)
-        self.etat = self.prog.repos()
-        self.livre = Livre(self.tiers.lit())
-        self.photos = self.anciennes = [self.livre]
-        self.vue.charge(self.livre)
-        while not self.vue.config.affich[self.vue.jour.weekday()]:
-            self.vue.jour += datetime.timedelta(1)
-        self.regarde(None, None, [self.vue])
-        for self.etape in range(1, self.pas + 1):
-            self.fait = [f"pas {self.etape}"]
-            self.un_pas()
-            self.histoire = [*self.histoire, " ; ".join(self.fait)][-40:]
-        self.etape = "fin"
-        self.prog.finit()
+    def commence(self, *fait):
+        self.fait, self.suite, self.vues, self.frais, self.peut, self.duree = [*fait], None, [self.vue], False, False, 0
+        self.a_ecrit, self.fermee, self.boite, self.dessus, self.avant = False, None, None, self.etat.dessus, self.ctx
+        if self.dessus == "QMessageBox":
+            self.boite = self.etat.texte("qt_msgbox_label")
+        else:
+            self.promesse = None
 
     def dit(self, texte):
         self.fait.append(texte)
 
+    def marche(self, pas):
+        for self.etape in range(1, pas + 1):
+            self.commence(f"pas {self.etape}")
+            self.un_pas()
+            self.histoire = [*self.histoire, " ; ".join(self.fait)][-30:]
+        self.etape = "fin"
+        self.prog.finit()
+
     def un_pas(self):
-        avant, ancienne = self.ctx, copy.copy(self.vue)
-        verrou, duree = self.troisieme(), 0
-        self.relit = self.redessine = self.date_inconnue = self.zoom_incertain = False
-        geste = self.gestes.choisit()
-        if geste.__name__ in self.sans:
-            return
-        if not self.tiers.lisible and self.etat.dessus == "FrmEntree" and not self.etat.surgis:
-            self.relit = False
-        suite = geste()
+        etat, config = self.etat, next(iter(self.ctx.grilles.values()))
+        self.fixe = replace(self.vue, jour=self.ctx.date)
+        if self.vue.semaine and config.horaire.n:
+            self.fixe.config = config.config
+        self.vues, verrou = [self.fixe], self.troisieme()
+        if etat.surgis:
+            self.menu_surgi()
+        elif etat.dessus != "FrmEntree":
+            self.dans_fenetre()
+        else:
+            geste = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
+            getattr(self, geste)()
         if verrou:
-            duree = self.sous_verrou(verrou)
-        vues = [self.vue]
-        if self.reglages:
-            vues = self.applique_reglages()
-        if self.zoom_incertain or self.date_inconnue:
-            vues = self.vues_possibles(ancienne)
+            self.sous_verrou(verrou)
         if not self.tiers.lisible:
-            vues = [ancienne]
-        elif duree > 4:
-            vues.append(ancienne)
+            self.vues, self.fermee = [self.fixe], None
+        elif self.duree > LONG:
+            self.vues.append(self.fixe)
         self.anciennes = self.photos
-        if (self.redessine or self.relit) and self.tiers.lisible:
-            self.photos = [*(self.photos if self.relit or duree > 4 else []), self.livre]
-        self.regarde(avant, suite, vues)
+        if (self.frais or self.peut) and self.tiers.lisible:
+            self.photos = [*(self.photos if self.peut or self.duree > LONG else []), self.livre]
+        self.regarde()
 
     def troisieme(self):
         """What the other workstation does before this step; the lock that it holds during the step, if any."""
-        sort, quoi = self.h.random(), None
-        for nom, chance in TIERS.items():
-            if sort < chance and quoi is None:
-                quoi = nom
-            sort -= chance
+        quoi = self.h.choices([*TIERS, None], [*TIERS.values(), 1 - sum(TIERS.values())])[0]
         if not self.tiers.lisible:
             if self.h.random() < 0.4:
                 self.dit("le carnet est rapporté")
                 self.tiers.rapporte()
-            return None
-        if quoi is None or quoi in self.sans:
-            return None
-        if quoi == "ecrit":
-            self.dit("tiers : " + self.tiers.ecrit(self.livre, self.vue, self.ctx.rdv and self.ctx.rdv.ref))
-            self.livre = Livre(self.tiers.lit())
-            self.photos.append(self.livre)
+        elif quoi == "ecrit":
+            refs = [ref for ref, r in self.livre.rdv.items() if entier(r.ligne["NumPraticien"]) == self.vue.prat] or [0]
+            vise = [self.ctx.rdv.ref] if self.ctx.rdv and self.h.random() < 0.7 else refs
+            fauteuil = next(iter(self.ctx.grilles.values())).fauteuil
+            self.dit("tiers : " + self.tiers.ecrit(vise, self.fixe.jour, self.vue.prat, fauteuil))
+            self.livre, self.a_ecrit = Livre(self.lit()), True
+            self.photos = [*self.photos, self.livre]
         elif quoi == "verrou":
-            self.dit("le carnet est verrouillé")
             return self.tiers.verrou()
-        elif self.etat.dessus == "FrmEntree":
+        elif quoi and self.etat.dessus == "FrmEntree":
             self.dit(f"le carnet est {quoi}")
             self.tiers.emporte(quoi == "tronque")
         return None
 
     def sous_verrou(self, lien):
         """The program answers all the while; then the lock goes."""
-        duree = self.h.choice((0.2, 0.5, 1, 3, 8))
-        self.dit(f"verrou de {duree} s")
-        fin = time.monotonic() + duree
+        self.duree = self.h.choice((0.2, 0.5, 1, 3, 8))
+        self.dit(f"verrou de {self.duree} s")
+        fin = time.monotonic() + self.duree
         try:
-            attends(lambda: self.prog.etat() and time.monotonic() > fin, duree + 2, "verrou")
+            attends(lambda: self.prog.etat() and time.monotonic() > fin, self.duree + 2, "le verrou")
         finally:
             lien.close()
-        return duree
-
-    def vues_possibles(self, ancienne):
-        """The wheel may have zoomed or not, the calendar gave a date that is read back from the screen."""
-        autre = copy.copy(ancienne)
-        if self.zoom_incertain:
-            autre.zoome()
-            return [ancienne, autre]
-        autre.jour = lit_etat_date(self.prog.repos().texte("StatusBar1_4", "FrmEntree"))
-        return [autre]
-
-    def applique_reglages(self):
-        """Slots or days changed in their windows: the loaded configuration takes them once the window has closed."""
-        if {"FrmTrancheHoraire", "FrmJourExclure"} & self.prog.repos().par_nom.keys():
-            self.reglages = None
-            return [self.vue]
-        (quoi, ok, valeurs), self.reglages, vue = self.reglages, None, copy.copy(self.vue)
-        vue.config = copy.copy(vue.config)
-        if quoi == "tranche":
-            vue.prend(vue.config)
-            vue.config.pas, vue.config.heures = ok, valeurs
-        elif ok:
-            vue.config.affich = [not valeurs[f"Check3_{i}"] for i in range(7)]
-            vue.config.grise = [valeurs[f"Check1_{i}"] + 2 * valeurs[f"Check2_{i}"] for i in range(7)]
-        self.redessine = True
-        self.vue = vue
-        return [vue]
 
     # ---- Looking
 
-    def regarde(self, avant, suite, vues):
-        """Until everything agrees, or for PATIENCE: the first disagreement that stays is a fault."""
-        if self.redessine:
-            self.dessine_a = self.maintenant()
+    def regarde(self):
+        """Until everything agrees, or for PATIENCE: what stays wrong is a fault."""
         fin = time.monotonic() + PATIENCE
-        while faux := self.ecarts(avant, suite, vues):
+        while True:
+            self.etat = self.prog.repos()
+            faux = self.ecritures() or self.ecarts() or self.juge() or self.ouverte()
+            if not faux:
+                return
             if time.monotonic() > fin:
-                self.refuse(faux)
-                break
+                raise Faute("\n".join(faux[:12]) + f"\nà l'écran : {self.etat.dessus} {self.etat.textes()}")
             time.sleep(0.02)
-        self.dessus = self.etat.dessus
 
-    def refuse(self, faux):
-        if faux:
-            boite = self.etat.dessus == "QMessageBox" and [o["texte"] for o in self.etat.objets() if o["texte"]]
-            raise Faute("\n".join(faux[:12]) + (f"\nboîte {boite}" if boite else ""))
-
-    def ecarts(self, avant, suite, vues):
-        self.etat = self.prog.repos()
-        self.ecritures()
-        instants = [self.dessine_a, self.maintenant()]
-        photos = self.photos if self.etat.dessus == "FrmEntree" else list(dict.fromkeys(self.anciennes + self.photos))
-        essais = [(ecarts(self.etat, v, l, instants), v, l) for v in vues for l in photos]
-        faux, self.vue, vu = min(essais, key=lambda e: len(e[0]))
-        self.ctx = Contexte(self.etat, self.vue, vu)
+    def ecarts(self):
+        etat, vues = self.etat, self.vues
+        if self.fermee and self.dessus not in etat.par_nom:
+            vues, self.frais = [self.fermee] + vues * (self.duree > LONG), True
+        photos = self.photos if etat.dessus == "FrmEntree" else list(dict.fromkeys(self.anciennes + self.photos))
+        bulle = etat.objet("StatusBar1_5", "FrmEntree")["toolTip"]
+        lu = datetime.datetime.strptime(re.search(r"\d\d/.* à [\d:]+", bulle)[0], "%d/%m/%Y à %H:%M:%S")
+        essais = []
+        for vue in vues:
+            for photo in photos:
+                montre = Montre(vue, photo)
+                ctx = Contexte(etat, montre)
+                essais.append((montre.ecarts(etat, self.praticiens, lu) + ctx.ecarts(etat), vue, photo, ctx))
+        faux, self.vue, vu, self.ctx = min(essais, key=lambda e: len(e[0]))
         if faux:
             return faux
         self.photos = photos[photos.index(vu):]
-        if self.ctx.jour and self.vue.semaine:
-            self.vue.jour = self.ctx.jour
-        ouverte = self.gestes.ouverte(self.dessus)
-        return (suite(avant, self.ctx) if suite and self.tiers.lisible else []) or ouverte
+        if self.tiers.lisible and self.duree <= LONG and etat.dessus == "FrmEntree":
+            if self.frais and ("bold" in etat.objet("StatusBar1_5", "FrmEntree")["styleSheet"]
+                               or lu < self.maintenant() - datetime.timedelta(seconds=PATIENCE + 3 + self.duree)):
+                return [f"relu, mais la barre d'état dit : {bulle}"]
+        elif not self.tiers.lisible and self.frais and "bold" not in etat.objet("StatusBar1_5", "FrmEntree")["styleSheet"]:
+            return ["la lecture manque, et la barre d'état ne le dit pas"]
+        return self.suite(self.avant, self.ctx) if self.suite and self.tiers.lisible and self.duree <= LONG else []
 
-    # ---- Writing
+    # ---- The grids
 
-    def promet(self, quoi, **champs):
-        self.promesse = {"quoi": quoi, "champs": champs, "etat": self.etat, "livre": self.livre}
-        if quoi == "present":
-            self.visees = [self.ctx.rdv] if self.ctx.rdv else []
+    def case(self):
+        """A grid, a row and a column that are in sight, and a point in that cell."""
+        nom = self.h.choice([n for n in GRILLES if self.etat.grille(n)])
+        g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
+        lignes, n, nb = self.en_vue(g), grille.horaire.n, len(grille.colonnes)
+        if not lignes:
+            return nom, 0, 0, centre({"cadre": g["surface"]})
+        pris = [(r, c) for r in lignes for c in range(1, nb + 1) if r <= n and g["cellules"][r][c][0]]
+        r, c = self.h.choice([r for r in lignes if r <= n] or lignes), self.h.randint(1, nb)
+        sort = self.h.random()
+        if sort < 0.4 and pris:
+            r, c = self.h.choice([p for p in pris if p[0] in (1, n)] or pris if sort < 0.08 else pris)
+        elif sort > 0.96:
+            c = self.h.choice((0, len(g["colonnes"]) - 1))
+        elif sort > 0.92:
+            r = self.h.choice((0, lignes[-1]))
+        return nom, r, c, self.point(g, r, c)
 
-    def promet_saisie(self, **choisi):
-        e = self.etat
-        self.promet("ajoute" if e.dessus == "FrmAjouter" else "edite", nom=choisi.get("nom", e.texte("Text1")),
-                    prenom=choisi.get("prenom", e.texte("Text2")), tel=e.texte("Text3"), desc=e.texte("Text4"),
-                    jour=lit_jour(e.texte("DTPicker1")), debut=lit_heure(e.texte("TextHeureDebut")),
-                    fin=lit_heure(e.texte("TextHeureFin")), numero=choisi.get("numero"))
+    @staticmethod
+    def en_vue(g):
+        return [r for r, (y, haut) in enumerate(g["lignes"]) if haut and y >= 0 and y + haut <= g["surface"][3]]
 
-    def ecritures(self):
-        """The rows that the program has changed since the last look, and whether it was asked to."""
-        if not self.tiers.lisible:
-            return
-        self.refuse(["la fiche des patients a changé"] * (lit_base(self.bases + "Patient.mdb")["TabPat"] != self.patients))
-        neuf, connu, promesse = self.tiers.lit(), self.livre.tables, self.promesse
-        if neuf == connu:
-            return self.refuse(self.sans_ecrire())
-        self.refuse([f"la table {t} a changé" for t in connu if t != "RDV" and neuf[t] != connu[t]])
-        lignes = {ref: (connu["RDV"].get(ref), neuf["RDV"].get(ref)) for ref in {*connu["RDV"], *neuf["RDV"]}
-                  if connu["RDV"].get(ref) != neuf["RDV"].get(ref)}
-        if not promesse or len(lignes) != 1:
-            self.refuse([f"écrit sans qu'on l'ait demandé ({promesse and promesse['quoi']}) : {lignes}"])
-        else:
-            (ref, (ancienne, nouvelle)), = lignes.items()
-            self.refuse(getattr(self, "verifie_" + promesse["quoi"])(ref, ancienne, nouvelle, promesse["champs"]))
-        self.livre, self.promesse = Livre(neuf), None
-        self.photos = [self.livre]
+    def point(self, g, r, c):
+        """Row 0 lies above the surface, in the header."""
+        (x, large), (y, haut) = g["colonnes"][c], g["lignes"][r] if r else (-12, 4)
+        return g["surface"][0] + x + self.h.randrange(3, large - 3), g["surface"][1] + y + haut // 2
 
-    def sans_ecrire(self):
-        """Nothing written although the user asked for it: he must have been told, unless there was nothing to write."""
-        promesse, dessus = self.promesse, self.etat.dessus
-        if not promesse:
-            return []
+    def clic(self, fois=1, bouton=1):
+        nom, r, c, point = self.case()
+        self.dit(f"{'double ' * (fois - 1)}clic {bouton} {nom} ({r},{c})")
+        self.prog.clic(point, bouton, fois)
+        self.peut = True
+        self.suite = lambda avant, apres: self.apres_clic(avant, apres, nom, r, c, fois, bouton)
+
+    def double_clic(self):
+        self.clic(fois=2)
+
+    def clic_droit(self):
+        self.clic(bouton=3)
+
+    def apres_clic(self, avant, apres, nom, r, c, fois, bouton):
+        grille = apres.grilles[nom]
+        n, nb = grille.horaire.n, len(grille.colonnes)
+        dedans = (nom, c) in [(g, gauche) for g, haut, bas, gauche, _ in avant.contours if haut <= r <= bas]
+        if not n or not 1 <= c <= nb or r == 0 and (bouton == 3 or not self.vue.semaine) or bouton == 3 and dedans:
+            if bouton == 3 and self.a_ecrit:
+                return []
+            memes = (avant.contours, avant.panneaux) == (apres.contours, apres.panneaux)
+            return [] if memes and self.etat.dessus == "FrmEntree" else [
+                f"un clic qui ne choisit rien a changé {avant.contours} en {apres.contours} {self.etat.dessus}"]
+        if r == 0 or r > n:
+            return self.sur(apres, nom, 1, 1)
+        if faux := self.sur(apres, nom, r, c):
+            return faux
+        pris = dans(apres.liste, grille.horaire.heure(r), grille.horaire.heure(r + 1))
+        cles = [x.cle() for x in pris]
+        meme = avant.rdv and avant.nom == nom and avant.jour == apres.jour and avant.cle in cles and len(pris) > 1
+        if pris and not self.a_ecrit:
+            rang = (cles.index(avant.cle) + 2 - fois) % len(pris) if meme else 0
+            if apres.cle != cles[rang] or fois == 1 and (apres.rang, apres.nombre) != (rang + 1, len(pris)):
+                return [f"choisi {apres.panneaux} au lieu de {cles[rang]}, {rang + 1} parmi {cles}"]
+        return self.ouvre("mnuEditer" if pris else "mnuAjouter", apres) if fois == 2 else []
+
+    @staticmethod
+    def sur(apres, nom, r, c):
+        return [f"la case ({r},{c}) de {nom} n'est pas choisie : {apres.contours}"] * (
+            not (apres.plage and (apres.nom, apres.colonne) == (nom, c) and apres.haut <= r <= apres.bas))
+
+    def ouvre(self, action, ctx):
+        """The window that this action opens on the selection `ctx`."""
+        dessus, voulue = self.etat.dessus, OUVRE[action]
         if dessus == "QMessageBox":
-            promesse["dit"] = True
             return []
-        dit, self.promesse = promesse.get("dit"), None
-        change = [x for x in self.visees if self.livre.tables["RDV"].get(x.ref) != x.ligne]
-        inutile = promesse["quoi"] == "edite" and dessus == "FrmEntree"
-        return [] if dit or change or inutile else [f"{promesse['quoi']} : rien n'est écrit et rien n'est dit"]
+        if not self.etat.action(action)["enabled"] or not ctx.plage:
+            voulue = "FrmEntree"
+        elif action == "mnuAjouter" and ctx.grille.config.classe(ctx.jour.weekday(), *ctx.plage) == 2:
+            voulue = "FrmQuelHoraire"
+        return [] if dessus == voulue else [f"{voulue} attendue, {dessus} montrée"]
 
-    def champs_faux(self, ligne, voulu):
-        return [f"écrit {n} = {ligne[n]!r}, attendu {v!r}" for n, v in voulu.items() if propre(str(ligne[n] or "")) != v]
+    def glisse(self):
+        nom, r, c, point = self.case()
+        g, n = self.etat.grille(nom), self.ctx.grilles[nom].horaire.n
+        if not r or not n:
+            return self.clic()
+        r2 = self.h.choice([x for x in self.en_vue(g) if abs(x - r) < 9])
+        c2 = self.h.choice([c] * 8 + [*range(len(g["colonnes"]))])
+        self.dit(f"glisse {nom} ({r},{c}) à ({r2},{c2})")
+        self.prog.glisse(point, self.point(g, r2, c2))
+        self.peut, nb = True, len(self.ctx.grilles[nom].colonnes)
 
-    def verifie_saisie(self, ref, nouvelle, c, fauteuil):
-        voulu = {"Nom": propre(c["nom"]), "Prenom": propre(c["prenom"]), "Telephone": propre(c["tel"])}
-        if propre(c["desc"]):
-            voulu["Description"] = propre(c["desc"])
-        voulu |= {"Date1": c["jour"], "DateInv": c["jour"].replace("-", "")}
-        faux = self.champs_faux(nouvelle, voulu)
-        if (minutes(nouvelle["HeureDebut"]), minutes(nouvelle["HeureFin"])) != (c["debut"], c["fin"]):
-            faux.append(f"écrit {nouvelle['HeureDebut']}-{nouvelle['HeureFin']}, attendu {c['debut']}-{c['fin']} min")
-        jour = datetime.date.fromisoformat(c["jour"])
-        genes = [x.ligne for x in self.livre.jour(jour, entier(nouvelle["NumPraticien"]), fauteuil)
-                 if x.ref != ref and c["debut"] is not None and x.debut < c["fin"] and x.fin > c["debut"]]
-        if genes:
-            faux.append(f"écrit par-dessus {genes}")
-        return faux
+        def suite(avant, apres):
+            horaire = apres.grilles[nom].horaire
+            if r > n or not 1 <= c <= nb or not 1 <= c2 <= nb or self.a_ecrit:
+                return []
+            liste = apres.grilles[nom].colonnes[c - 1][1]
+            if c != c2:
+                return self.sur(apres, nom, 1, 1) if self.etat.dessus == "QMessageBox" else ["pas de message"]
+            haut, bas = min(r, r2), min(max(r, r2), horaire.n)
+            pris = dans(liste, horaire.heure(haut), horaire.heure(bas + 1))
+            if pris:
+                return [] if r == r2 or apres.cle == pris[0].cle() else [f"glissé : {apres.cle}, pas {pris[0].cle()}"]
+            return [] if apres.contours == [(nom, haut, bas, c, c)] else [f"glissé {haut}-{bas} : {apres.contours}"]
 
-    def numero_faux(self, ligne):
-        """The number is nobody's, or that of a patient of this very name."""
-        numero = entier(ligne["NumPatient"])
-        fiche = self.patients.get(numero)
-        juste = fiche and (propre(fiche["nom"]), propre(fiche["PreNom"])) == (propre(ligne["Nom"]), propre(ligne["Prenom"]))
-        return [] if not numero or juste else [f"{ligne['Nom']} {ligne['Prenom']} porte le numéro de {fiche}"]
+        self.suite = suite
 
-    def verifie_ajoute(self, ref, ancienne, nouvelle, c):
-        fauteuil = self.place
-        if ancienne or not nouvelle:
-            return [f"ajouter a changé la ligne {ref} : {ancienne} → {nouvelle}"]
-        faux = self.verifie_saisie(ref, nouvelle, c, fauteuil) + self.numero_faux(nouvelle)
-        if entier(nouvelle["NumPraticien"]) != self.vue.prat or nouvelle["Fauteuil"] != fauteuil:
-            faux.append(f"écrit pour le praticien {nouvelle['NumPraticien']}, fauteuil {nouvelle['Fauteuil']}, au lieu "
-                        f"de {self.vue.prat}, {fauteuil}")
-        if self.classe is not None and bool(nouvelle["Professionnel"]) != bool(self.classe):
-            faux.append(f"Professionnel {nouvelle['Professionnel']} au lieu de {self.classe}")
-        if c["numero"] and entier(nouvelle["NumPatient"]) != entier(c["numero"]):
-            faux.append(f"patient {c['numero']} choisi, {nouvelle['NumPatient']} écrit")
-        return faux
+    def molette(self):
+        nom, _, _, point = self.case()
+        self.dit(f"molette {nom}")
+        self.prog.clic(point, self.h.choice((4, 5)), self.h.randrange(1, 6))
 
-    def visee(self, ref, ancienne):
-        if not ancienne or ref not in [x.ref for x in self.visees]:
-            return [f"touché {ref} {ancienne}, vu {[(x.ref, x.ligne) for x in self.visees]}"]
-        vu = next(x.ligne for x in self.visees if x.ref == ref)
-        return [] if vu == ancienne else [f"écrit par-dessus ce qu'un autre avait changé : vu {vu}, était {ancienne}"]
+    def zoom_molette(self):
+        nom, _, _, point = self.case()
+        sens = self.h.choice((4, 5))
+        self.dit(f"Ctrl+molette {sens}")
+        self.prog.va(*point)
+        self.prog.frappe("Control_L", sens)
+        if (sens == 4) == (self.vue.sans_zoom == 0):
+            self.montre(self.apres("mnuZoom"))
 
-    def verifie_edite(self, ref, ancienne, nouvelle, c):
-        faux = self.visee(ref, ancienne)
-        if faux or not nouvelle:
-            return faux or ["éditer a supprimé"]
-        faux = self.verifie_saisie(ref, nouvelle, c, entier(ancienne["Fauteuil"]))
-        faux += [f"éditer a changé {n}" for n in ("NumPraticien", "Fauteuil", "Professionnel", "Present")
-                 if ancienne[n] != nouvelle[n]]
-        noms = [(propre(l["Nom"]), propre(l["Prenom"]), l["NumPatient"]) for l in (ancienne, nouvelle)]
-        return faux + (self.numero_faux(nouvelle) if noms[0] != noms[1] else [])
+    # ---- Keys
 
-    def verifie_supprime(self, ref, ancienne, nouvelle, c):
-        return self.visee(ref, ancienne) or ([f"supprimer a écrit {nouvelle}"] if nouvelle else [])
+    def fleche(self):
+        touche, maj = self.h.choice(list(FLECHES)), self.h.random() < 0.3
+        self.dit(f"{'Maj+' * maj}{touche}")
+        foyer, (dr, dc) = self.foyer(), FLECHES[touche]
+        self.prog.frappe(*["Shift_L"] * maj, touche)
 
-    def verifie_present(self, ref, ancienne, nouvelle, c):
-        if ref not in [x.ref for x in self.visees] or not nouvelle:
-            return [f"présent : touché {ref}, vu {[x.ref for x in self.visees]}"]
-        autres = [n for n in nouvelle if n != "Present" and nouvelle[n] != ancienne[n]]
-        juste = bool(nouvelle["Present"]) == c["present"]
-        return [f"présent a changé {autres}"] * bool(autres) + ["présent à l'envers"] * (not juste)
+        def suite(avant, apres):
+            if maj or not avant.plage or avant.nom != foyer:
+                return []
+            r = avant.bas + 1 if dr > 0 else avant.haut + dr
+            r, c = (min(max(x, 1), dernier) for x, dernier in
+                    ((r, avant.grille.horaire.n), (avant.colonne + dc, len(avant.grille.colonnes))))
+            return self.sur(apres, foyer, r, c)
+
+        self.suite = suite
+
+    def foyer(self):
+        """The grid that has the keys, if one has."""
+        return next((n for n in GRILLES if (self.etat.grille(n) or {}).get("focus")), None)
+
+    def entree(self):
+        self.dit("Entrée")
+        libre, foyer, self.peut = not self.ctx.rdv, self.foyer(), True
+        self.prog.frappe("Return")
+        if foyer and not self.a_ecrit:
+            self.suite = lambda _, apres: self.ouvre("mnuAjouter" if libre else "mnuEditer", apres)
+
+    def suppr(self):
+        self.dit("Suppr")
+        self.prog.frappe("Delete")
+        self.peut, self.suite = True, lambda _, apres: self.ouvre("mnuSupprimer", apres)
+
+    def touche(self):
+        touche = self.h.choice(("Prior", "Next", "Home", "F5", "Escape"))
+        self.dit(touche)
+        self.prog.frappe(touche)
+        if touche != "Escape":
+            self.montre(self.apres(touche))
+
+    # ---- Buttons, menus, timer
+
+    def bouton(self):
+        bouton = self.h.choice([o for o in self.etat.objets() if o["objectName"] in BOUTONS])
+        self.dit(bouton["objectName"])
+        self.prog.clic(centre(bouton))
+        if bouton["objectName"] != "BtnMois":
+            self.montre(self.apres(bouton["objectName"]))
+
+    def tic(self):
+        self.dit("Timer1")
+        self.prog.ordre("tic")
+        self.montre(self.fixe)
+
+    def apres(self, nom):
+        """The view after this command."""
+        vue, aujourdhui, montre = self.fixe, cabinet.MAINTENANT.date(), self.ctx.montre
+        pas = 7 if vue.semaine else 1
+        if jours := (DECALE | {"Prior": -pas, "Next": pas}).get(nom):
+            return replace(vue, jour=vue.jour + datetime.timedelta(jours))
+        if "Aujourdhui" in nom or nom == "Home":
+            return replace(vue, jour=aujourdhui)
+        if nom in ("BtnJour", "mnuJour"):
+            coche = montre.configs[montre.coche].fauteuil if montre.coche >= 0 else None
+            return Vue(vue.prat, aujourdhui, False, coche)
+        if nom == "mnuZoom":
+            grille = montre.grilles.get("GrilleRDV")
+            return vue.zoome(grille.config) if grille and grille.horaire.n else vue
+        return Vue(vue.prat, vue.jour) if vue.semaine or "emaine" in nom else vue
+
+    def montre(self, vue):
+        """Everything is read and drawn again; where the same place is shown the selection stays what it was."""
+        self.vues, self.frais = [vue], True
+        lundi = [v.jour.isocalendar()[:2] if v.semaine else v.jour for v in (self.fixe, vue)]
+        if (vue.prat, lundi[1]) == (self.fixe.prat, lundi[0]):
+            self.suite = self.garde
+
+    def garde(self, avant, apres):
+        if not avant.plage:
+            return []
+        if not avant.rdv:
+            perdu = apres.plage and not apres.rdv and (apres.jour != avant.jour or not dans(
+                [type("Plage", (), {"debut": apres.plage[0], "fin": apres.plage[1]})], *avant.plage))
+            return [f"sélection libre {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
+        la = [x for g in apres.grilles.values() for _, liste in g.colonnes for x in liste
+              if x.ref == avant.rdv.ref and g.horaire.n and g.horaire.visible(x)]
+        perdu = la and apres.cle != la[0].cle() or not la and apres.rdv
+        return [f"sélection {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
+
+    def menu(self):
+        voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),
+                               (6, 4, 3, 3, 2))[0]
+        titre = next((m for m in self.etat.actions if m["objectName"] == voulu and m["visible"]), None)
+        if not titre:
+            return self.clic()
+        self.dit(f"menu {voulu}")
+        self.prog.clic(centre(titre))
+        attends(lambda: self.prog.etat().surgis, 3, f"le menu {voulu}")
+
+    def menu_surgi(self):
+        offerts = [a for a in self.etat.surgis if a["enabled"] and (
+            a["objectName"] in (*OUVRE, *AUTRES) or a["menu"] in ("mnuPraticien", "menuFaut"))]
+        if not offerts or self.h.random() < 0.1:
+            self.dit("Échap dans le menu")
+            return self.prog.frappe("Escape")
+        action = self.h.choice(offerts)
+        nom = action["objectName"]
+        self.dit(f"menu → {nom} « {action['text']} »")
+        vue = None
+        if action["menu"] == "mnuPraticien":
+            prat = next(n for n, t in self.praticiens.items() if t == action["text"])
+            vue = Vue(prat, self.fixe.jour, self.fixe.semaine)
+        elif action["menu"] == "menuFaut":
+            vue = Vue(self.fixe.prat, self.fixe.jour, self.fixe.semaine, int(action["text"].split()[1]))
+        elif nom in OUVRE:
+            self.peut, self.suite = True, lambda _, apres: self.ouvre(nom, apres)
+        elif nom == "mnuPresent":
+            self.promet("present", Present=not action["checked"])
+            self.visees, self.frais = [r for r in [self.ctx.rdv] if r], True
+        elif nom not in ("mnutranche", "mnuexclure"):
+            vue = self.apres(nom)
+        self.prog.clic(centre(action))
+        if vue:
+            self.montre(vue)
 
 
 def promene(binaires, graine, pas):
-    dossier = tempfile.mkdtemp(prefix="promenade-")
-    p = None
-    depuis = time.monotonic()
+    dossier, p, depuis = tempfile.mkdtemp(prefix="promenade-"), None, time.monotonic()
+    garde = os.path.abspath(f"build/promenade/{graine}")
     try:
-        p = Promenade(binaires, graine, pas, dossier)
-        p.marche()
-        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; boîtes : {sorted(p.boites)}")
-        return True
+        p = Promenade.__new__(Promenade)
+        p.__init__(binaires, graine, dossier)
+        p.marche(pas)
+        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; dits : {sorted(p.textes)}")
+        return 0
     except (Faute, Exception) as faute:
-        garde = os.path.join("build", "promenade", str(graine))
         shutil.rmtree(garde, ignore_errors=True)
         shutil.copytree(dossier + "/cabinet", garde)
-        if p:
-            p.ecran.image(garde + "/ecran.png")
-        histoire = "\n".join([*p.histoire, " ; ".join(p.fait)]) if p else "départ"
-        print(f"graine {graine}\n{histoire}\n{faute}"
+        if p.prog:
+            p.prog.ordre(f"image {garde}/ecran.png") if p.prog.processus.poll() is None else None
+        print("\n".join([f"graine {graine}", *p.histoire, " ; ".join(getattr(p, "fait", []))]) + f"\n{faute}"
               + ("" if isinstance(faute, Faute) else "\n" + traceback.format_exc())
               + f"\nrejouer : ./run promenade {graine} {pas}  (cabinet et image dans {garde})", flush=True)
-        return False
+        return 1
     finally:
-        if p:
-            p.prog.tue()
-            p.ecran.ferme()
+        if p.prog:
+            p.prog.lien.close()
+            p.prog.processus.wait(10)
         shutil.rmtree(dossier, ignore_errors=True)
 
 
 if __name__ == "__main__":
-    graines = [int(sys.argv[2])] if len(sys.argv) > 2 else range(1, 5)
-    pas = int(sys.argv[3]) if len(sys.argv) > 3 else 200
-    bon = [promene(sys.argv[1], g, pas) for g in graines]
-    sys.exit(0 if all(bon) else 1)
+    sys.exit(promene(sys.argv[1], int(sys.argv[2]), int(sys.argv[3]) if len(sys.argv) > 3 else 200))

@@ -6,8 +6,8 @@
 
 namespace {
 
-QTime h(const char *texte) {
-    return QTime::fromString(q(texte), q("HH:mm"));
+QTime h(const QString &texte) {
+    return QTime::fromString(texte, q("HH:mm"));
 }
 
 const Configuration ordinaire = configDe({.intervalle = 15});
@@ -15,36 +15,30 @@ const Configuration ordinaire = configDe({.intervalle = 15});
 } // namespace
 
 TEST(Creneaux, RowsLabelsAndLunch) {
-    struct Cas {
-        RangConfig rang;
-        int lignes;
-        const char *fermeture;
-        int midi;
-        int finMidi;
-        int lignesPM;
-    };
-    for (const Cas &cas :
-         {Cas{{.intervalle = 15}, 42, "18:00", 17, 24, 18},
-          // the slot that straddles the end of the morning stays white
-          Cas{{.intervalle = 15, .heures = {"08:00", "12:10", "14:00", "18:50"}}, 46, "19:00", 18, 24, 22},
-          Cas{{.intervalle = 30, .heures = {"08:00", "13:00", "13:00", "18:00"}}, 22, "18:00", 11, 10, 12},
-          Cas{{.intervalle = 7, .heures = {"08:00", "12:00", "14:00", "18:00"}}, 88, "18:02", 36, 52, 37},
-          Cas{{.intervalle = 50, .heures = {"20:00", "21:00", "22:00", "23:59"}}, 7, "00:10", 3, 3, 5}}) {
-        const Configuration config = configDe(cas.rang);
-        SCOPED_TRACE(cas.fermeture);
-        EXPECT_EQ(NbLignes(config), cas.lignes);
-        EXPECT_EQ(NbLignes02(config), cas.lignes);
-        EXPECT_EQ(NbLignes03(config), cas.lignesPM);
-        EXPECT_EQ(CreneauxSemaine(config).heure(cas.lignes - 1), h(cas.fermeture));
-        EXPECT_EQ(std::pair(PremiereLigneMidi(config), DerniereLigneMidi(config)),
-                  std::pair(cas.midi, cas.finMidi));
+    for (const QStringList &cas : tableau(R"(
+        15 | 08:00 12:00 14:00 18:00 | 42 rows, lunch 17 to 24, closing at 18:00, afternoon 18
+        15 | 08:00 12:10 14:00 18:50 | 46 rows, lunch 18 to 24, closing at 19:00, afternoon 22
+        30 | 08:00 13:00 13:00 18:00 | 22 rows, lunch 11 to 10, closing at 18:00, afternoon 12
+        7  | 08:00 12:00 14:00 18:00 | 88 rows, lunch 36 to 52, closing at 18:02, afternoon 37
+        50 | 20:00 21:00 22:00 23:59 | 7 rows, lunch 3 to 3, closing at 00:10, afternoon 5)")) {
+        const QList<QByteArray> h = cas[1].toLatin1().split(' ');
+        const Configuration config =
+            configDe({.intervalle = cas[0].toInt(), .heures = {h[0], h[1], h[2], h[3]}});
+        const int lignes = NbLignes(config);
+        EXPECT_EQ(q("%1 rows, lunch %2 to %3, closing at %4, afternoon %5")
+                      .arg(lignes)
+                      .arg(PremiereLigneMidi(config))
+                      .arg(DerniereLigneMidi(config))
+                      .arg(CreneauxSemaine(config).heure(lignes - 1).toString(q("HH:mm")))
+                      .arg(NbLignes03(config)),
+                  cas[2]);
     }
 }
 
 TEST(Creneaux, AnAppointmentCoversEveryRowThatItTouches) {
     const Creneaux c = CreneauxSemaine(ordinaire);
     const auto lignes = [&](const char *debut, const char *fin) {
-        return std::pair(c.premiereLigne(h(debut)), c.derniereLigne(h(fin)));
+        return std::pair(c.premiereLigne(h(q(debut))), c.derniereLigne(h(q(fin))));
     };
     EXPECT_EQ(lignes("10:00", "10:45"), std::pair(9, 11));
     EXPECT_EQ(lignes("10:05", "10:10"), std::pair(9, 9));
@@ -69,23 +63,18 @@ TEST(Creneaux, WeeksBeginOnMondayAndSkipHiddenDays) {
 }
 
 TEST(Creneaux, HoraireProfClassifiesAgainstWorkingHours) {
-    struct Cas {
-        int grise;
-        const char *debut;
-        const char *fin;
-        int attendu;
-    };
-    for (const Cas &cas :
-         {Cas{0, "09:00", "09:30", 1}, Cas{0, "12:30", "13:00", 0}, Cas{0, "11:30", "12:30", 2},
-          Cas{0, "12:00", "14:00", 0}, Cas{0, "13:30", "14:30", 2}, Cas{0, "11:00", "12:00", 1},
-          Cas{0, "14:00", "14:15", 1}, Cas{0, "11:00", "15:00", 2}, Cas{1, "09:00", "10:00", 0},
-          Cas{1, "13:30", "14:00", 0}, Cas{1, "13:30", "14:15", 2}, Cas{1, "14:00", "15:00", 1},
-          Cas{2, "11:00", "12:00", 1}, Cas{2, "12:00", "13:00", 0}, Cas{2, "11:30", "12:15", 2},
-          Cas{3, "09:00", "10:00", 0}}) {
+    for (const QStringList &cas : tableau(R"(
+        0 | 09:00 09:30 1, 12:30 13:00 0, 11:30 12:30 2, 12:00 14:00 0, 13:30 14:30 2, 11:00 12:00 1, 14:00 14:15 1, 11:00 15:00 2
+        1 | 09:00 10:00 0, 13:30 14:00 0, 13:30 14:15 2, 14:00 15:00 1
+        2 | 11:00 12:00 1, 12:00 13:00 0, 11:30 12:15 2
+        3 | 09:00 10:00 0)")) {
         Configuration config = ordinaire;
-        config.JourGrise[2] = cas.grise;
-        EXPECT_EQ(HoraireProf(config, 3, h(cas.debut), h(cas.fin)), cas.attendu)
-            << cas.grise << ' ' << cas.debut << ' ' << cas.fin;
+        config.JourGrise[2] = cas[0].toInt();
+        for (const QString &plage : cas[1].split(q(", "))) {
+            const QStringList mots = plage.split(u' ');
+            EXPECT_EQ(HoraireProf(config, 3, h(mots[0]), h(mots[1])), mots[2].toInt())
+                << cas[0].toStdString() << plage.toStdString();
+        }
     }
-    EXPECT_EQ(HoraireProf(ordinaire, 6, h("09:00"), h("10:00")), 0) << "Saturday is not displayed";
+    EXPECT_EQ(HoraireProf(ordinaire, 6, h(q("09:00")), h(q("10:00"))), 0) << "Saturday is not displayed";
 }

@@ -2,18 +2,19 @@
 #include "schedule/TrancheHoraire.h"
 #include "support/Livre.h"
 
-#include <climits>
+#include <QMap>
+#include <QRegularExpression>
 #include <gtest/gtest.h>
 
 namespace {
 
 /// Four hours, any of which may be missing ("-").
-Configuration config(int intervalle, const char *horaires) {
-    const QList<QByteArray> mots = QByteArray(horaires).split(' ');
+Configuration config(int intervalle, const QString &horaires) {
+    const QList<QByteArray> mots = horaires.toLatin1().split(' ');
     return configDe({.intervalle = intervalle, .heures = {mots[0], mots[1], mots[2], mots[3]}});
 }
 
-Horaires heures(const char *texte) {
+Horaires heures(const QString &texte) {
     return HorairesDe(config(0, texte));
 }
 
@@ -44,78 +45,61 @@ TEST(TrancheHoraire, ReadsTypedDates) {
 }
 
 TEST(TrancheHoraire, ArrowsStopAtTheirBounds) {
-    constexpr Fleche haut = Fleche::Augmenter;
-    constexpr Fleche bas = Fleche::Diminuer;
-    struct {
-        const char *nom = nullptr, *horaires = nullptr;
-        size_t champ = 0;
-        Fleche fleche = haut;
-        QTime apres{};
-    } const cas[] = {{"a step down over the hour", "08:00 12:00 14:00 18:00", 2, bas, QTime(13, 55)},
-                     {"morning start meets its end", "12:00 12:00 14:00 18:00", 0, haut, {}},
-                     {"morning start at midnight", "00:00 12:00 14:00 18:00", 0, bas, {}},
-                     {"an empty day stays", "08:00 08:00 08:00 08:00", 0, bas, {}},
-                     {"morning end meets the afternoon", "08:00 14:00 14:00 18:00", 1, haut, {}},
-                     {"morning end comes down to its start", "08:00 08:05 14:00 18:00", 1, bas, QTime(8, 0)},
-                     {"and not below", "08:00 08:00 14:00 18:00", 1, bas, {}},
-                     {"afternoon start meets its end", "08:00 12:00 18:00 18:00", 2, haut, {}},
-                     {"afternoon start meets the morning", "08:00 12:00 12:00 18:00", 2, bas, {}},
-                     {"afternoon end up to 23:00", "08:00 12:00 14:00 22:55", 3, haut, QTime(23, 0)},
-                     {"and not beyond", "08:00 12:00 14:00 23:00", 3, haut, {}},
-                     {"afternoon end meets its start", "08:00 12:00 14:00 14:00", 3, bas, {}},
-                     {"a typed hour does not jump its neighbour", "08:03 08:06 14:00 18:00", 0, haut, {}},
-                     {"nor midnight", "00:03 12:00 14:00 18:00", 0, bas, {}},
-                     {"nor 23:00 above a missing hour", "08:00 12:00 23:00 -", 2, haut, {}},
-                     {"a missing hour stays missing", "- 12:00 14:00 18:00", 0, haut, {}}};
-    for (const auto &c : cas) {
-        EXPECT_EQ(HeureApresFleche(heures(c.horaires), c.champ, c.fleche).value_or(QTime()), c.apres)
-            << c.nom;
+    for (const QStringList &c : tableau(R"(
+        a step down over the hour                | 08:00 12:00 14:00 18:00 | 2 - | 13:55
+        morning start meets its end              | 12:00 12:00 14:00 18:00 | 0 + |
+        morning start at midnight                | 00:00 12:00 14:00 18:00 | 0 - |
+        an empty day stays                       | 08:00 08:00 08:00 08:00 | 0 - |
+        morning end meets the afternoon          | 08:00 14:00 14:00 18:00 | 1 + |
+        morning end comes down to its start      | 08:00 08:05 14:00 18:00 | 1 - | 08:00
+        and not below                            | 08:00 08:00 14:00 18:00 | 1 - |
+        afternoon start meets its end            | 08:00 12:00 18:00 18:00 | 2 + |
+        afternoon start meets the morning        | 08:00 12:00 12:00 18:00 | 2 - |
+        afternoon end up to 23:00                | 08:00 12:00 14:00 22:55 | 3 + | 23:00
+        and not beyond                           | 08:00 12:00 14:00 23:00 | 3 + |
+        afternoon end meets its start            | 08:00 12:00 14:00 14:00 | 3 - |
+        a typed hour does not jump its neighbour | 08:03 08:06 14:00 18:00 | 0 + |
+        nor midnight                             | 00:03 12:00 14:00 18:00 | 0 - |
+        nor 23:00 above a missing hour           | 08:00 12:00 23:00 -     | 2 + |
+        a missing hour stays missing             | - 12:00 14:00 18:00     | 0 + |)")) {
+        const Fleche fleche = c[2].endsWith(u'+') ? Fleche::Augmenter : Fleche::Diminuer;
+        const auto apres = HeureApresFleche(heures(c[1]), size_t(c[2].left(1).toInt()), fleche);
+        EXPECT_EQ(apres.value_or(QTime()).toString(q("HH:mm")), c[3]) << c[0].toStdString();
     }
 }
 
-TEST(TrancheHoraire, TipsShowTheNextSlotBoundary) {
-    struct {
-        int intervalle;
-        const char *horaires, *bulles;
-    } const cas[] = {{25, "08:00 12:00 14:00 18:00", "12:10 14:15 18:00"},
-                     {60, "08:30 12:00 12:00 23:50", "12:30 12:30 00:30"},
-                     {15, "08:00 - 14:05 07:00", " 14:15 14:15"},
-                     {0, "08:00 12:00 14:00 18:00", "  "},
-                     {15, "- 12:00 14:00 18:00", "  "}};
-    for (const auto &c : cas) {
-        const auto bulles = MajInfoBulles(heures(c.horaires), c.intervalle);
-        EXPECT_EQ((QStringList{bulles[0], bulles[1], bulles[2]}).join(u' '), q(c.bulles))
-            << c.intervalle << ' ' << c.horaires;
-    }
-}
-
-TEST(TrancheHoraire, BoundsSitOnTheSlotGrid) {
-    struct {
-        int intervalle;
-        const char *horaires, *message;
-    } const cas[] = {
-        {15, "08:00 12:00 14:00 18:00", ""},
-        {60, "08:00 08:00 08:00 10:00", ""},
-        {25, "08:00 12:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."},
-        {20, "08:00 12:00 13:50 18:00",
-         "Incohérence entre l'intervalle et l'heure de début de l'après-midi."},
-        {45, "08:00 23:45 23:50 23:55",
-         "Incohérence entre l'intervalle et l'heure de début de l'après-midi."},
-        {20, "08:00 12:00 14:00 18:10", "Incohérence entre l'intervalle et l'heure de fin de l'après-midi."},
-        {INT_MAX, "12:00 08:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."},
-        {0, "08:00 12:00 14:00 18:00", "Incohérence entre l'intervalle et l'heure de fin du matin."}};
-    for (const auto &c : cas) {
-        EXPECT_EQ(VerifieCoherence(config(c.intervalle, c.horaires)), q(c.message))
-            << c.intervalle << ' ' << c.horaires;
+TEST(TrancheHoraire, TipsShowTheNextSlotBoundaryThatBoundsMustMeet) {
+    const QString matin = q("Incohérence entre l'intervalle et l'heure de fin du matin.");
+    const QString midi = q("Incohérence entre l'intervalle et l'heure de début de l'après-midi.");
+    const QString soir = q("Incohérence entre l'intervalle et l'heure de fin de l'après-midi.");
+    for (const QStringList &c : tableau(R"(
+        15         | 08:00 12:00 14:00 18:00 | 12:00 14:00 18:00 |
+        60         | 08:00 08:00 08:00 10:00 | 08:00 08:00 10:00 |
+        25         | 08:00 12:00 14:00 18:00 | 12:10 14:15 18:00 | matin
+        20         | 08:00 12:00 13:50 18:00 | 12:00 14:00 18:00 | midi
+        45         | 08:00 23:45 23:50 23:55 | 23:45 00:30 00:30 | midi
+        20         | 08:00 12:00 14:00 18:10 | 12:00 14:00 18:20 | soir
+        60         | 08:30 12:00 12:00 23:50 | 12:30 12:30 00:30 | matin
+        15         | 08:00 - 14:05 07:00     | - 14:15 14:15     | ?
+        2147483647 | 08:00 08:00 14:00 18:00 | 08:00 10:07 10:07 | midi
+        0          | 08:00 12:00 14:00 18:00 | - - -             | matin
+        15         | - 12:00 14:00 18:00     | - - -             | ?)")) {
+        const auto bulles = MajInfoBulles(heures(c[1]), c[0].toInt());
+        QStringList textes{bulles[0], bulles[1], bulles[2]};
+        EXPECT_EQ(textes.replaceInStrings(QRegularExpression(q("^$")), q("-")).join(u' '), c[2]);
+        const QMap<QString, QString> messages{{q("matin"), matin}, {q("midi"), midi}, {q("soir"), soir}};
+        if (c[3] != q("?")) {
+            EXPECT_EQ(VerifieCoherence(config(c[0].toInt(), c[1])), messages[c[3]]) << c[1].toStdString();
+        }
     }
 }
 
 TEST(TrancheHoraire, NeedsTwoSlotsAndOrder) {
-    EXPECT_TRUE(TropRapproches(config(60, "08:00 12:00 14:00 15:00")));
-    EXPECT_FALSE(TropRapproches(config(60, "08:00 12:00 14:00 16:00")));
-    EXPECT_EQ(PremierDesordre(heures("08:00 08:00 08:00 08:00")), 0U);
-    EXPECT_EQ(PremierDesordre(heures("08:00 15:00 14:00 18:00")), 2U);
-    EXPECT_EQ(PremierDesordre(heures("08:00 12:00 14:00 13:59")), 3U);
+    EXPECT_TRUE(TropRapproches(config(60, q("08:00 12:00 14:00 15:00"))));
+    EXPECT_FALSE(TropRapproches(config(60, q("08:00 12:00 14:00 16:00"))));
+    EXPECT_EQ(PremierDesordre(heures(q("08:00 08:00 08:00 08:00"))), 0U);
+    EXPECT_EQ(PremierDesordre(heures(q("08:00 15:00 14:00 18:00"))), 2U);
+    EXPECT_EQ(PremierDesordre(heures(q("08:00 12:00 14:00 13:59"))), 3U);
 }
 
 TEST(NomConfiguration, AcceptsLettersDigitsAndBlanks) {

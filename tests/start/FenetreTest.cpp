@@ -3,6 +3,8 @@
 #include <QCalendarWidget>
 #include <QFile>
 #include <QLineEdit>
+#include <QMenu>
+#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -12,244 +14,204 @@ namespace {
 class FenetreTest : public testing::Test, public Fenetre {
   protected:
     FenetreTest() {
-        for (const char *nom : {"UN", "DEUX", "TROIS"}) {
-            ++m_code;
-            cabinet.ouvre(Base::Parametres)
-                .execute(SqlText("update Praticien set PreNom = '', nom = ")
-                         << texte(q(nom)) << ", codeprat = " << nombre(m_code * m_code)
-                         << " where codeprat = " << nombre(m_code));
+        const QStringList noms{q("UN"), q("DEUX"), q("TROIS")};
+        for (int i = 1; i <= 3; ++i) {
+            ecrit(Base::Parametres, SqlText("update Praticien set PreNom = '', nom = ")
+                                        << texte(noms[i - 1]) << ", codeprat = " << nombre(i * i)
+                                        << " where codeprat = " << nombre(i));
         }
-        cabinet.ouvre(Base::PatientTransmis).execute(SqlText("delete from LePatient"));
+        ecrit(Base::PatientTransmis, SqlText("delete from LePatient"));
         livre.config({.nom = "Défaut", .fauteuil = 0, .defaut = false, .praticien = "0", .intervalle = 120});
         livre.config();
         livre.config({.nom = "Cabinet2", .fauteuil = 2, .defaut = false});
         livre.config({.nom = "Principal", .fauteuil = 0, .praticien = "04", .intervalle = 30});
     }
+    void ecrit(Base base, const SqlText &sql) { cabinet.ouvre(base).execute(sql); }
     void disparait() { QFile::rename(livre.fichier(), livre.fichier() + u'x'); }
     void revient() { QFile::rename(livre.fichier() + u'x', livre.fichier()); }
-    bool perime() { return !objet<QLabel>("StatusBar1_5").styleSheet().isEmpty(); }
-    /// `dedans` runs in the dialog that `ouvre` opens.
-    static void pendant(const std::function<void()> &ouvre, const std::function<void(QWidget &)> &dedans) {
-        bool vu = false;
-        QTimer::singleShot(0, qApp, [&] {
-            QWidget *fenetre = QApplication::activeModalWidget();
-            vu = fenetre != nullptr;
-            if (vu) {
-                dedans(*fenetre);
-                fenetre->close();
-            }
-        });
-        ouvre();
-        EXPECT_TRUE(vu) << "no dialog";
+    static QAbstractButton &bouton(QWidget &dialogue, const char *nom) {
+        return *dialogue.findChild<QAbstractButton *>(q(nom));
     }
-    static void appuieDans(QWidget &fenetre, const char *bouton) {
-        fenetre.findChild<QAbstractButton *>(q(bouton))->click();
+    static void saisit(QWidget &dialogue, const char *champ, const char *texte, const char *puis) {
+        dialogue.findChild<QLineEdit *>(q(champ))->setText(q(texte));
+        bouton(dialogue, puis).click();
     }
-
-  private:
-    int m_code = 0;
 };
 
 } // namespace
 
-TEST_F(FenetreTest, Practitioners) {
+TEST_F(FenetreTest, PractitionersAndChairs) {
     livre.rdv();
     livre.rdv({.nom = "AUTRE", .fauteuil = 0, .praticien = "04"});
+    livre.rdv({.nom = "SECOND", .fauteuil = 2});
     ouvre();
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 11 mars 2026   ");
-    EXPECT_EQ(panneau(5), "lu à 10:05");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 ROUX");
-    choisit("mnuPraticien", 1);
-    EXPECT_EQ(etat(), "docteur DEUX  1 - ---- 11 mars 2026   ");
-    EXPECT_EQ(grilles(), "22x7 lundi 09 mars: 3,3 AUTRE");
-    choisit("mnuPraticien", 2);
-    EXPECT_EQ(grilles(), "7x7 lundi 09 mars:");
-    clique(1, 1);
-    EXPECT_EQ(etat(), "docteur TROIS  2 - ---- 09 mars 2026 08:00/10:00  ");
+    EXPECT_EQ(lecture(), "lu à 10:05");
+    EXPECT_EQ(etat(), "docteur UN 0 0 ---- 11 mars 2026");
+    joue(R"(
+        docteur 1  | docteur DEUX 1 - ---- 11 mars 2026              | 22x7 lundi 09 mars: 3,3 AUTRE
+        docteur 2  | docteur TROIS 2 - ---- 11 mars 2026             | 7x7 lundi 09 mars:
+        clic 1,1   | docteur TROIS 2 - ---- 09 mars 2026 08:00 / 10:00
+        docteur 0  | docteur UN 0 0 A--- 09 mars 2026 08:00 / 10:00  | 12x7 lundi 09 mars: 2,3 ROUX [1,1-2,1]
+        fauteuil 1 | docteur UN 0 1 A--- 09 mars 2026 08:00 / 10:00  | 12x7 lundi 09 mars: 2,3 SECOND [1,1-2,1])");
+    livre.execute(SqlText("delete from Config where Fauteuil = 2"));
+    joue(R"(
+        fauteuil 1 | docteur UN 0 aucun A--- 09 mars 2026 08:00 / 10:00 | 7x7 lundi 09 mars: [1,1-1,1]
+        fauteuil 0 | docteur UN 0 0 A--- 09 mars 2026 08:00 / 10:00     | 12x7 lundi 09 mars: 2,3 ROUX [1,1-2,1])");
     EXPECT_EQ(dits(), "");
 }
 
 TEST_F(FenetreTest, HandedOverPractitioners) {
-    struct Cas {
-        const char *nom, *numero, *etat, *dit;
-    };
-    for (const Cas &cas : {Cas{"listed", "09", "docteur TROIS  2 - ---- 11 mars 2026   ", ""},
-                           Cas{"not listed", "07", "praticien 7  - ---- 11 mars 2026   ", ""},
-                           Cas{"no number", "abc", "docteur UN  0 0 ---- 11 mars 2026   ",
-                               "Le numéro de praticien « abc » transmis par la gestion du cabinet n'est pas "
-                               "un numéro valable : "
-                               "le carnet s'ouvre sur le premier praticien."}}) {
-        cabinet.ouvre(Base::PatientTransmis)
-            .execute(SqlText("update LePraticien set NumPraticien = ") << texte(q(cas.numero)));
+    for (const QStringList &cas : tableau(R"(
+        09  | docteur TROIS 2 - ---- 11 mars 2026   |
+        07  | praticien 7 aucun - ---- 11 mars 2026 |
+        abc | docteur UN 0 0 ---- 11 mars 2026      | Le numéro de praticien « abc » transmis par la gestion du cabinet n'est pas un numéro valable : le carnet s'ouvre sur le premier praticien.)")) {
+        ecrit(Base::PatientTransmis, SqlText("update LePraticien set NumPraticien = ") << texte(cas[0]));
         ouvre();
-        EXPECT_EQ(etat(), cas.etat) << cas.nom;
-        EXPECT_EQ(dits(), cas.dit) << cas.nom;
+        EXPECT_EQ(etat(), cas[1].toStdString());
+        EXPECT_EQ(dits(), cas[2].toStdString());
     }
-    cabinet.ouvre(Base::PatientTransmis).execute(SqlText("delete from LePraticien"));
+    ecrit(Base::PatientTransmis, SqlText("delete from LePraticien"));
     cabinet.maintenant.setDate(QDate(2026, 3, 14));
     ouvre();
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 16 mars 2026   ") << "the first one; from Saturday to Monday";
-}
-
-TEST_F(FenetreTest, Chairs) {
-    livre.rdv();
-    livre.rdv({.nom = "SECOND", .fauteuil = 2});
-    ouvre();
-    choisit("menuFaut", 1);
-    EXPECT_EQ(etat(), "docteur UN  0 1 ---- 11 mars 2026   ");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 SECOND");
-    livre.execute(SqlText("delete from Config where Fauteuil = 2"));
-    choisit("menuFaut", 1);
-    EXPECT_EQ(etat(), "docteur UN  0  ---- 11 mars 2026   ") << "deleted elsewhere: the fall-back";
-    choisit("menuFaut", 0);
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 ROUX");
-    EXPECT_EQ(dits(), "");
+    EXPECT_EQ(etat(), "docteur UN 0 0 ---- 16 mars 2026") << "the first one; from Saturday to Monday";
 }
 
 TEST_F(FenetreTest, Weeks) {
     livre.rdv();
     livre.rdv({.nom = "SUIVANT", .jour = "2026-03-18"});
     ouvre();
-    clique(4, 3);
-    appuie("BtnSuivant");
-    EXPECT_EQ(grilles(), "12x7 lundi 16 mars: 2,3 SUIVANT [4,3-4,3]");
-    EXPECT_EQ(etat(), "docteur UN  0 0 A--- 18 mars 2026 11:00/12:00  ");
-    appuie("BtnPrecedent");
-    appuie("BtnPrecedent");
-    EXPECT_EQ(grilles(), "12x7 lundi 02 mars: [4,3-4,3]");
-    appuie("BtnAujourdhui");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]");
-    QTest::keyClick(&grille(), Qt::Key_Down);
-    QTest::keyClick(&grille(), Qt::Key_Down, Qt::ShiftModifier);
-    QTest::keyClick(&grille(), Qt::Key_Right);
-    EXPECT_EQ(etat(), "docteur UN  0 0 A--- 12 mars 2026 12:00/13:00  ");
+    joue(R"(
+        clic 4,3      | docteur UN 0 0 A--- 11 mars 2026 11:00 / 12:00
+        BtnSuivant    | docteur UN 0 0 A--- 18 mars 2026 11:00 / 12:00 | 12x7 lundi 16 mars: 2,3 SUIVANT [4,3-4,3]
+        BtnPrecedent  |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        BtnPrecedent  | docteur UN 0 0 A--- 04 mars 2026 11:00 / 12:00 | 12x7 lundi 02 mars: [4,3-4,3]
+        BtnAujourdhui | docteur UN 0 0 A--- 11 mars 2026 11:00 / 12:00 | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        touche PgDown | docteur UN 0 0 A--- 18 mars 2026 11:00 / 12:00 | 12x7 lundi 16 mars: 2,3 SUIVANT [4,3-4,3]
+        touche PgUp   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        touche PgUp   |                                                | 12x7 lundi 02 mars: [4,3-4,3]
+        touche Home   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        mnuZoom       |                                                | 122x7 lundi 09 mars: 13,3 ROUX [37,3-48,3]
+        touche F5     |                                                | 12x7 lundi 09 mars: 2,3 ROUX [4,3-4,3]
+        touche Down   |                                                | 12x7 lundi 09 mars: 2,3 ROUX [5,3-5,3]
+        maj Down      | docteur UN 0 0 A--- 11 mars 2026 12:00 / 14:00
+        touche Right  | docteur UN 0 0 A--- 12 mars 2026 12:00 / 13:00)");
+    pendant("BtnMois", [](QWidget &mois) {
+        mois.findChild<QCalendarWidget *>(q("MonthView1"))->setSelectedDate(QDate(2026, 12, 25));
+        bouton(mois, "BtnOK").click();
+    });
+    EXPECT_EQ(etat(), "docteur UN 0 0 A--- 24 déc. 2026 12:00 / 13:00");
 }
 
 TEST_F(FenetreTest, DayView) {
     livre.rdv();
     livre.rdv({.nom = "SECOND", .fauteuil = 2});
     ouvre();
-    appuie("BtnJour");
-    clique(2, 1, 1);
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 09:00/10:00 ROUX ");
-    EXPECT_EQ(grilles(), "12x2 mercredi 11 mars       Fauteuil 1: 2,1 ROUX [2,1-2,1]\n"
-                         "12x2 mercredi 11 mars       Fauteuil 2: 2,1 SECOND");
-    clique(1, 1, 2);
-    EXPECT_EQ(etat(), "docteur UN  0 0 A--- 11 mars 2026 08:00/09:00  ");
-    EXPECT_EQ(grilles(), "12x2 mercredi 11 mars       Fauteuil 1: 2,1 ROUX\n"
-                         "12x2 mercredi 11 mars       Fauteuil 2: 2,1 SECOND [1,1-1,1]");
-    pendant([&] { choisit("mnuAjouter"); },
-            [](QWidget &ajouter) {
-                ajouter.findChild<QLineEdit *>(q("Text1"))->setText(q("NEUF"));
-                appuieDans(ajouter, "BtnAjouter");
-            });
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 08:00/09:00 NEUF ");
-    EXPECT_EQ(grilles(), "12x2 mercredi 11 mars       Fauteuil 1: 2,1 ROUX\n"
-                         "12x2 mercredi 11 mars       Fauteuil 2: 1,1 NEUF 2,1 SECOND [1,1-1,1]");
-    clique(10, 1, 2);
-    QTest::keyClick(&grille(2), Qt::Key_Down);
-    EXPECT_EQ(etat(), "docteur UN  0 0 A--- 11 mars 2026 17:00/18:00  ") << "the closing row is out of reach";
-    appuie("BtnSuivant2");
-    EXPECT_EQ(grilles(), "12x2 jeudi 12 mars       Fauteuil 1:\n"
-                         "12x2 jeudi 12 mars       Fauteuil 2: [10,1-10,1]");
-    choisit("mnuPraticien", 1);
-    EXPECT_EQ(grilles(), "10x2 jeudi 12 mars       Matin:\n"
-                         "10x2 jeudi 12 mars       Après-midi: [7,1-8,1]");
+    joue(R"(
+        BtnJour      | docteur UN 0 0 ---- 11 mars 2026 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
+        clic 2,1 1   | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX [2,1-2,1]; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
+        clic 10,1 2  |
+        touche Down  | docteur UN 0 0 A--- 11 mars 2026 17:00 / 18:00
+        clic 1,1 2   | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND [1,1-1,1])");
+    pendant("mnuAjouter", [](QWidget &ajouter) { saisit(ajouter, "Text1", "NEUF", "BtnAjouter"); });
+    EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 11 mars 2026 08:00 / 09:00 NEUF");
+    joue(R"(
+        BtnSuivant2  | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00 | 12x2 jeudi 12 mars Fauteuil 1:; 12x2 jeudi 12 mars Fauteuil 2: [1,1-1,1]
+        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND [1,1-1,1]
+        docteur 1    | docteur DEUX 1 - ---- 11 mars 2026 | 10x2 mercredi 11 mars Matin:; 10x2 mercredi 11 mars Après-midi:
+        mnusemaine   | docteur DEUX 1 - ---- 11 mars 2026 | 22x7 lundi 09 mars:)");
     EXPECT_EQ(dits(), "");
 }
 
-TEST_F(FenetreTest, SeveralAppointmentsInOneRow) {
+TEST_F(FenetreTest, ADoubleClickOpensWhatWasSelectedBefore) {
     livre.rdv({.nom = "TOT", .fin = "09:30:00"});
     livre.rdv({.nom = "TARD", .debut = "09:30:00"});
     ouvre();
-    clique(2, 3);
-    clique(2, 3);
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 09:30/10:00 2 sur 2 : TARD ");
-    clique(2, 3);
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 09:00/09:30 1 sur 2 : TOT ");
-    QString edite;
-    pendant([&] { QTest::mouseDClick(grille().viewport(), Qt::LeftButton, {}, place(2, 3, 0)); },
-            [&](QWidget &editer) { edite = editer.findChild<QLineEdit *>(q("TextHeureDebut"))->text(); });
-    EXPECT_EQ(edite, q("09:30")) << "what was selected before the first press";
+    joue(R"(
+        clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 09:30 1 sur 2 : TOT
+        clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:30 / 10:00 2 sur 2 : TARD
+        clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 09:30 1 sur 2 : TOT)");
+    pendant("double 2,3", [](QWidget &editer) {
+        EXPECT_EQ(editer.findChild<QLineEdit *>(q("TextHeureDebut"))->text(), q("09:30"));
+        saisit(editer, "DTPicker1", "14/03/2026", "BtnMettreAJour");
+    });
+    EXPECT_EQ(dits(), "Le rendez-vous est placé au samedi 14 mars 2026, un jour qui n'est pas affiché.");
+    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 TOT");
 }
 
 TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {
-    const qint64 ref = livre.rdv({.debut = "09:30:00", .fin = "10:30:00"});
+    livre.rdv({.debut = "09:30:00", .fin = "10:30:00"});
     ouvre();
-    clique(2, 3);
-    choisit("mnuZoom");
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 09:30/10:30 ROUX ");
-    EXPECT_EQ(grilles(), "122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]");
+    joue("clic 2,3\nmnuZoom | docteur UN 0 0 -ESP 11 mars 2026 09:30 / 10:30 ROUX | 122x7 lundi 09 mars: "
+         "19,3 ROUX [19,3-30,3]");
     EXPECT_EQ(grille().rowAt(0), 24) << "two rows above 10:05";
-    appuie("BtnSuivant");
-    appuie("BtnPrecedent");
-    EXPECT_EQ(grilles(), "122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]") << "zoom lasts";
-    appuie("BtnRafraichir");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 ROUX [2,3-3,3]");
-    livre.execute(SqlText("update RDV set Present = True, Nom = 'VENU' where RefRDV = ") << nombre(ref));
+    joue(R"(
+        BtnSuivant    |
+        BtnPrecedent  | | 122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]
+        BtnRafraichir | | 12x7 lundi 09 mars: 2,3 ROUX [2,3-3,3]
+        mnuZoom       | | 122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]
+        docteur 0     | | 12x7 lundi 09 mars: 2,3 ROUX [2,3-3,3])");
+    livre.execute(SqlText("update RDV set Present = True, Nom = 'VENU'"));
     tique();
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP* 11 mars 2026 09:30/10:30 VENU ");
-    choisit("mnuPresent");
-    EXPECT_EQ(etat(), "docteur UN  0 0 -ESP 11 mars 2026 09:30/10:30 VENU ");
+    EXPECT_EQ(etat(), "docteur UN 0 0 -ESP* 11 mars 2026 09:30 / 10:30 VENU");
+    joue("mnuPresent | docteur UN 0 0 -ESP 11 mars 2026 09:30 / 10:30 VENU");
     livre.execute(SqlText("delete from RDV"));
     livre.rdv({.nom = "AUTRE"});
-    choisit("mnuSupprimer");
+    joue("mnuSupprimer | docteur UN 0 0 ---- 11 mars 2026 | 12x7 lundi 09 mars: 2,3 AUTRE\nclic 6,3");
     EXPECT_EQ(dits(), "Ce rendez-vous n'existe plus !");
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 11 mars 2026   ");
-    EXPECT_EQ(livre.ouvre().query(SqlText("select * from RDV")).count(), 1);
+    livre.rdv({.nom = "PRIS", .debut = "13:00:00", .fin = "14:00:00"});
+    joue("mnuAjouter | docteur UN 0 0 -ESP 11 mars 2026 13:00 / 14:00 PRIS");
+    EXPECT_NE(dits(), "");
+    *cabinet.environnement().lectureSeule = q("abîmé");
+    joue("clic 2,3 | docteur UN 0 0 ---- 11 mars 2026 09:00 / 10:00 AUTRE");
+    EXPECT_EQ(lecture(), "lecture seule · lu à 10:05");
 }
 
-TEST_F(FenetreTest, TheTimerWaitsForTheUser) {
+TEST_F(FenetreTest, TheTimerWaitsForTheUserAndLatenessForTheTimer) {
+    livre.rdv({.nom = "ILLISIBLE", .debut = "midi"});
+    cabinet.maintenant.setTime(QTime(10, 0, 59));
     ouvre();
-    QTest::mousePress(grille().viewport(), Qt::LeftButton, {}, place(4, 4, 0));
-    const std::string avant = grilles();
-    livre.rdv();
+    EXPECT_EQ(lecture(), "1 rendez-vous sans horaire lisible · lu à 10:00");
+    fait(q("presse 4,4"));
+    livre.rdv({.debut = "10:00:00", .fin = "11:00:00"});
     EXPECT_EQ(tique(), 500);
     QTest::mouseRelease(grille().viewport(), Qt::LeftButton);
     objet<QMenu>("mnupatient").popup({});
     EXPECT_EQ(tique(), 500);
     objet<QMenu>("mnupatient").close();
-    pendant([&] { appuie("BtnMois"); }, [&](QWidget &) { EXPECT_EQ(tique(), 500); });
-    EXPECT_EQ(grilles(), avant);
+    pendant("BtnMois", [&](QWidget &) { EXPECT_EQ(tique(), 500); });
+    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: [4,4-4,4]");
     EXPECT_EQ(tique(), 65535);
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 ROUX [4,4-4,4]");
+    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 3,3 ROUX [4,4-4,4]");
+    const auto rouge = [&] { return grille().cells().cell(3, 3).fore == QColor(255, 0, 0); };
+    EXPECT_FALSE(rouge());
+    cabinet.maintenant.setTime(QTime(10, 1));
+    tique();
+    EXPECT_TRUE(rouge());
 }
 
 TEST_F(FenetreTest, AFailedReadLeavesAllAsItIs) {
     livre.rdv();
     ouvre();
-    choisit("menuFaut", 1);
-    choisit("menuFaut", 0);
-    clique(2, 3);
+    joue("fauteuil 1\nfauteuil 0\nclic 2,3");
     const std::string avant = etat() + grilles();
-    const auto rien = [&](const char *quoi) {
-        EXPECT_EQ(etat() + grilles(), avant) << quoi;
-        EXPECT_TRUE(perime()) << quoi;
-    };
     disparait();
     for (int i = 0; i < 3; ++i) {
         EXPECT_EQ(tique(), 65535);
-        rien("timer");
+        EXPECT_EQ(etat() + grilles(), avant);
     }
     EXPECT_EQ(cabinet.messages.shown.size(), 1) << "told once for a series";
-    dits();
-    const std::pair<const char *, std::function<void()>> gestes[] = {
-        {"a click", [&] { clique(5, 2); }},           {"a practitioner", [&] { choisit("mnuPraticien", 1); }},
-        {"a chair", [&] { choisit("menuFaut", 1); }}, {"another week", [&] { appuie("BtnSuivant"); }},
-        {"day view", [&] { appuie("BtnJour"); }},     {"zoom", [&] { choisit("mnuZoom"); }},
-        {"F5", [&] { appuie("BtnRafraichir"); }},     {"edit", [&] { choisit("mnuEditer"); }},
-        {"delete", [&] { choisit("mnuSupprimer"); }}, {"present", [&] { choisit("mnuPresent"); }},
-    };
-    for (const auto &[quoi, geste] : gestes) {
-        geste();
-        rien(quoi);
-        EXPECT_NE(dits(), "") << quoi;
+    for (const char *geste : {"clic 5,2", "docteur 1", "fauteuil 1", "BtnSuivant", "BtnJour", "mnuZoom",
+                              "BtnRafraichir", "mnuEditer", "mnuSupprimer", "mnuPresent"}) {
+        dits();
+        fait(q(geste));
+        EXPECT_EQ(etat() + grilles(), avant) << geste;
+        EXPECT_EQ(lecture(), "!lu à 10:05") << geste;
+        EXPECT_NE(dits(), "") << geste;
     }
     revient();
     cabinet.maintenant = cabinet.maintenant.addSecs(60);
     tique();
-    EXPECT_FALSE(perime());
-    EXPECT_EQ(panneau(5), "lu à 10:06");
+    EXPECT_EQ(lecture(), "lu à 10:06");
     EXPECT_EQ(etat() + grilles(), avant);
     EXPECT_EQ(dits(), "");
 }
@@ -260,80 +222,29 @@ TEST_F(FenetreTest, TheVeryFirstReadComesBackByItself) {
     EXPECT_NE(dits(), "");
     EXPECT_EQ(tique(), 5000);
     EXPECT_EQ(dits(), "") << "told once";
-    EXPECT_EQ(grilles(), "0x0 :");
-    appuie("BtnRafraichir");
+    joue("BtnRafraichir | | 0x0 :");
     EXPECT_NE(dits(), "");
     revient();
     EXPECT_EQ(tique(), 65535);
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 11 mars 2026   ");
+    EXPECT_EQ(etat(), "docteur UN 0 0 ---- 11 mars 2026");
 }
 
-TEST_F(FenetreTest, SettingsWindows) {
+TEST_F(FenetreTest, SettingsAreKeptForTheWeek) {
+    const auto trente = [](QWidget &tranche) {
+        EXPECT_TRUE(bouton(tranche, "Option12").isChecked());
+        bouton(tranche, "Option6").click();
+        bouton(tranche, "BtnOK").click();
+    };
     ouvre();
-    pendant([&] { choisit("mnutranche"); },
-            [](QWidget &f) {
-                appuieDans(f, "Option6");
-                appuieDans(f, "BtnOK");
-            });
-    EXPECT_EQ(grilles(), "22x7 lundi 09 mars:");
-    appuie("BtnSuivant");
-    EXPECT_EQ(grilles(), "22x7 lundi 16 mars:") << "kept";
-    pendant([&] { choisit("mnuexclure"); }, [](QWidget &f) { appuieDans(f, "Option3"); });
-    pendant([&] { choisit("mnuexclure"); },
-            [](QWidget &f) { EXPECT_TRUE(f.findChild<QAbstractButton *>(q("Option3"))->isChecked()); });
-    appuie("BtnJour");
-    clique(1, 1, 2);
-    pendant([&] { choisit("mnutranche"); },
-            [](QWidget &f) {
-                EXPECT_TRUE(f.findChild<QAbstractButton *>(q("Option12"))->isChecked())
-                    << "the right grid's chair";
-                appuieDans(f, "Option6");
-                appuieDans(f, "BtnOK");
-            });
-    EXPECT_EQ(grilles(), "12x2 mercredi 11 mars       Fauteuil 1:\n"
-                         "12x2 mercredi 11 mars       Fauteuil 2: [1,1-1,1]");
-    pendant([&] { choisit("mnutranche"); },
-            [](QWidget &f) {
-                EXPECT_TRUE(f.findChild<QAbstractButton *>(q("Option6"))->isChecked()) << "what was changed";
-            });
-    appuie("BtnSemaine");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: [1,3-1,3]");
-}
-
-TEST_F(FenetreTest, GoesWhereItIsTold) {
-    livre.rdv();
-    ouvre();
-    pendant([&] { appuie("BtnMois"); },
-            [](QWidget &mois) {
-                mois.findChild<QCalendarWidget *>(q("MonthView1"))->setSelectedDate(QDate(2026, 12, 25));
-                appuieDans(mois, "BtnOK");
-            });
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 25 déc. 2026   ");
-    appuie("BtnAujourdhui");
-    clique(2, 3);
-    pendant([&] { choisit("mnuEditer"); },
-            [](QWidget &editer) {
-                editer.findChild<QLineEdit *>(q("DTPicker1"))->setText(q("14/03/2026"));
-                appuieDans(editer, "BtnMettreAJour");
-            });
-    EXPECT_EQ(dits(), "Le rendez-vous est placé au samedi 14 mars 2026, un jour qui n'est pas affiché.");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: [2,3-2,3]");
-    *cabinet.environnement().lectureSeule = q("abîmé");
-    livre.rdv();
-    clique(2, 3);
-    EXPECT_EQ(etat(), "docteur UN  0 0 ---- 11 mars 2026 09:00/10:00 ROUX ") << "nothing can be written";
-    EXPECT_EQ(panneau(5), "lecture seule · lu à 10:05");
-}
-
-TEST_F(FenetreTest, LatenessFollowsTheClock) {
-    livre.rdv({.debut = "10:00:00", .fin = "11:00:00"});
-    livre.rdv({.nom = "ILLISIBLE", .debut = "midi"});
-    cabinet.maintenant.setTime(QTime(10, 0, 59));
-    ouvre();
-    EXPECT_EQ(panneau(5), "1 rendez-vous sans horaire lisible · lu à 10:00");
-    const auto rouge = [&] { return grille().cells().cell(3, 3).fore == QColor(255, 0, 0); };
-    EXPECT_FALSE(rouge());
-    cabinet.maintenant.setTime(QTime(10, 1));
-    tique();
-    EXPECT_TRUE(rouge());
+    pendant("mnutranche", trente);
+    joue("BtnSuivant | | 22x7 lundi 16 mars:");
+    pendant("mnuexclure", [](QWidget &exclure) { bouton(exclure, "Option3").click(); });
+    pendant("mnuexclure", [](QWidget &exclure) { EXPECT_TRUE(bouton(exclure, "Option3").isChecked()); });
+    joue("BtnJour\nclic 1,1 2");
+    pendant("mnutranche", trente);
+    joue("clic 1,1 2 | | 12x2 mercredi 11 mars Fauteuil 1:; 12x2 mercredi 11 mars Fauteuil 2: [1,1-1,1]");
+    pendant("mnutranche", [](QWidget &tranche) { EXPECT_TRUE(bouton(tranche, "Option6").isChecked()); });
+    joue("clic 1,1 1");
+    pendant("mnutranche", [](QWidget &tranche) { EXPECT_TRUE(bouton(tranche, "Option12").isChecked()); });
+    joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]");
 }

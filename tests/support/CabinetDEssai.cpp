@@ -3,37 +3,13 @@
 #include <QCryptographicHash>
 #include <QDir>
 #include <QDirIterator>
-
-namespace {
-
-QString empreinte(const QString &fichier) {
-    QFile contenu(fichier);
-    QCryptographicHash hash(QCryptographicHash::Sha256);
-    if (!contenu.open(QIODevice::ReadOnly) || !hash.addData(&contenu)) {
-        return QStringLiteral("illisible");
-    }
-    return QString::fromLatin1(hash.result().toHex());
-}
-
-void copie(const QString &de, const QString &vers) {
-    QDir().mkpath(vers);
-    QDirIterator contenu(de, QDir::AllEntries | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (contenu.hasNext()) {
-        const QFileInfo source(contenu.next());
-        const QString cible = vers + source.filePath().mid(de.size());
-        if (source.isDir()) {
-            QDir().mkpath(cible);
-        } else {
-            QFile::copy(source.filePath(), cible);
-        }
-    }
-}
-
-} // namespace
+#include <filesystem>
 
 CabinetDEssai::CabinetDEssai(const QString &sousDossier) : m_dossier(m_temporaire.filePath(sousDossier)) {
     static const CabinetDEssai modele{options()};
-    copie(modele.dossier(), m_dossier);
+    std::filesystem::copy(QFile::encodeName(modele.dossier()).toStdString(),
+                          QFile::encodeName(m_dossier).toStdString(),
+                          std::filesystem::copy_options::recursive);
     ouvre(Base::Chemins)
         .execute(SqlText("Update Chemin Set LeChemin = ")
                  << texte(QDir::toNativeSeparators(m_dossier + QStringLiteral("/Donnees")))
@@ -72,8 +48,11 @@ QStringList CabinetDEssai::empreintes() const {
     QStringList liste;
     QDirIterator fichiers(m_dossier, QDir::Files | QDir::Hidden, QDirIterator::Subdirectories);
     while (fichiers.hasNext()) {
-        const QString fichier = fichiers.next();
-        liste << QDir(m_dossier).relativeFilePath(fichier) + u' ' + empreinte(fichier);
+        QFile fichier(fichiers.next());
+        const bool lisible = fichier.open(QIODevice::ReadOnly);
+        const QByteArray contenu = QCryptographicHash::hash(fichier.readAll(), QCryptographicHash::Sha256);
+        liste << QDir(m_dossier).relativeFilePath(fichier.fileName()) + u' ' +
+                     (lisible ? QString::fromLatin1(contenu.toHex()) : QString());
     }
     liste.sort();
     return liste;

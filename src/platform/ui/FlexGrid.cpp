@@ -1,6 +1,7 @@
 #include "platform/ui/FlexGrid.h"
 
 #include "platform/ui/FlexGridDelegate.h"
+#include "platform/ui/PlainTip.h"
 
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -220,21 +221,21 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
 void FlexGrid::paintEvent(QPaintEvent *event) {
     QTableView::paintEvent(event);
     paintFrame();
-    if (!m_placeholder.isEmpty()) {
+    if (!accessibleDescription().isEmpty()) {
         QPainter painter(viewport());
         painter.setPen(palette().color(QPalette::PlaceholderText));
         painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
-                         m_placeholder);
+                         accessibleDescription());
     }
 }
 
 /// Light and dark, so that it stands out on every block.
 void FlexGrid::paintFrame() {
-    const QModelIndexList outlined = selectionModel()->selectedIndexes();
-    if (!m_outline || outlined.isEmpty()) {
+    if (!m_outline) {
         return;
     }
-    const QRect frame = visualRect(outlined.first()).united(visualRect(outlined.last()));
+    const QRect frame = visualRect(m_cells.index(m_outline->row, m_outline->col))
+                            .united(visualRect(m_cells.index(m_outline->rowSel, m_outline->colSel)));
     QPainter painter(viewport());
     painter.setPen(QPen(palette().color(QPalette::Text), 2));
     painter.drawRect(frame.adjusted(1, 1, -2, -2));
@@ -249,8 +250,6 @@ bool FlexGrid::viewportEvent(QEvent *event) {
     const auto &help = static_cast<QHelpEvent &>(*event);
     const bool over = !m_toolTip.isEmpty() && isOutlined(indexAt(help.pos()));
     // as rich text, so that long lines wrap; what the data says stays plain
-    QToolTip::showText(help.globalPos(),
-                       over ? QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped()) : QString(),
-                       viewport());
+    QToolTip::showText(help.globalPos(), over ? plainTip(m_toolTip) : QString(), viewport());
     return true;
 }

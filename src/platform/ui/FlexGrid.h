@@ -33,7 +33,7 @@ class FlexGrid : public QTableView {
     /// Plain text shown while the pointer rests on the outlined cells.
     void setOutlineToolTip(const QString &text) { m_toolTip = text; }
     /// Said in the middle of a grid that has no rows to show.
-    void setPlaceholder(const QString &text) { m_placeholder = text; }
+    void setPlaceholder(const QString &text) { setAccessibleDescription(text); }
     /// The cells that the arrow keys reach: columns and rows as x and y.
     void setSelectableArea(const QRect &cells) { m_selectable = cells; }
 
@@ -79,5 +79,4 @@ class FlexGrid : public QTableView {
     bool m_dragging = false;
     QRect m_selectable;
     QString m_toolTip;
-    QString m_placeholder;
 };
