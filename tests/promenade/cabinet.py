@@ -1,5 +1,5 @@
-"""Made-up practices, straight into SQLite files, with the oddities that real ones have collected; and the other
-workstation, which books, moves, deletes, locks the book, takes it away and gives it back."""
+"""Made-up practices, straight into SQLite files, with the oddities that real ones have collected; and the
+other workstation, which books, moves, deletes, locks the book, takes it away and gives it back."""
 import datetime
 import os
 import shutil
@@ -7,35 +7,41 @@ import sqlite3
 
 MAINTENANT = datetime.datetime(2026, 3, 11, 10, 5)
 JOURS = ("Lun", "Mar", "Mer", "Jeu", "Ven", "Sam", "Dim")
-NOMS = ("MARTIN", "DUPONT", "D'ARC", "L'HÉNAFF", "DE LA TOUR", "12/03/2026", "LÉGER", "DUPOND", "ÇELIK", " LE GOFF ")
+NOMS = ("MARTIN", "DUPONT", "D'ARC", "L'HÉNAFF", "DE LA TOUR", "12/03/2026", "LÉGER", "DUPOND", "ÇELIK",
+        " LE GOFF ")
 PRENOMS = ("Jeanne", "Éloïse", "Anne-Marie", "Jean d'Août", "", None)
 HORAIRES = (("08:00", "12:00", "14:00", "18:00"), ("08:00", "12:10", "14:00", "18:50"),
             ("09:00", "12:30", "12:30", "17:00"), ("07:30", "11:45", "13:15", "19:20"))
 MAUVAIS = ({"Intervalle": 0}, {"HeureMatFin": "abc"}, {"HeurePMFin": "07:00:00"}, {"Intervalle": 900})
-FAUTEUILS = {1: (1, 2), 2: (0,), 4: (), 5: (1, 2, 12), 8: (1, 3), 12: (0,), 7: (0,)}  # chairs of a practitioner
+FAUTEUILS = {1: (1, 2), 2: (0,), 4: (), 5: (1, 2, 12), 8: (1, 3), 12: (0,),
+             7: (0,)}  # chairs of a practitioner
 NON_LISTE, SANS_DEFAUT = 7, 8
-BIZARRES = ({"HeureDebut": "09:10:30", "HeureFin": "09:40:20"}, {"Nom": None, "Prenom": None}, {"HeureDebut": None},
-            {"HeureDebut": "1899-12-30 09:15:00", "HeureFin": "1899-12-30 09:45:00"}, {"HeureFin": "abc"},
-            {"HeureFin": "08:10:00"}, {"Fauteuil": None}, {"NumPraticien": None}, {"DateInv": None}, {"Date1": None},
-            {"DateInv": "20250101"}, {"HeureDebut": "17:45:00", "HeureFin": "18:15:00"},
-            {"HeureDebut": "06:45:00", "HeureFin": "08:15:00"}, {"HeureDebut": "08:00:00", "HeureFin": "19:40:00"},
-            {"HeureDebut": "11:40:00", "HeureFin": "14:20:00"}, {"HeureDebut": "09:04:00", "HeureFin": "09:07:00"})
+BIZARRES = ({"HeureDebut": "09:10:30", "HeureFin": "09:40:20"}, {"Nom": None, "Prenom": None},
+            {"HeureDebut": None}, {"HeureDebut": "1899-12-30 09:15:00", "HeureFin": "1899-12-30 09:45:00"},
+            {"HeureFin": "abc"}, {"HeureFin": "08:10:00"}, {"Fauteuil": None}, {"NumPraticien": None},
+            {"DateInv": None}, {"Date1": None}, {"DateInv": "20250101"},
+            {"HeureDebut": "17:45:00", "HeureFin": "18:15:00"},
+            {"HeureDebut": "06:45:00", "HeureFin": "08:15:00"},
+            {"HeureDebut": "08:00:00", "HeureFin": "19:40:00"},
+            {"HeureDebut": "11:40:00", "HeureFin": "14:20:00"},
+            {"HeureDebut": "09:04:00", "HeureFin": "09:07:00"})
 TABLES = {
     "Base/Fichiers/Tavelin.mdb": {
-        "RDV": "RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, Description TEXT, "
-               "NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, NumPraticien TEXT, "
-               "Professionnel INTEGER, Present INTEGER, DateInv TEXT, Fauteuil INTEGER",
+        "RDV": "RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, "
+               "Description TEXT, NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, "
+               "NumPraticien TEXT, Professionnel INTEGER, Present INTEGER, DateInv TEXT, Fauteuil INTEGER",
         "Config": "NomConfig TEXT, NumPraticien TEXT, DefaultConfig INTEGER, NbJours INTEGER, "
                   + "".join(f"{j}Affich INTEGER, {j}Grise INTEGER, " for j in JOURS)
                   + "JourRepos INTEGER, Intervalle INTEGER, HeureMatDebut TEXT, HeureMatFin TEXT, "
                     "HeurePMDebut TEXT, HeurePMFin TEXT, Fauteuil INTEGER"},
-    "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, Titre TEXT, nom TEXT, PreNom TEXT, Word INTEGER"},
+    "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, nom TEXT, PreNom TEXT, Word INTEGER"},
     "Base/Fichiers/Patient.mdb": {"TabPat": "cptid INTEGER PRIMARY KEY AUTOINCREMENT, nom TEXT, PreNom TEXT, "
                                             "DateNais TEXT, RDVNonHonoré TEXT"},
     "Base/Fichiers/Actes.mdb": {"Actes": "NumActe INTEGER, NumPatient INTEGER, AFaire INTEGER, Libellé TEXT, "
                                        "CodeSecu TEXT, Coefficient REAL"},
     "Donnees/Fichiers/PatientTavelin.mdb": {
-        "LePatient": "NomPatient TEXT, PrenomPatient TEXT, NumPatient INTEGER", "LePraticien": "NumPraticien TEXT"},
+        "LePatient": "NomPatient TEXT, PrenomPatient TEXT, NumPatient INTEGER",
+        "LePraticien": "NumPraticien TEXT"},
     "CheminBelmor.mdb": {"Chemin": "LeChemin TEXT, CheminBase TEXT"},
 }
 
@@ -51,19 +57,23 @@ def heures(h, debut, durees=(10, 15, 20, 30, 45, 60)):
 
 
 def rendez_vous(h, jour, debut, praticien, fauteuil):
-    return {"Nom": h.choice(NOMS), "Prenom": h.choice(PRENOMS), "Telephone": h.choice(("02 97 11 22 33", "", None)),
+    return {"Nom": h.choice(NOMS), "Prenom": h.choice(PRENOMS),
+            "Telephone": h.choice(("02 97 11 22 33", "", None)),
             "Description": h.choice(("", None, " ", "Contrôle", "Détartrage d'abord")),
-            "NumPatient": h.choice((0, h.randint(1, 300))), "Date1": jour.isoformat() + h.choice(("", " 00:00:00")),
-            "NumPraticien": h.choice((f"0{praticien}", str(praticien))), "Professionnel": h.choice((0, 1, -1)),
-            "Present": h.choice((0, 0, 0, 1, -1)), "DateInv": jour.strftime("%Y%m%d"),
-            "Fauteuil": fauteuil} | heures(h, debut)
+            "NumPatient": h.choice((0, h.randint(1, 300))),
+            "Date1": jour.isoformat() + h.choice(("", " 00:00:00")),
+            "NumPraticien": h.choice((f"0{praticien}", str(praticien))),
+            "Professionnel": h.choice((0, 1, -1)), "Present": h.choice((0, 0, 0, 1, -1)),
+            "DateInv": jour.strftime("%Y%m%d"), "Fauteuil": fauteuil} | heures(h, debut)
 
 
 def configuration(h, praticien, fauteuil, defaut):
     caches = h.sample(range(7), h.choice((0, 1, 2, 2, 3, 4)))
-    champs = {"NomConfig": f"conf {praticien} {fauteuil}" if praticien else "Défaut", "NumPraticien": f"0{praticien}",
-              "DefaultConfig": int(fauteuil == defaut), "Fauteuil": fauteuil, "NbJours": h.choice((5, 7)),
-              "Intervalle": h.choice((5, 7, 10, 15, 15, 20, 25, 30, 45, 50, 60)), "JourRepos": h.choice((7, 1, 3))}
+    champs = {"NomConfig": f"conf {praticien} {fauteuil}" if praticien else "Défaut",
+              "NumPraticien": f"0{praticien}", "DefaultConfig": int(fauteuil == defaut),
+              "Fauteuil": fauteuil, "NbJours": h.choice((5, 7)),
+              "Intervalle": h.choice((5, 7, 10, 15, 15, 20, 25, 30, 45, 50, 60)),
+              "JourRepos": h.choice((7, 1, 3))}
     for i, jour in enumerate(JOURS):
         champs |= {jour + "Affich": 0 if i in caches else i + 1, jour + "Grise": h.choice((0, 0, 0, 1, 2, 3))}
     champs |= zip(("HeureMatDebut", "HeureMatFin", "HeurePMDebut", "HeurePMFin"),
@@ -137,14 +147,16 @@ class Tiers:
 
     def ecrit(self, refs, jour, prat, fauteuil):
         """One change, on one of the appointments `refs`, at this place, or on a configuration; says what."""
-        h, (quoi, ref) = self.h, (self.h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime",
-                                                 "present", "nom", "config")), self.h.choice(refs))
+        h, ref = self.h, self.h.choice(refs)
+        quoi = h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present", "nom",
+                         "config"))
         with sqlite3.connect(self.fichier, timeout=5) as lien:
             jour += datetime.timedelta(h.randrange(7) - jour.weekday())
             if quoi == "ajoute":
                 ajoute(lien, "RDV", **rendez_vous(h, jour, h.randrange(450, 1120, 5), prat, fauteuil))
             elif quoi == "config":
-                conf = h.choice(lien.execute("select rowid from Config where NumPraticien <> '00'").fetchall())[0]
+                confs = lien.execute("select rowid from Config where NumPraticien <> '00'").fetchall()
+                conf = h.choice(confs)[0]
                 lien.execute("update Config set Intervalle = ? where rowid = ?" if h.random() < 0.6 else
                              "delete from Config where ? and rowid = ?", (h.choice((10, 20, 25)), conf))
             elif quoi == "supprime":

@@ -1,4 +1,4 @@
-"""The program on the virtual screen that DISPLAY names: its mouse, its keys, and what its witness says of it."""
+"""The program on the screen that DISPLAY names: its mouse, its keys, and what its witness says of it."""
 import json
 import os
 import select
@@ -50,15 +50,17 @@ class Programme:
         attends(lambda: self.vit() and select.select([porte], [], [], 0)[0], ATTENTE, "le programme")
         self.lien = porte.accept()[0]
         racine, atome = self.x.screen().root, self.x.intern_atom("_NET_CLIENT_LIST")
-        self.fenetre = attends(lambda: self.vit() and getattr(racine.get_full_property(atome, 0), "value", None),
-                               ATTENTE, "la fenêtre du carnet")[0]
+        self.fenetre = attends(lambda: self.vit()
+                               and getattr(racine.get_full_property(atome, 0), "value", None), ATTENTE,
+                               "la fenêtre du carnet")[0]
 
     # ---- Mouse and keys
 
     def frappe(self, *touches):
         """Keys by name and mouse buttons by number, held one after the other and let go."""
         quoi = [(X.ButtonPress, n) if isinstance(n, int) else (X.KeyPress, self._code(n)[0]) for n in touches]
-        for sens in quoi + [(genre + 1, code) for genre, code in reversed(quoi)]:  # a release follows its press
+        laches = [(genre + 1, code) for genre, code in reversed(quoi)]  # a release follows its press
+        for sens in quoi + laches:
             xtest.fake_input(self.x, *sens)
         self.x.sync()
 
@@ -74,15 +76,16 @@ class Programme:
         xtest.fake_input(self.x, X.MotionNotify, x=int(x), y=int(y))
         self.x.sync()
 
-    def clic(self, point, bouton=1, fois=1):
-        """Never taken for the second half of a double click with the click before."""
-        self.seul(point)
+    def clic(self, point, bouton=1, fois=1, loin=8):
+        """Never taken for the second half of a double click with the click before, up to `loin` pixels away."""
+        self.seul(point, loin)
         for _ in range(fois):
             self.frappe(bouton)
 
-    def seul(self, point):
+    def seul(self, point, loin=8):
         (dx, dy, quand), (x, y) = self.dernier, point
-        attends(lambda: abs(dx - x) + abs(dy - y) >= 12 or time.monotonic() > quand + DOUBLE_CLIC, 2, "un clic")
+        attends(lambda: max(abs(dx - x), abs(dy - y)) > loin or time.monotonic() > quand + DOUBLE_CLIC, 2,
+                "un clic")
         self.va(x, y)
         self.dernier = (x, y, time.monotonic())
 

@@ -9,9 +9,10 @@ from oracle import Livre, entier, hhmm, lit_base, lit_heure, lit_jour, minutes, 
 
 HEURES = ("9h30", "930", "0930", "9:30", "10:05", "17:45", "18:15", "8h", "25:00", "abc", "")
 TEXTES = [n.lower().replace("ç", "c") for n in cabinet.NOMS] + ["", " ", "du", "17", "é'"]
-POIDS = {"BtnAjouter": 14, "BtnMettreAJour": 14, "BtnAnnuler": 4, "BtnOK": 6, "BtnInit": 2, "BtnNow": 2, "Text1": 6,
-         "Text2": 3, "Text3": 1, "Text4": 3, "TxtPatient": 9, "DTPicker1": 3, "TextHeureDebut": 2, "TextHeureFin": 2,
-         "Augmenter": 1, "Diminuer": 1, "Grille1": 9, "qt_calendar_calendarview": 5, "Tab": 2, "Return": 4, "Escape": 1}
+POIDS = {"BtnAjouter": 14, "BtnMettreAJour": 14, "BtnAnnuler": 4, "BtnOK": 6, "BtnInit": 2, "BtnNow": 2,
+         "Text1": 6, "Text2": 3, "Text3": 1, "Text4": 3, "TxtPatient": 9, "DTPicker1": 3, "Augmenter": 1,
+         "TextHeureDebut": 2, "TextHeureFin": 2, "Diminuer": 1, "Grille1": 9, "qt_calendar_calendarview": 5,
+         "Tab": 2, "Return": 4, "Escape": 1}
 VALIDE = {"BtnAjouter", "BtnMettreAJour", "BtnOK", "Return"}
 SAISIE, REGLAGES = ("FrmAjouter", "FrmEditer"), ("FrmTrancheHoraire", "FrmJourExclure")
 MESSAGES = {  # what may be said, and when
@@ -19,7 +20,8 @@ MESSAGES = {  # what may be said, and when
     "est endommagé|est introuvable|pas une base": lambda p: not p.tiers.lisible,
     "a été modifié sur un autre poste": lambda p: any(
         x and p.livre.tables["RDV"].get(x.ref, x.ligne) != x.ligne for x in (*p.visees, p.avant.rdv)),
-    "Ce rendez-vous n'existe": lambda p: any(x and x.ref not in p.livre.rdv for x in (*p.visees, p.avant.rdv)),
+    "Ce rendez-vous n'existe": lambda p: any(x and x.ref not in p.livre.rdv
+                                             for x in (*p.visees, p.avant.rdv)),
     "obligatoirement entrer un Nom": lambda p: not p.promesse["champs"]["Nom"],
     "Cette heure n'est pas valide": lambda p: p.dessus in REGLAGES or None in p.promesse["heures"],
     "L'heure de fin doit venir": lambda p: p.promesse["heures"][0] >= p.promesse["heures"][1],
@@ -27,15 +29,17 @@ MESSAGES = {  # what may be said, and when
     "n'est pas libre|s'y trouve déjà": lambda p: p.genes(True) if p.promesse else p.a_ecrit,
     "plusieurs colonnes": lambda p: "glisse" in p.fait[-1],
     "est enregistré au .* n'est pas dans ce qui est affiché": lambda p: not p.montree(p.dernier),
-    "inscrit comme n'honorant pas": lambda p: any(x["RDVNonHonoré"] == "O" and propre(x["nom"]) == p.promesse["champs"][
-        "Nom"] for x in p.patients.values()),
+    "inscrit comme n'honorant pas": lambda p: (
+        p.promesse["champs"]["Nom"], "O") in [(propre(x["nom"]), x["RDVNonHonoré"])
+                                              for x in p.patients.values()],
     "au moins deux jours|choisir un intervalle|trop rapprochés|Incohérence|ne se suivent pas":
         lambda p: p.dessus in REGLAGES}
 
 
 def norme(ligne):
     """What a row means, whatever the way in which it is stored."""
-    return ligne and {n: propre(ligne[n]) for n in ("Nom", "Prenom", "Telephone", "Description", "DateInv")} | {
+    return ligne and {
+        n: propre(ligne[n]) for n in ("Nom", "Prenom", "Telephone", "Description", "DateInv")} | {
         n: entier(ligne[n]) for n in ("NumPatient", "NumPraticien", "Fauteuil")} | {
         n: bool(ligne[n]) for n in ("Present", "Professionnel")} | {
         n: minutes(ligne[n]) for n in ("HeureDebut", "HeureFin")} | {"Date1": propre(ligne["Date1"])[:10]}
@@ -54,7 +58,8 @@ class Fenetres:
             self.peut = True  # what it told of may be drawn now
             return self.prog.clic(centre(bouton))
         grilles = [g for g in etat.par_nom[dessus]["grilles"].values() if self.en_vue(g)]
-        touches = [{"objectName": t, "classe": "touche"} for t in ("Tab", "Return", "Escape") if dessus in SAISIE]
+        touches = [{"objectName": t, "classe": "touche"} for t in ("Tab", "Return", "Escape")
+                   if dessus in SAISIE]
         choix = [(o, POIDS.get(o["objectName"]) or bool(re.match("Option|Check", o["objectName"])))
                  for o in etat.objets() + grilles + touches if o.get("enabled", True)]
         objet = self.h.choices(*zip(*choix))[0]
@@ -63,12 +68,13 @@ class Fenetres:
         if "cellules" in objet:
             r = self.h.choice(self.en_vue(objet))
             ligne = objet["cellules"][r] if nom == "Grille1" else None
-        elif nom == "Return" and foyer in ("TxtPatient", "Grille1") and (g := etat.grille("Grille1", dessus))["selection"]:
-            ligne = g["cellules"][g["selection"][0]]
+        elif nom == "Return" and foyer in ("TxtPatient", "Grille1"):
+            liste = etat.grille("Grille1", dessus)
+            ligne = liste["cellules"][liste["selection"][0]] if liste["selection"] else None
         self.dit(f"{dessus} : {nom} {[c[0] for c in ligne or []]}")
         self.promet_fenetre(nom, ligne)
         if "cellules" in objet:
-            self.prog.clic(self.point(objet, r, 1 if ligne is None else 0))
+            self.prog.clic(self.point(objet, r, 1 if ligne is None else 0), loin=9999)  # no second click
         elif objet["classe"] == "touche":
             self.prog.frappe(nom)
         elif objet["classe"] in ("QLineEdit", "ChampDate"):
@@ -80,7 +86,8 @@ class Fenetres:
         nom, texte, jour = champ["objectName"], self.h.choice(TEXTES), None
         if nom == "DTPicker1":
             jour = self.vue.jour + datetime.timedelta(self.h.randrange(-3, 9))
-            texte = self.h.choice((f"{jour:%d/%m/%Y}", f"{jour:%d%m%Y}", f"{jour.day}/{jour.month}/{jour:%y}", "31/02"))
+            texte = self.h.choice((f"{jour:%d/%m/%Y}", f"{jour:%d%m%Y}", f"{jour.day}/{jour.month}/{jour:%y}",
+                                   "31/02"))
         elif nom.startswith("TextHeure") or self.etat.dessus in REGLAGES:
             texte = self.h.choice(HEURES)
         self.dit(f"« {texte} »")
@@ -95,7 +102,7 @@ class Fenetres:
             self.suite = self.surligne
         if nom == "DTPicker1" and texte != "31/02":
             self.prog.frappe("Tab")
-            self.suite = lambda *_: [f"date {texte} mal comprise"] * (lit_jour(self.etat.texte("DTPicker1")) != jour)
+            self.suite = lambda *_: ["mal compris"] * (lit_jour(self.etat.texte("DTPicker1")) != jour)
 
     def surligne(self, *_):
         liste, textes = self.etat.grille("Grille1", self.etat.dessus), self.etat.textes()
@@ -111,7 +118,7 @@ class Fenetres:
         self.promesse = {"quoi": quoi, "veut": veut, "champs": champs, "heures": (0, 1), "jour": True}
 
     def promet_fenetre(self, nom, ligne):
-        """Nothing may be written but what the fields say, with the patient picked; and settings only by OK."""
+        """Nothing may be written but what the fields say, with the patient picked; settings only by OK."""
         dessus, t = self.etat.dessus, self.etat.textes()
         coches = {o["objectName"]: o["checked"] for o in self.etat.objets() if "checked" in o}
         config = self.fixe.config
@@ -121,7 +128,8 @@ class Fenetres:
         elif dessus == "FrmQuelHoraire":
             self.classe = int(coches["Option1"])
         elif dessus in SAISIE:
-            jour, heures = lit_jour(t["DTPicker1"]), (lit_heure(t["TextHeureDebut"]), lit_heure(t["TextHeureFin"]))
+            jour = lit_jour(t["DTPicker1"])
+            heures = lit_heure(t["TextHeureDebut"]), lit_heure(t["TextHeureFin"])
             qui = [propre(c[0]) for c in ligne[:3]] if ligne else [t["Text1"], t["Text2"], t["txtNumPatient"]]
             ajoute = dessus == "FrmAjouter"
             self.promet("ajoute" if ajoute else "edite", nom in VALIDE - {"Return"} or bool(ligne and ajoute),
@@ -156,12 +164,14 @@ class Fenetres:
             self.place, self.visees = ctx.grille.fauteuil, [r for r in ctx.dessous if r.cle() == ctx.cle]
             voulu = {"Label3": x.nom, "Label4": x.prenom, "Label13": hhmm(x.debut), "Label15": hhmm(x.fin)}
         if etat.dessus == "FrmEditer":
-            voulu = {"Text1": x.nom, "Text2": x.prenom, "Text3": propre(x.ligne["Telephone"]), "Text4": x.desc.strip(),
-                     "txtNumPatient": str(x.ligne["NumPatient"]), "TextHeureDebut": hhmm(x.debut),
+            voulu = {"Text1": x.nom, "Text2": x.prenom, "Text3": propre(x.ligne["Telephone"]),
+                     "Text4": x.desc.strip(), "txtNumPatient": str(x.ligne["NumPatient"]),
+                     "TextHeureDebut": hhmm(x.debut),
                      "TextHeureFin": hhmm(x.fin)}
-        faux = [f"{etat.dessus}.{n} montre « {t[n]} » au lieu de « {v} »" for n, v in voulu.items() if t[n] != v]
+        faux = [f"{etat.dessus}.{n} : « {t[n]} » au lieu de « {v} »" for n, v in voulu.items() if t[n] != v]
         jour = t.get("DTPicker1" if etat.dessus in SAISIE else "Label17")
-        return faux or [f"{etat.dessus} : {jour} au lieu de {ctx.jour}"] * bool(voulu and lit_jour(jour) != ctx.jour)
+        return faux or [f"{etat.dessus} : {jour}, pas {ctx.jour}"] * bool(
+            voulu and lit_jour(jour) != ctx.jour)
 
     def juge(self):
         """A message must be one that the situation calls for."""
@@ -171,7 +181,8 @@ class Fenetres:
         self.boite, connu = texte, next((m for m in MESSAGES if re.search(m, texte)), None)
         self.textes.add(connu)
         if not connu or not MESSAGES[connu](self):
-            raise Faute(f"message hors de propos : {texte}\npromesse {self.promesse}, vu {[x.ligne for x in self.visees]}")
+            raise Faute(f"message hors de propos : {texte}\npromesse {self.promesse}"
+                        f"\nvu {[x.ligne for x in self.visees]}")
         if "modifié" in connu:
             self.visees = [self.livre.rdv[x.ref] for x in self.visees if x.ref in self.livre.rdv]
         return []
@@ -192,7 +203,8 @@ class Fenetres:
         ancienne, nouvelle, ref = lignes[0]
         faux = self.ecriture_fausse(ref, ancienne, nouvelle)
         if faux or lit_base(self.bases + "Patient.mdb")["TabPat"] != self.patients:
-            raise Faute(f"{faux or 'fiche changée'}\nécrit {nouvelle}\nétait {ancienne}\ndemandé {self.promesse}"
+            raise Faute(f"{faux or 'fiche changée'}\nécrit {nouvelle}\nétait {ancienne}"
+                        f"\ndemandé {self.promesse}"
                         f"\nvu {[x.ligne for x in self.visees]}, fauteuil {self.place}, classe {self.classe}")
         self.livre, self.promesse, self.dernier = Livre(neuf), None, ref
         self.photos = self.anciennes = [self.livre]
@@ -203,13 +215,15 @@ class Fenetres:
 
     def ecriture_fausse(self, ref, ancienne, nouvelle):
         quoi, champs = self.promesse["quoi"], self.promesse["champs"]
-        avant, apres, vu = norme(ancienne), norme(nouvelle), {x.ref: norme(x.ligne) for x in self.visees}.get(ref)
+        avant, apres = norme(ancienne), norme(nouvelle)
+        vu = {x.ref: norme(x.ligne) for x in self.visees}.get(ref)
         if quoi == "ajoute":
             avant = {"NumPraticien": self.vue.prat, "Fauteuil": self.place, "Present": False,
                      "Professionnel": bool(self.classe)}
             if not champs["Description"] and apres and apres["Description"] == "Couronne ( )":
                 champs["Description"] = "Couronne ( )"  # what the suite's patient is to have done
-        elif not ancienne or not vu or vu | {"Present": (vu if quoi == "supprime" else avant)["Present"]} != avant:
+        elif not ancienne or not vu or \
+                vu | {"Present": (vu if quoi == "supprime" else avant)["Present"]} != avant:
             return "une autre ligne, ou une ligne changée depuis qu'elle a été vue"
         if apres != (None if quoi == "supprime" else avant | champs) or (quoi == "ajoute") != (not ancienne):
             return "autre chose que ce qui était demandé"
@@ -226,8 +240,9 @@ class Fenetres:
         """What lies in the way of the fields' hours; on demand also rows of which one hour cannot be read."""
         (debut, fin), refs = self.promesse["heures"], [x.ref for x in self.visees] + [ref]
         places = {self.place, *(entier(x.ligne["Fauteuil"]) for x in self.visees)}
-        return [r.ligne for place in places for r in self.livre.jour(self.promesse["jour"], self.vue.prat, place)
-                if r.ref not in refs and (r.dessine and r.debut < fin and debut < r.fin or illisibles and not r.dessine)]
+        return [r.ligne for place in places
+                for r in self.livre.jour(self.promesse["jour"], self.vue.prat, place) if r.ref not in refs
+                and (r.debut < fin and debut < r.fin if r.dessine else illisibles)]
 
     def sans_ecrire(self):
         """Nothing written although the user asked for it: he was told, or there was nothing to write."""
@@ -238,5 +253,6 @@ class Fenetres:
             promesse["dit"] = True
             return []
         lignes = [norme(self.livre.tables["RDV"].get(x.ref)) for x in self.visees]
-        inutile = promesse["quoi"] in ("edite", "present") and any(x and x | promesse["champs"] == x for x in lignes)
-        return [] if inutile else [f"{promesse['quoi']} : rien n'est écrit et rien n'est dit"]
+        pareil = any(x and x | promesse["champs"] == x for x in lignes)
+        return [f"{promesse['quoi']} : rien n'est écrit et rien n'est dit"] * (
+            not pareil or promesse["quoi"] not in ("edite", "present"))

@@ -10,9 +10,10 @@ from cabinet import JOURS
 GRIS, BLANC, ROUGE, TEXTE_HEURE = "#a0a0a0", "#ffffff", "#ff0000", "#f0f0f0"
 COULEURS = (None, "#0080ff", "#800080", "#ff8000", "#808000", "#008080", "#804000", "#000080")
 SEMAINE = ("lundi", "mardi", "mercredi", "jeudi", "vendredi", "samedi", "dimanche")
-MOIS = ("janvier", "février", "mars", "avril", "mai", "juin", "juillet", "août", "septembre", "octobre", "novembre",
-        "décembre")
-MOIS_COURTS = ("janv.", "févr.", "mars", "avr.", "mai", "juin", "juil.", "août", "sept.", "oct.", "nov.", "déc.")
+MOIS = ("janvier", "février", "mars", "avril", "mai", "juin", "juillet", "août", "septembre", "octobre",
+        "novembre", "décembre")
+MOIS_COURTS = ("janv.", "févr.", "mars", "avr.", "mai", "juin", "juil.", "août", "sept.", "oct.", "nov.",
+               "déc.")
 GRILLES = ("GrilleRDV", "GrilleRDV02", "GrilleRDV03")
 ACTIONS = ("mnuAjouter", "mnuEditer", "mnuSupprimer", "mnuPresent")
 VIDE = ["", None, None]
@@ -60,8 +61,8 @@ def lit_base(chemin):
     """Every row of every table, by its key."""
     lien = sqlite3.connect(f"file:{chemin}?mode=ro", uri=True)
     lien.row_factory = sqlite3.Row
-    tables = [t[0] for t in lien.execute("select name from sqlite_master where type = 'table' and name not like "
-                                         "'sqlite%'")]
+    tables = [t[0] for t in lien.execute("select name from sqlite_master where type = 'table' "
+                                         "and name not like 'sqlite%'")]
     lu = {t: {r["cle"]: dict(r) for r in lien.execute(f"select rowid as cle, * from {t} order by rowid")}
           for t in tables}
     lien.close()
@@ -75,7 +76,8 @@ class RendezVous:
         self.jour = datetime.date.fromisoformat(jour[:10]) if jour else None
         self.debut, self.fin = minutes(ligne["HeureDebut"]), minutes(ligne["HeureFin"])
         self.dessine = self.debut is not None and self.fin is not None and self.debut < self.fin
-        self.nom, self.prenom, self.desc = propre(ligne["Nom"]), propre(ligne["Prenom"]), ligne["Description"] or ""
+        self.nom, self.prenom = propre(ligne["Nom"]), propre(ligne["Prenom"])
+        self.desc = ligne["Description"] or ""
         self.present = bool(ligne["Present"])
 
     def texte(self):
@@ -118,8 +120,9 @@ class Config:
     def de(ligne):
         affich = [any(ligne[j + "Affich"] == i + 1 for j in JOURS) for i in range(7)]
         heures = [minutes(ligne[c]) for c in ("HeureMatDebut", "HeureMatFin", "HeurePMDebut", "HeurePMFin")]
-        return Config(ligne["NomConfig"], entier(ligne["Fauteuil"]), affich, [ligne[j + "Grise"] for j in JOURS],
-                      ligne["Intervalle"] or 0, heures, bool(ligne["DefaultConfig"]))
+        return Config(ligne["NomConfig"], entier(ligne["Fauteuil"]), affich,
+                      [ligne[j + "Grise"] for j in JOURS], ligne["Intervalle"] or 0, heures,
+                      bool(ligne["DefaultConfig"]))
 
     def horaire(self, debut=0, fin=3):
         h = self.heures
@@ -129,7 +132,8 @@ class Config:
     def grisees(self, n, jour_semaine):
         m1, m2, a1, _ = self.heures
         repas, reprise = (-((m1 - t) // self.pas) for t in (m2, a1))
-        debut, fin = {1: (1, repas + 1), 2: (reprise + 1, n + 1), 3: (1, n + 1)}.get(self.grise[jour_semaine], (1, 0))
+        debut, fin = {1: (1, repas + 1), 2: (reprise + 1, n + 1),
+                      3: (1, n + 1)}.get(self.grise[jour_semaine], (1, 0))
         return {*range(repas + 1, reprise + 1), *range(debut, fin + 1)}
 
     def classe(self, jour_semaine, debut, fin):
@@ -150,7 +154,8 @@ class Livre:
     def __init__(self, tables):
         self.tables = tables
         self.rdv = {ref: RendezVous(ref, ligne) for ref, ligne in tables["RDV"].items()}
-        self.configs = [(entier(ligne["NumPraticien"]), Config.de(ligne)) for ligne in tables["Config"].values()]
+        self.configs = [(entier(ligne["NumPraticien"]), Config.de(ligne))
+                        for ligne in tables["Config"].values()]
 
     def jour(self, jour, prat, fauteuil=None):
         """In the order in which they are drawn; without a chair, those of all."""
@@ -238,14 +243,16 @@ class Montre:
                 ("grilles", vues, list(self.grilles))):
             if montre != voulu:
                 faux.append(f"{quoi} : {montre} au lieu de {voulu}")
-        return faux or [e for nom, g in self.grilles.items() for e in self._ecarts_grille(nom, g, etat.grille(nom), lu)]
+        return faux or [e for nom, g in self.grilles.items()
+                        for e in self._ecarts_grille(nom, g, etat.grille(nom), lu)]
 
     def _cellules(self, grille, lu):
         """(row, column) → [text, background, text colour] of all that is not an empty white cell."""
         attendu, horaire = {}, grille.horaire
         for c, (jour, liste) in enumerate(grille.colonnes, 1):
             if self.vue.semaine:
-                attendu |= {(r, c): ["", GRIS, None] for r in grille.config.grisees(horaire.n, jour.weekday())}
+                attendu |= {(r, c): ["", GRIS, None]
+                            for r in grille.config.grisees(horaire.n, jour.weekday())}
             for rdv in (r for r in liste if horaire.visible(r)):
                 premiere, derniere = horaire.lignes(rdv)
                 premiere = max(premiere, 1)
@@ -281,7 +288,7 @@ class Montre:
                 voulu = attendu.get((r, c), VIDE)
                 qui = 3 if voulu[0] and (c or self.vue.semaine) else 2 if c or self.vue.semaine else 1
                 if montre[:qui] != voulu[:qui]:
-                    ecarts.append(f"{nom} ({r},{c}) {hhmm(horaire.heure(r))} : montré {montre}, attendu {voulu}")
+                    ecarts.append(f"{nom} ({r},{c}) {hhmm(horaire.heure(r))} : {montre}, pas {voulu}")
         return ecarts
 
 
@@ -311,12 +318,13 @@ class Contexte:
         actif = {n: etat.action(n)["enabled"] for n in ACTIONS}
         present = etat.action("mnuPresent")["checked"]
         if not self.contours:
-            return [f"rien de sélectionné, mais {self.panneaux} {actif}"] * (any(actif.values()) or bool(self.cle[0]))
+            sur = any(actif.values()) or self.cle[0]
+            return [f"rien de sélectionné, mais {self.panneaux} {actif}"] * bool(sur)
         if self.plage is None or len(self.contours) > 1:
             return [f"contours : {self.contours}"]
         horaire, sur = self.grille.horaire, bool(self.dessous)
-        voulu = dict(zip(ACTIONS, (not sur and self.grille.fauteuil in [c.fauteuil for c in self.montre.configs],
-                                    sur, sur, sur)))
+        a_lui = self.grille.fauteuil in [c.fauteuil for c in self.montre.configs]
+        voulu = dict(zip(ACTIONS, (not sur and a_lui, sur, sur, sur)))
         fin = min(self.plage[1], 1439)
         dits = [(self.date, self.jour, "panneau 4"), (actif, voulu, "menus")]
         if not sur:

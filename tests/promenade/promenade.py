@@ -1,5 +1,5 @@
-"""promenade.py BINARIES SEED [STEPS]: walks through the program at random on the screen that DISPLAY names, and looks
-after every step whether what it shows and writes is what the files say. All chance comes from SEED."""
+"""promenade.py BINARIES SEED [STEPS]: walks through the program at random on the screen that DISPLAY names, and
+looks after every step whether what it shows and writes is what the files say. All chance is from SEED."""
 import datetime
 import os
 import random
@@ -27,8 +27,8 @@ FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 
 
 class Promenade(Fenetres):
-    GESTES = {"clic": 30, "double_clic": 9, "glisse": 7, "clic_droit": 5, "fleche": 8, "entree": 4, "suppr": 2,
-              "touche": 6, "bouton": 9, "menu": 14, "molette": 3, "zoom_molette": 2, "tic": 5}
+    GESTES = {"clic": 30, "double_clic": 9, "glisse": 7, "clic_droit": 5, "fleche": 8, "entree": 4,
+              "suppr": 2, "touche": 6, "bouton": 9, "menu": 14, "molette": 3, "zoom_molette": 2, "tic": 5}
 
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
@@ -37,8 +37,8 @@ class Promenade(Fenetres):
         self.bases = dossier + "/cabinet/Base/Fichiers/"
         self.tiers = cabinet.Tiers(self.bases + "Tavelin.mdb", self.h)
         depart = time.monotonic()
-        self.prog = Programme(binaires, dossier, ["--chemin", dossier + "/cabinet/CheminBelmor.mdb", "--maintenant",
-                                                  cabinet.MAINTENANT.isoformat()])
+        arguments = ["--chemin", dossier + "/cabinet/CheminBelmor.mdb", "--maintenant"]
+        self.prog = Programme(binaires, dossier, [*arguments, cabinet.MAINTENANT.isoformat()])
         self.maintenant = lambda: cabinet.MAINTENANT + datetime.timedelta(seconds=time.monotonic() - depart)
         self.praticiens = {p["codeprat"]: f"docteur {p['nom']} {p['PreNom'] or ''}"
                            for p in lit_base(self.bases + "Param.mdb")["Praticien"].values()}
@@ -61,8 +61,9 @@ class Promenade(Fenetres):
     # ---- One step
 
     def commence(self, *fait):
-        self.fait, self.suite, self.vues, self.frais, self.peut, self.duree = [*fait], None, [self.vue], False, False, 0
-        self.a_ecrit, self.fermee, self.boite, self.dessus, self.avant = False, None, None, self.etat.dessus, self.ctx
+        self.fait, self.suite, self.vues, self.fermee, self.boite = [*fait], None, [self.vue], None, None
+        self.frais, self.peut, self.a_ecrit, self.duree = False, False, False, 0
+        self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
             self.boite = self.etat.texte("qt_msgbox_label")
         else:
@@ -104,14 +105,15 @@ class Promenade(Fenetres):
         self.regarde()
 
     def troisieme(self):
-        """What the other workstation does before this step; the lock that it holds during the step, if any."""
+        """What the other workstation does before this step; the lock that it holds during it, if any."""
         quoi = self.h.choices([*TIERS, None], [*TIERS.values(), 1 - sum(TIERS.values())])[0]
         if not self.tiers.lisible:
             if self.h.random() < 0.4:
                 self.dit("le carnet est rapporté")
                 self.tiers.rapporte()
         elif quoi == "ecrit":
-            refs = [ref for ref, r in self.livre.rdv.items() if entier(r.ligne["NumPraticien"]) == self.vue.prat] or [0]
+            refs = [ref for ref, r in self.livre.rdv.items()
+                    if entier(r.ligne["NumPraticien"]) == self.vue.prat] or [0]
             vise = [self.ctx.rdv.ref] if self.ctx.rdv and self.h.random() < 0.7 else refs
             fauteuil = next(iter(self.ctx.grilles.values())).fauteuil
             self.dit("tiers : " + self.tiers.ecrit(vise, self.fixe.jour, self.vue.prat, fauteuil))
@@ -152,8 +154,10 @@ class Promenade(Fenetres):
         etat, vues = self.etat, self.vues
         if self.fermee and self.dessus not in etat.par_nom:
             vues, self.frais = [self.fermee] + vues * (self.duree > LONG), True
-        photos = self.photos if etat.dessus == "FrmEntree" else list(dict.fromkeys(self.anciennes + self.photos))
-        bulle = etat.objet("StatusBar1_5", "FrmEntree")["toolTip"]
+        fermee = etat.dessus == "FrmEntree"
+        photos = self.photos if fermee else list(dict.fromkeys(self.anciennes + self.photos))
+        panneau = etat.objet("StatusBar1_5", "FrmEntree")
+        bulle, en_gras = panneau["toolTip"], "bold" in panneau["styleSheet"]
         lu = datetime.datetime.strptime(re.search(r"\d\d/.* à [\d:]+", bulle)[0], "%d/%m/%Y à %H:%M:%S")
         essais = []
         for vue in vues:
@@ -167,13 +171,14 @@ class Promenade(Fenetres):
         self.photos = photos[photos.index(vu):]
         if self.peut:  # two books that look the same: it is the newer one that was read
             self.ctx = [e for e in essais if not e[0]][-1][3]
-        if self.tiers.lisible and self.duree <= LONG and etat.dessus == "FrmEntree":
-            if self.frais and ("bold" in etat.objet("StatusBar1_5", "FrmEntree")["styleSheet"]
-                               or lu < self.maintenant() - datetime.timedelta(seconds=PATIENCE + 3 + self.duree)):
-                return [f"relu, mais la barre d'état dit : {bulle}"]
-        elif not self.tiers.lisible and self.frais and "bold" not in etat.objet("StatusBar1_5", "FrmEntree")["styleSheet"]:
-            return ["la lecture manque, et la barre d'état ne le dit pas"]
-        return self.suite(self.avant, self.ctx) if self.suite and self.tiers.lisible and self.duree <= LONG else []
+        if not self.tiers.lisible:
+            return ["la lecture manque, et la barre d'état ne le dit pas"] * (self.frais and not en_gras)
+        if self.duree > LONG:
+            return []
+        age = self.maintenant() - lu
+        if self.frais and fermee and (en_gras or age.total_seconds() > PATIENCE + 3 + self.duree):
+            return [f"relu, mais la barre d'état dit : {bulle}"]
+        return self.suite(self.avant, self.ctx) if self.suite else []
 
     # ---- The grids
 
@@ -197,7 +202,8 @@ class Promenade(Fenetres):
 
     @staticmethod
     def en_vue(g):
-        return [r for r, (y, haut) in enumerate(g["lignes"]) if haut and y >= 0 and y + haut <= g["surface"][3]]
+        return [r for r, (y, haut) in enumerate(g["lignes"]) if haut and y >= 0
+                and y + haut <= g["surface"][3]]
 
     def point(self, g, r, c):
         """A hidden row is the one that the header shows, above the surface."""
@@ -222,19 +228,25 @@ class Promenade(Fenetres):
         grille = apres.grilles[nom]
         n, nb = grille.horaire.n, len(grille.colonnes)
         dedans = (nom, c) in [(g, gauche) for g, haut, bas, gauche, _ in avant.contours if haut <= r <= bas]
-        if not n or not 1 <= c <= nb or r == 0 and (bouton == 3 or not self.vue.semaine) or bouton == 3 and dedans:
+        titre = r == 0 and (bouton == 3 or not self.vue.semaine)
+        if not n or not 1 <= c <= nb or titre or bouton == 3 and dedans:
             if bouton == 3 and self.a_ecrit:
                 return []
             memes = (avant.contours, avant.panneaux) == (apres.contours, apres.panneaux)
             return [] if memes and self.etat.dessus == "FrmEntree" else [
-                f"un clic qui ne choisit rien a changé {avant.contours} en {apres.contours} {self.etat.dessus}"]
-        if r == 0 or r > n:
+                f"un clic qui ne choisit rien : {avant.contours} devient {apres.contours} {self.etat.dessus}"]
+        if r == 0 or r > n and self.vue.semaine:
             return self.sur(apres, nom, 1, 1)
-        if faux := self.sur(apres, nom, r, c):
-            return faux
-        pris = dans(apres.liste, grille.horaire.heure(r), grille.horaire.heure(r + 1))
+        if r > n:  # the whole day
+            pris = [x.cle() for x in grille.colonnes[0][1] if grille.horaire.visible(x)]
+            juste = apres.cle == pris[0] if pris else apres.contours == [(nom, 1, n, 1, 1)]
+            return [f"jour entier : {apres.contours} {apres.cle}"] * (not juste)
+        pris = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
         cles = [x.cle() for x in pris]
-        meme = avant.rdv and avant.nom == nom and avant.jour == apres.jour and avant.cle in cles and len(pris) > 1
+        retour = fois == 2 and apres.cle in cles  # what was chosen before keeps its outline
+        if faux := self.sur(apres, nom, r, c) * (not retour):
+            return faux
+        meme = avant.rdv and (avant.nom, avant.jour) == (nom, apres.jour) and avant.cle in cles
         if pris and not self.a_ecrit:
             rang = (cles.index(avant.cle) + 2 - fois) % len(pris) if meme else 0
             if apres.cle != cles[rang] or fois == 1 and (apres.rang, apres.nombre) != (rang + 1, len(pris)):
@@ -278,8 +290,9 @@ class Promenade(Fenetres):
             haut, bas = min(r, r2), min(max(r, r2), horaire.n)
             pris = dans(liste, horaire.heure(haut), horaire.heure(bas + 1))
             if pris:
-                return [] if r == r2 or apres.cle == pris[0].cle() else [f"glissé : {apres.cle}, pas {pris[0].cle()}"]
-            return [] if apres.contours == [(nom, haut, bas, c, c)] else [f"glissé {haut}-{bas} : {apres.contours}"]
+                return [f"glissé : {apres.cle}, pas {pris[0].cle()}"] * (r != r2
+                                                                         and apres.cle != pris[0].cle())
+            return [f"glissé {haut}-{bas} : {apres.contours}"] * (apres.contours != [(nom, haut, bas, c, c)])
 
         self.suite = suite
 
@@ -369,7 +382,7 @@ class Promenade(Fenetres):
         return Vue(vue.prat, vue.jour) if vue.semaine or "emaine" in nom else vue
 
     def montre(self, vue):
-        """Everything is read and drawn again; where the same place is shown the selection stays what it was."""
+        """Everything is read and drawn again; where the same place is shown the selection stays."""
         self.vues, self.frais = [vue], True
         lundi = [v.jour.isocalendar()[:2] if v.semaine else v.jour for v in (self.fixe, vue)]
         if (vue.prat, lundi[1]) == (self.fixe.prat, lundi[0]):
@@ -379,8 +392,8 @@ class Promenade(Fenetres):
         if not avant.plage:
             return []
         if not avant.rdv:
-            perdu = apres.plage and not apres.rdv and (apres.jour != avant.jour or not dans(
-                [type("Plage", (), {"debut": apres.plage[0], "fin": apres.plage[1]})], *avant.plage))
+            perdu = apres.plage and (apres.rdv or apres.jour != avant.jour or apres.plage[0] >= avant.plage[1]
+                                     or apres.plage[1] <= avant.plage[0])
             return [f"sélection libre {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
         la = self.montree(avant.rdv.ref)
         perdu = la and apres.cle != la[0].cle() or not la and apres.rdv
@@ -420,7 +433,7 @@ class Promenade(Fenetres):
             self.peut, self.suite = True, lambda _, apres: self.ouvre(nom, apres)
         elif nom == "mnuPresent":
             self.promet("present", Present=not action["checked"])
-            self.visees, self.frais = [r for r in [self.ctx.rdv] if r], True
+            self.visees, self.peut = [r for r in [self.ctx.rdv] if r], True
         elif nom not in ("mnutranche", "mnuexclure"):
             vue = self.apres(nom)
         self.prog.clic(centre(action))
