@@ -1,5 +1,6 @@
 #include "grid/Fourchette.h"
 
+#include <QStringBuilder>
 #include <algorithm>
 #include <array>
 
@@ -23,9 +24,11 @@ Fourchette CoupeFourchette(int premiere, int derniere, int fermeture) {
 }
 
 QString TexteRDV(const QString &nom, const QString &prenom, const QString &description) {
-    const QString sansDescription = QStringLiteral("  %1 %2").arg(nom.trimmed(), prenom.trimmed());
-    const QString courte = description.trimmed();
-    return courte.isEmpty() ? sansDescription : sansDescription + QStringLiteral("  [%1]").arg(courte);
+    QString texte = u"  " % QStringView(nom).trimmed() % u' ' % QStringView(prenom).trimmed();
+    if (const QStringView courte = QStringView(description).trimmed(); !courte.isEmpty()) {
+        texte += u"  [" % courte % u']';
+    }
+    return texte;
 }
 
 QString NomImage(FormeCellule forme, int jour) {
@@ -35,5 +38,5 @@ QString NomImage(FormeCellule forme, int jour) {
     if (forme == FormeCellule::Aucune || jour < 1 || jour > 7) {
         return {};
     }
-    return QStringLiteral("%1%2.bmp").arg(formes[size_t(forme)], couleurs[size_t(jour - 1)]);
+    return formes[size_t(forme)] % couleurs[size_t(jour - 1)] % u".bmp";
 }

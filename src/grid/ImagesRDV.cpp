@@ -11,16 +11,13 @@ constexpr int plusGrandCote = 128; // pixels; a cell is some 20 high
 /// A bitmap has no transparency: its white lets the cell's own colour through, and lighter tones in
 /// proportion. On a white cell nothing changes.
 QImage sansFondBlanc(const QImage &bitmap) {
-    QImage image = bitmap.convertToFormat(QImage::Format_ARGB32);
+    QImage image = bitmap.convertToFormat(QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < image.height(); ++y) {
         auto *ligne = reinterpret_cast<QRgb *>(image.scanLine(y));
         for (int x = 0; x < image.width(); ++x) {
             const QRgb c = ligne[x];
-            const int opacite = 255 - std::min({qRed(c), qGreen(c), qBlue(c)});
-            const auto pleine = [opacite](int ton) {
-                return opacite == 0 ? 0 : 255 - (255 - ton) * 255 / opacite;
-            };
-            ligne[x] = qRgba(pleine(qRed(c)), pleine(qGreen(c)), pleine(qBlue(c)), opacite);
+            const int blanc = std::min({qRed(c), qGreen(c), qBlue(c)});
+            ligne[x] = qRgba(qRed(c) - blanc, qGreen(c) - blanc, qBlue(c) - blanc, 255 - blanc);
         }
     }
     return image;

@@ -13,7 +13,7 @@ SqlText duPraticien(long praticien, std::optional<long> fauteuil) {
     if (fauteuil) {
         sql << " AND clng(Fauteuil) = " << nombre(*fauteuil);
     }
-    return sql << " order by DateInv, HeureDebut, RefRDV";
+    return sql;
 }
 
 } // namespace
@@ -71,7 +71,8 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
                std::ranges::any_of(decales, [&](const RendezVous &d) { return d.RefRDV == r.RefRDV; });
     });
     liste += decales;
-    // not the query's order alone: a start may be stored behind a date, and its text sorts elsewhere
+    // sorted here: a start may be stored behind a date, whose text sorts elsewhere, and the database would
+    // copy every row to sort what its index gives nearly in this order
     std::ranges::sort(liste, {},
                       [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
     return liste;

@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr std::chrono::milliseconds patienceAuDemarrage{800};
+
 /// Runs one step; what it fails of is to be told. True when it went through.
 bool etape(const Environnement &env, Depart &depart, const std::function<void()> &operation) {
     const std::optional<DbError> echec = tente(env, operation);
@@ -51,7 +53,7 @@ void litPraticienTransmis(const Environnement &env, Depart &depart) {
 QString LitEmplacements(Environnement &env, const QString &fichier) {
     std::optional<Emplacements> lus;
     const auto echec = tente(env, [&] {
-        Database chemin = Database::open(fichier);
+        Database chemin = Database::open(fichier, std::chrono::milliseconds(100));
         lus = LitChemin(chemin);
     });
     if (echec) {
@@ -65,7 +67,10 @@ QString LitEmplacements(Environnement &env, const QString &fichier) {
     return {};
 }
 
-Depart Demarre(const Environnement &env) {
+Depart Demarre(const Environnement &monde) {
+    // No window stands yet, and the start is tried again by itself: it does not wait for long.
+    Environnement env = monde;
+    env.patience = std::min(env.patience, patienceAuDemarrage);
     Depart depart;
     if (!metBaseANiveau(env, depart)) {
         return depart;

@@ -21,4 +21,4 @@ struct Depart {
 
 /// Brings the appointment database up to date, reads whom the suite hands over and who the practitioners are.
 /// Without a hand-off the book opens on the first practitioner. It may be tried again after a failure.
-Depart Demarre(const Environnement &env);
+Depart Demarre(const Environnement &monde);

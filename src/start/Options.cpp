@@ -1,5 +1,7 @@
 #include "start/Options.h"
 
+#include "grid/Navigation.h"
+
 #include <QCommandLineParser>
 #include <QStandardPaths>
 
@@ -49,7 +51,8 @@ Options LitOptions(const QStringList &arguments) {
     options.verrou = ligne.value(verrou);
     if (ligne.isSet(maintenant)) {
         options.maintenant = QDateTime::fromString(ligne.value(maintenant), Qt::ISODate);
-        if (!options.maintenant.isValid()) {
+        const QDate jour = options.maintenant.date();
+        if (!options.maintenant.isValid() || jour < premierJourDuCarnet || jour > dernierJourDuCarnet) {
             options.erreur = QStringLiteral("« %1 » n'est pas un instant de la forme 2026-03-11T10:05")
                                  .arg(ligne.value(maintenant));
         }

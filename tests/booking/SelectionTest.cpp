@@ -147,7 +147,8 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
         {q("last deleted"), [](Affichage &, QList<RendezVous> &liste) { liste.remove(4); }},
         {q("taken"), [](Affichage &, QList<RendezVous> &liste) { liste << rdv(10, "11:00", "12:00", 12); }},
         {q("hidden"), [&](Affichage &a, QList<RendezVous> &) { a.grilles[0] = grille(sansJeudi, {}); }},
-        {q("next week"), [](Affichage &a, QList<RendezVous> &) { a.demande.jour = QDate(2026, 3, 17); }},
+        {q("next week"), [](Affichage &a, QList<RendezVous> &) { a.demande.jour = QDate(2026, 3, 19); }},
+        {q("another day"), [](Affichage &a, QList<RendezVous> &) { a.demande.jour = QDate(2026, 3, 17); }},
         {q("not drawn"), [](Affichage &a, QList<RendezVous> &) { a.grilles[0].creneaux = {}; }},
         {q("other's"), [](Affichage &a, QList<RendezVous> &) { a.demande.PraticienCourant = q("02"); }}};
     for (const QStringList &c : tableau(R"(
@@ -157,11 +158,13 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
         3,1     | moved        | 0: 3,3-4,3 12 09:00-10:00 1 R2 1/1
         3,1     | deleted      | rien
         20,1    | last deleted | 0: 19,1-20,1 9 17:00-18:00 1
-        6,3>7,3 | taken        | 0: 7,3-8,3 12 11:00-12:00 1 R10 1/1
+        6,3>7,3 | taken        | rien
         6,3>7,3 | hidden       | rien
         6,3>7,3 | next week    | 0: 6,3-7,3 19 10:30-11:30 1
+        6,3>7,3 | another day  | rien
         3,1     | not drawn    | rien
-        5,2 5,2 | other's      | 0: 5,2-5,2 10 10:00-10:10 1 R6 1/2)")) {
+        6,3>7,3 | other's      | 0: 6,3-7,3 12 10:30-11:30 1
+        5,2 5,2 | other's      | rien)")) {
         Affichage maintenant = semaine();
         changements.at(c[1])(maintenant, maintenant.grilles[0].rendezVous);
         const Selection trouvee = Reprend(maintenant, semaine(), apres(semaine(), c[0]));
@@ -169,7 +172,8 @@ TEST(Selection, IsFoundAgainOnWhatIsShownNow) {
     }
     const Selection droite = apres(journee(), q("d3,1"));
     EXPECT_EQ(vu(Reprend(journee(), journee(), droite)), "1: 3,1-3,1 9 10:00-11:00 0");
-    EXPECT_EQ(vu(Reprend(semaine(), journee(), droite)), "0: 4,1-5,1 9 09:30-10:30 1 R3 1/1");
+    EXPECT_EQ(vu(Reprend(semaine(), journee(), droite)), "rien");
+    EXPECT_EQ(vu(Reprend(semaine(), journee(), apres(journee(), q("d5,1")))), "0: 9,1-10,1 9 12:00-13:00 0");
     EXPECT_EQ(vu(SelectionneRDV(journee(), 9)), "1: 2,1-2,1 9 09:00-09:30 1 R9 1/1");
     EXPECT_EQ(vu(SelectionneRDV(journee(), 1)), "rien");
 }

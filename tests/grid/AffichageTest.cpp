@@ -138,11 +138,14 @@ TEST_F(AffichageTest, AppointmentsLieOnTheirDate1InTheOrderOfTheirHours) {
     EXPECT_EQ(vu(lit(demande(q("semaine")))), "(0) 1 08:00-18:00/60: lundi tot deuxieme troisieme tard");
     livre.rdv({.nom = "venu", .debut = "09:45:00", .jour = "2026-03-11 00:00:00", .cle = "20260318"});
     livre.rdv({.nom = "sans", .debut = "09:50:00", .cle = ""});
+    livre.rdv({.nom = "cle", .jour = "illisible", .cle = "20260311"});
     livre.rdv({.nom = "parti", .jour = "2026-03-18", .cle = "20260311"});
+    livre.rdv({.nom = "autre", .praticien = "02", .cle = "20260318"});
+    livre.rdv({.nom = "ailleurs", .fauteuil = 2, .cle = "20260318"});
     EXPECT_EQ(vu(lit(demande(q("semaine")))),
-              "(0) 1 08:00-18:00/60: lundi tot deuxieme troisieme venu sans tard");
+              "(0) 1 08:00-18:00/60: lundi tot deuxieme troisieme cle venu sans tard");
     Database carnet = livre.ouvre();
-    EXPECT_EQ(RelitJour(carnet, lit(demande(q("semaine"))), 0, maintenant.date()).size(), 6);
+    EXPECT_EQ(RelitJour(carnet, lit(demande(q("semaine"))), 0, maintenant.date()).size(), 7);
 }
 
 TEST_F(AffichageTest, ADisplayedDayIsOneThatAnyOfTheSevenValuesNames) {

@@ -55,7 +55,7 @@ TEST_F(FenetreTest, PractitionersAndChairs) {
         fauteuil 1 | docteur UN 0 1 A--- 09 mars 2026 08:00 / 10:00  | 12x7 lundi 09 mars: 2,3 SECOND [1,1-2,1])");
     livre.execute(SqlText("delete from Config where Fauteuil = 2"));
     joue(R"(
-        fauteuil 1 | docteur UN 0 aucun A--- 09 mars 2026 08:00 / 10:00 | 7x7 lundi 09 mars: [1,1-1,1]
+        fauteuil 1 | docteur UN 0 aucun ---- 09 mars 2026 08:00 / 10:00 | 7x7 lundi 09 mars: [1,1-1,1]
         fauteuil 0 | docteur UN 0 0 A--- 09 mars 2026 08:00 / 10:00     | 12x7 lundi 09 mars: 2,3 ROUX [1,1-2,1])");
     EXPECT_EQ(dits(), "");
 }
@@ -99,7 +99,7 @@ TEST_F(FenetreTest, Weeks) {
         mois.findChild<QCalendarWidget *>(q("MonthView1"))->setSelectedDate(QDate(2026, 12, 25));
         bouton(mois, "BtnOK").click();
     });
-    EXPECT_EQ(etat(), "docteur UN 0 0 A--- 24 déc. 2026 12:00 / 13:00");
+    EXPECT_EQ(etat(), "docteur UN 0 0 ---- 25 déc. 2026");
 }
 
 TEST_F(FenetreTest, DayView) {
@@ -107,6 +107,9 @@ TEST_F(FenetreTest, DayView) {
     livre.rdv({.nom = "SECOND", .fauteuil = 2});
     ouvre();
     joue(R"(
+        fauteuil 1   |
+        BtnJour      | docteur UN 0 1 ---- 11 mars 2026
+        BtnSemaine   | docteur UN 0 0 ---- 11 mars 2026
         BtnJour      | docteur UN 0 0 ---- 11 mars 2026 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
         clic 2,1 1   | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX [2,1-2,1]; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
         clic 10,1 2  |
@@ -116,7 +119,7 @@ TEST_F(FenetreTest, DayView) {
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 11 mars 2026 08:00 / 09:00 NEUF");
     joue(R"(
         BtnSuivant2  | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00 | 12x2 jeudi 12 mars Fauteuil 1:; 12x2 jeudi 12 mars Fauteuil 2: [1,1-1,1]
-        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND [1,1-1,1]
+        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND
         docteur 1    | docteur DEUX 1 - ---- 11 mars 2026 | 10x2 mercredi 11 mars Matin:; 10x2 mercredi 11 mars Après-midi:
         mnusemaine   | docteur DEUX 1 - ---- 11 mars 2026 | 22x7 lundi 09 mars:)");
     EXPECT_EQ(dits(), "");
@@ -134,7 +137,8 @@ TEST_F(FenetreTest, ADoubleClickOpensWhatWasSelectedBefore) {
         EXPECT_EQ(editer.findChild<QLineEdit *>(q("TextHeureDebut"))->text(), q("09:30"));
         saisit(editer, "DTPicker1", "14/03/2026", "BtnMettreAJour");
     });
-    EXPECT_EQ(dits(), "Le rendez-vous est placé au samedi 14 mars 2026, un jour qui n'est pas affiché.");
+    EXPECT_EQ(dits(), "Le rendez-vous est enregistré au samedi 14 mars 2026, de 09:30 à 10:00 : il n'est pas "
+                      "dans ce qui est affiché.");
     EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 TOT");
 }
 
@@ -146,7 +150,8 @@ TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {
     EXPECT_EQ(grille().rowAt(0), 24) << "two rows above 10:05";
     joue(R"(
         BtnSuivant    |
-        BtnPrecedent  | | 122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]
+        BtnPrecedent  | | 122x7 lundi 09 mars: 19,3 ROUX
+        clic 20,3     | | 122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]
         BtnRafraichir | | 12x7 lundi 09 mars: 2,3 ROUX [2,3-3,3]
         mnuZoom       | | 122x7 lundi 09 mars: 19,3 ROUX [19,3-30,3]
         docteur 0     | | 12x7 lundi 09 mars: 2,3 ROUX [2,3-3,3])");
@@ -159,7 +164,7 @@ TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {
     joue("mnuSupprimer | docteur UN 0 0 ---- 11 mars 2026 | 12x7 lundi 09 mars: 2,3 AUTRE\nclic 6,3");
     EXPECT_EQ(dits(), "Ce rendez-vous n'existe plus !");
     livre.rdv({.nom = "PRIS", .debut = "13:00:00", .fin = "14:00:00"});
-    joue("mnuAjouter | docteur UN 0 0 -ESP 11 mars 2026 13:00 / 14:00 PRIS");
+    joue("mnuAjouter | docteur UN 0 0 ---- 11 mars 2026");
     EXPECT_NE(dits(), "");
     *cabinet.environnement().lectureSeule = q("abîmé");
     joue("clic 2,3 | docteur UN 0 0 ---- 11 mars 2026 09:00 / 10:00 AUTRE");

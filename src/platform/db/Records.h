@@ -41,13 +41,15 @@ class Records {
     Record operator[](int row) const { return {*this, row}; }
     Record first() const { return {*this, 0}; }
     const Value &at(int row, int field) const {
-        return m_blocks[size_t(row / rowsPerBlock)][size_t(row % rowsPerBlock * m_columns + field)];
+        return m_blocks[size_t(row / rowsPerBlock)]
+                       [size_t(row % rowsPerBlock) * size_t(m_columns) + size_t(field)];
     }
 
     /// For engines: values arrive row by row, field by field.
     void append(Value value) {
-        if (m_blocks.empty() || m_blocks.back().size() == size_t(rowsPerBlock * m_columns)) {
-            m_blocks.emplace_back().reserve(size_t(rowsPerBlock * m_columns));
+        const size_t valuesPerBlock = size_t(rowsPerBlock) * size_t(m_columns);
+        if (m_blocks.empty() || m_blocks.back().size() == valuesPerBlock) {
+            m_blocks.emplace_back().reserve(valuesPerBlock);
         }
         m_blocks.back().push_back(std::move(value));
     }

@@ -1,6 +1,7 @@
 #include "platform/ui/FlexGrid.h"
 
 #include "platform/ui/FlexGridDelegate.h"
+#include "platform/ui/PlainTip.h"
 
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -249,8 +250,6 @@ bool FlexGrid::viewportEvent(QEvent *event) {
     const auto &help = static_cast<QHelpEvent &>(*event);
     const bool over = !m_toolTip.isEmpty() && isOutlined(indexAt(help.pos()));
     // as rich text, so that long lines wrap; what the data says stays plain
-    QToolTip::showText(help.globalPos(),
-                       over ? QStringLiteral("<qt>%1</qt>").arg(m_toolTip.toHtmlEscaped()) : QString(),
-                       viewport());
+    QToolTip::showText(help.globalPos(), over ? plainTip(m_toolTip) : QString(), viewport());
     return true;
 }
