@@ -100,6 +100,9 @@ class Fenetres:
             for _ in range(self.h.randrange(1, 4)):
                 self.prog.frappe("Down")
             self.suite = self.surligne
+        if nom in ("Text1", "Text2") and self.etat.dessus in SAISIE and texte.strip():
+            self.suite = lambda *_: ["un autre nom garde le numéro " + self.etat.texte("txtNumPatient")] * (
+                entier(self.etat.texte("txtNumPatient")) != 0)
         if nom == "DTPicker1" and texte != "31/02":
             self.prog.frappe("Tab")
             self.suite = lambda *_: ["mal compris"] * (lit_jour(self.etat.texte("DTPicker1")) != jour)
