@@ -337,7 +337,7 @@ class Promenade(Fenetres):
         self.dit("Entrée")
         libre, foyer, self.peut = not self.ctx.rdv, self.foyer(), True
         self.prog.frappe("Return")
-        if foyer and not self.a_ecrit:
+        if self.ctx.plage and foyer == self.ctx.nom and not self.a_ecrit:
             self.suite = lambda _, apres: self.ouvre("mnuAjouter" if libre else "mnuEditer", apres)
 
     def suppr(self):
