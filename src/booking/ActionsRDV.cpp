@@ -43,9 +43,10 @@ void ActionsRDV::edite(const RendezVous &rdv, const PlaceRDV &place) {
         return;
     }
     FrmEditer fenetre(m_env, *actuel, place, &m_fenetre);
-    const bool ferme = fenetre.exec() == QDialog::Accepted;
-    if (ferme || fenetre.rdvEcrit() != rdv) {
+    if (fenetre.exec() == QDialog::Accepted) {
         emit rdvEcrit(fenetre.rdvEcrit());
+    } else if (fenetre.rdvEcrit() != rdv) { // another workstation's, which was told
+        emit rdvEcrit({});
     }
 }
 

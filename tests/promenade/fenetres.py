@@ -27,7 +27,7 @@ MESSAGES = {  # what may be said, and when
     "L'heure de fin doit venir": lambda p: p.promesse["heures"][0] >= p.promesse["heures"][1],
     "Cette date n'est pas valide": lambda p: not p.promesse["jour"],
     "n'est pas libre|s'y trouve déjà": lambda p: p.genes(True) if p.promesse else p.a_ecrit,
-    "plusieurs colonnes": lambda p: "glisse" in p.fait[-1],
+    "plusieurs colonnes": lambda p: "glisse" in " ".join(p.fait),
     "est enregistré au .* n'est pas dans ce qui est affiché": lambda p: not p.montree(p.dernier),
     "inscrit comme n'honorant pas": lambda p: (
         p.promesse["champs"]["Nom"], "O") in [(propre(x["nom"]), x["RDVNonHonoré"])
@@ -237,12 +237,13 @@ class Fenetres:
         return None
 
     def genes(self, illisibles, ref=0):
-        """What lies in the way of the fields' hours; on demand also rows of which one hour cannot be read."""
+        """What lies in the way of the fields' hours; on demand also what no grid shows: seconds at the end, and
+        rows of which one hour cannot be read."""
         (debut, fin), refs = self.promesse["heures"], [x.ref for x in self.visees] + [ref]
         places = {self.place, *(entier(x.ligne["Fauteuil"]) for x in self.visees)}
         return [r.ligne for place in places
                 for r in self.livre.jour(self.promesse["jour"], self.vue.prat, place) if r.ref not in refs
-                and (r.debut < fin and debut < r.fin if r.dessine else illisibles)]
+                and (r.debut < fin and debut < r.fin + illisibles if r.dessine else illisibles)]
 
     def sans_ecrire(self):
         """Nothing written although the user asked for it: he was told, or there was nothing to write."""

@@ -33,6 +33,7 @@ class Promenade(Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
+        self.dernier = None
         prat = cabinet.cree(dossier + "/cabinet", self.h)
         self.bases = dossier + "/cabinet/Base/Fichiers/"
         self.tiers = cabinet.Tiers(self.bases + "Tavelin.mdb", self.h)
