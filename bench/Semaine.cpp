@@ -22,7 +22,7 @@ struct Carnet {
     FrmEntree fenetre{env};
     FlexGrid &GrilleRDV = *fenetre.findChild<FlexGrid *>(QStringLiteral("GrilleRDV"));
     GrilleSemaine semaine{GrilleRDV, env};
-    Demande demande{.PraticienCourant = Demarre(env).PraticienCourant, .jour = instant().date()};
+    Demande demande = Demarre(env).premier.value_or(Affichage()).demande;
     QImage image;
 
     Carnet() {

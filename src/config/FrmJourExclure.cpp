@@ -7,8 +7,8 @@
 
 #include <QButtonGroup>
 
-FrmJourExclure::FrmJourExclure(const Environnement &env, const Configuration &config, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmJourExclure>()), m_env(env), m_config(config),
+FrmJourExclure::FrmJourExclure(const Environnement &env, Configuration config, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmJourExclure>()), m_env(env), m_config(std::move(config)),
       m_repos(new QButtonGroup(this)) {
     ui->setupUi(this);
     m_matin = {ui->Check1_0, ui->Check1_1, ui->Check1_2, ui->Check1_3,

@@ -17,7 +17,7 @@ struct Environnement;
 class FrmJourExclure : public QDialog {
     Q_OBJECT
   public:
-    FrmJourExclure(const Environnement &env, const Configuration &config, QWidget *parent = nullptr);
+    FrmJourExclure(const Environnement &env, Configuration config, QWidget *parent = nullptr);
     ~FrmJourExclure() override;
     const Configuration &configuration() const { return m_config; }
 

@@ -11,10 +11,10 @@
 #include "schedule/JoursExclus.h"
 #include "schedule/NomConfiguration.h"
 
-FrmSauvegarde::FrmSauvegarde(const Environnement &env, const QString &praticien, const Configuration &config,
+FrmSauvegarde::FrmSauvegarde(const Environnement &env, QString praticien, Configuration config,
                              QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmSauvegarde>()), m_env(env), m_praticien(praticien),
-      m_config(config) {
+    : QDialog(parent), ui(std::make_unique<Ui::FrmSauvegarde>()), m_env(env),
+      m_praticien(std::move(praticien)), m_config(std::move(config)) {
     ui->setupUi(this);
     connect(ui->BtnSauver, &QPushButton::clicked, this, &FrmSauvegarde::BtnSauver_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);

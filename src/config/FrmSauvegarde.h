@@ -17,7 +17,7 @@ class FrmSauvegarde : public QDialog {
     Q_OBJECT
   public:
     /// `praticien` is his number as the book keeps it.
-    FrmSauvegarde(const Environnement &env, const QString &praticien, const Configuration &config,
+    FrmSauvegarde(const Environnement &env, QString praticien, Configuration config,
                   QWidget *parent = nullptr);
     ~FrmSauvegarde() override;
 

@@ -8,8 +8,8 @@
 
 #include <QButtonGroup>
 
-FrmTrancheHoraire::FrmTrancheHoraire(const Environnement &env, const Configuration &config, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmTrancheHoraire>()), m_env(env), m_config(config),
+FrmTrancheHoraire::FrmTrancheHoraire(const Environnement &env, Configuration config, QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmTrancheHoraire>()), m_env(env), m_config(std::move(config)),
       m_intervalles(new QButtonGroup(this)) {
     ui->setupUi(this);
     int minutes = 0;

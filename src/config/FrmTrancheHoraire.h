@@ -18,7 +18,7 @@ struct Environnement;
 class FrmTrancheHoraire : public QDialog {
     Q_OBJECT
   public:
-    FrmTrancheHoraire(const Environnement &env, const Configuration &config, QWidget *parent = nullptr);
+    FrmTrancheHoraire(const Environnement &env, Configuration config, QWidget *parent = nullptr);
     ~FrmTrancheHoraire() override;
     const Configuration &configuration() const { return m_config; }
 

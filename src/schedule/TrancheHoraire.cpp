@@ -6,7 +6,6 @@
 #include <QRegularExpression>
 
 #include <algorithm>
-#include <ranges>
 
 namespace {
 
@@ -34,10 +33,12 @@ int limite(const Horaires &horaires, size_t champ, int sinon) {
 }
 
 bool estNomDeJour(const QString &mot) {
-    const auto porte = [&](int jour) {
-        return francais.dayName(jour).compare(mot, Qt::CaseInsensitive) == 0;
-    };
-    return std::ranges::any_of(std::views::iota(1, 8), porte);
+    for (int jour = 1; jour <= 7; ++jour) {
+        if (francais.dayName(jour).compare(mot, Qt::CaseInsensitive) == 0) {
+            return true;
+        }
+    }
+    return false;
 }
 
 /// 1 (January) … 12; 0 for another word.

@@ -11,10 +11,14 @@ bool CarnetMontre::montre(const Demande &demande, Annonce annonce) {
     if (!lit([&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); }, annonce)) {
         return false;
     }
+    prend(lu);
+    return true;
+}
+
+void CarnetMontre::prend(const Affichage &lu) {
     m_selection = Reprend(lu, m_affichage, m_selection);
     m_affichage = lu;
     emit affichageChange();
-    return true;
 }
 
 bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {

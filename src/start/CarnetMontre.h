@@ -25,6 +25,8 @@ class CarnetMontre : public QObject {
     bool enLecture() const { return m_enLecture; }
     QDate jourCourant() const { return JourCourant(m_affichage, m_selection); }
 
+    /// Shows what was read: the only place that assigns it.
+    void prend(const Affichage &lu);
     /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
     /// The same once more, everything kept.

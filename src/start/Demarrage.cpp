@@ -1,5 +1,6 @@
 #include "start/Demarrage.h"
 
+#include "grid/AffichageTables.h"
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
 #include "schedule/Configuration.h"
@@ -32,20 +33,46 @@ bool metBaseANiveau(const Environnement &env, Depart &depart) {
     return lue && erreur.isEmpty();
 }
 
-void litPraticienTransmis(const Environnement &env, Depart &depart) {
+/// The practitioner whom the suite hands over; empty without one.
+QString litPraticienTransmis(const Environnement &env, Depart &depart) {
     Transmission lue;
     etape(env, depart, [&] {
         Database transmission = env.ouvreTransmission();
         lue = LitTransmission(transmission);
     });
     if (lue.NumPraticien.isEmpty() || CLng(lue.NumPraticien) > 0) {
-        depart.PraticienCourant = lue.NumPraticien;
-        return;
+        return lue.NumPraticien;
     }
     depart.messages << QStringLiteral(
                            "Le numéro de praticien « %1 » transmis par la gestion du cabinet n'est pas "
                            "un numéro valable : le carnet s'ouvre sur le premier praticien.")
                            .arg(lue.NumPraticien.left(50));
+    return {};
+}
+
+bool litPraticiens(const Environnement &env, Depart &depart) {
+    const bool lus = etape(env, depart, [&] {
+        Database parametres = env.ouvreParametres();
+        depart.praticiens = Praticiens(parametres);
+    });
+    if (lus && depart.praticiens.isEmpty()) {
+        depart.messages << QStringLiteral("Aucun praticien n'est enregistré dans les paramètres du cabinet.");
+    }
+    return !depart.praticiens.isEmpty();
+}
+
+void litPremier(const Environnement &env, const QString &praticien, Depart &depart) {
+    etape(env, depart, [&] {
+        const QDateTime maintenant = env.maintenant();
+        Database carnet = env.ouvreCarnet();
+        Affichage lu =
+            LitAffichage(carnet, {.PraticienCourant = praticien, .jour = maintenant.date()}, maintenant);
+        const QDate premier = PremierJourAffiche(maintenant.date(), lu.grilles.first().config.JourAffich);
+        if (premier != maintenant.date()) {
+            lu = LitAffichage(carnet, {.PraticienCourant = praticien, .jour = premier}, maintenant);
+        }
+        depart.premier = lu;
+    });
 }
 
 } // namespace
@@ -75,17 +102,9 @@ Depart Demarre(const Environnement &monde) {
     if (!metBaseANiveau(env, depart)) {
         return depart;
     }
-    litPraticienTransmis(env, depart);
-    const bool lus = etape(env, depart, [&] {
-        Database parametres = env.ouvreParametres();
-        depart.praticiens = Praticiens(parametres);
-    });
-    if (lus && depart.praticiens.isEmpty()) {
-        depart.messages << QStringLiteral("Aucun praticien n'est enregistré dans les paramètres du cabinet.");
-    }
-    depart.complet = !depart.praticiens.isEmpty();
-    if (depart.complet && depart.PraticienCourant.isEmpty()) {
-        depart.PraticienCourant = depart.praticiens.first().numero();
+    const QString transmis = litPraticienTransmis(env, depart);
+    if (litPraticiens(env, depart)) {
+        litPremier(env, transmis.isEmpty() ? depart.praticiens.first().numero() : transmis, depart);
     }
     return depart;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "config/PraticienTables.h"
+#include "grid/Affichage.h"
 #include "practice/Environnement.h"
 
 #include <QStringList>
@@ -13,12 +14,13 @@ QString LitEmplacements(Environnement &env, const QString &fichier);
 
 /// What the window opens on.
 struct Depart {
-    bool complet = false; ///< false: there is nothing to open on yet
     QStringList messages; ///< what the user has to be told, in order
     QList<Praticien> praticiens;
-    QString PraticienCourant; ///< number as text: "01"
+    std::optional<Affichage>
+        premier; ///< today's week, or that of the next displayed day; none: it cannot open yet
 };
 
-/// Brings the appointment database up to date, reads whom the suite hands over and who the practitioners are.
-/// Without a hand-off the book opens on the first practitioner. It may be tried again after a failure.
+/// Brings the appointment database up to date, reads whom the suite hands over, who the practitioners are,
+/// and the first week. Without a hand-off the book opens on the first practitioner. It may be tried again
+/// after a failure, and needs no window system.
 Depart Demarre(const Environnement &monde);

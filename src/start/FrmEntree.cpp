@@ -146,30 +146,23 @@ void FrmEntree::relieClavier() {
 // ---- Start-up
 
 void FrmEntree::Form_Load() {
+    Form_Load(Demarre(m_env));
+}
+
+void FrmEntree::Form_Load(const Depart &depart) {
     Timer1.start(periodeReprise);
-    const Depart depart = Demarre(m_env);
     for (const QString &message : depart.messages) {
         if (!m_dits.contains(message)) { // a start that is tried again tells its trouble once
             m_dits << message;
             m_env.messages->error(message);
         }
     }
-    if (!depart.complet) {
-        return;
+    if (depart.premier) {
+        m_menus->construitPraticiens(depart.praticiens);
+        m_carnet.prend(*depart.premier);
+        Timer1.start(periodeTimer1);
+        m_surveillance->commenceApresImage(*this);
     }
-    m_menus->construitPraticiens(depart.praticiens);
-    const QDate aujourdhui = m_env.maintenant().date();
-    if (!m_carnet.montre({.PraticienCourant = depart.PraticienCourant, .jour = aujourdhui},
-                         CarnetMontre::Annonce::UneFois)) {
-        return;
-    }
-    const QDate premier =
-        PremierJourAffiche(aujourdhui, m_carnet.affichage().grilles.first().config.JourAffich);
-    if (premier != aujourdhui) {
-        m_carnet.vaAu(premier);
-    }
-    Timer1.start(periodeTimer1);
-    m_surveillance->commenceApresImage(*this);
 }
 
 // ---- Drawing

@@ -15,6 +15,7 @@ class ActionsSelection;
 class BarreEtat;
 class MenusPraticien;
 class QPushButton;
+struct Depart;
 class Surveillance;
 class Vues;
 
@@ -27,8 +28,9 @@ class FrmEntree : public QMainWindow {
     explicit FrmEntree(const Environnement &env, QWidget *parent = nullptr);
     ~FrmEntree() override;
 
-    /// The start-up, from the upgrade to the drawn week. What fails is told, and tried again from time to
-    /// time.
+    /// Shows what the start-up has read. What failed is told, and tried again from time to time.
+    void Form_Load(const Depart &depart);
+    /// Reads it first.
     void Form_Load();
 
   protected:

@@ -15,6 +15,7 @@
 
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
+#include <future>
 #include <thread>
 
 namespace {
@@ -50,6 +51,19 @@ void ditSansEcran(QtMsgType genre, const QMessageLogContext &, const QString &) 
         QTextStream(stderr) << "tavelin : aucun écran n'est accessible, le carnet ne peut pas s'ouvrir\n";
         std::_Exit(codeErreur);
     }
+}
+
+struct Ouverture {
+    Environnement env; ///< with the data locations
+    QString impossible;
+    Depart depart;
+};
+
+/// What the window opens on, read by a thread that cannot wait for a busy file.
+Ouverture litSansAttendre(Environnement env, const QString &chemin) {
+    env.patience = std::chrono::milliseconds(0);
+    const QString impossible = LitEmplacements(env, chemin);
+    return {env, impossible, impossible.isEmpty() ? Demarre(env) : Depart()};
 }
 
 /// A comfortable size, or the whole of a smaller screen.
@@ -96,21 +110,34 @@ int Lance(int argc, char **argv) {
     }
 
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
-    std::jthread polices([] { FcInit(); });   // the list of fonts is read while the window system answers
+    // While the window system answers, the list of fonts and the book are read.
+    std::jthread polices([] { FcInit(); });
+    std::future<Ouverture> lecture = std::async(std::launch::async, litSansAttendre, env, options.chemin);
     const QtMessageHandler ordinaire = qInstallMessageHandler(ditSansEcran);
     QApplication application(argc, argv);
     qInstallMessageHandler(ordinaire);
     polices.join();
-    env.programme = QCoreApplication::applicationFilePath();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
-    const QString impossible = LitEmplacements(env, options.chemin);
+    Ouverture ouverture = lecture.get();
+    // once more, with patience, where something was busy
+    const QString impossible =
+        ouverture.impossible.isEmpty() ? QString() : LitEmplacements(env, options.chemin);
     if (!impossible.isEmpty()) {
         boites.error(impossible);
         return codeErreur;
     }
+    if (ouverture.impossible.isEmpty()) {
+        ouverture.env.patience = env.patience;
+        env = ouverture.env;
+    }
+    env.programme = QCoreApplication::applicationFilePath();
     FrmEntree FrmEntree(env);
-    FrmEntree.Form_Load();
+    if (ouverture.depart.messages.isEmpty() && ouverture.depart.premier) {
+        FrmEntree.Form_Load(ouverture.depart);
+    } else {
+        FrmEntree.Form_Load();
+    }
     montre(FrmEntree);
     if (!options.capture.isEmpty()) {
         QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });

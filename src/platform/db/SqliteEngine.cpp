@@ -117,9 +117,9 @@ SqliteEngine::SqliteEngine(const QString &file, int openFlags, std::chrono::mill
     const int code = sqlite3_open_v2(file.toUtf8().constData(), &m_connection,
                                      openFlags | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_EXRESCODE, nullptr);
     if (code != SQLITE_OK) {
-        const DbError error = sqliteError(code, m_file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
+        const QString detail = QString::fromUtf8(sqlite3_errmsg(m_connection));
         sqlite3_close(m_connection);
-        throw error;
+        throw sqliteError(code, m_file, detail);
     }
     sqlite3_busy_timeout(m_connection, int(wait.count()));
     registerSqliteFunctions(m_connection);
