@@ -1,7 +1,6 @@
 #include "platform/ui/FlexGrid.h"
 
 #include <QHeaderView>
-#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -11,7 +10,10 @@ namespace {
 class FlexGridTest : public testing::Test {
   protected:
     FlexGridTest() {
-        fill(10, 5);
+        {
+            const FlexGridWriting writing(grid.cells());
+            grid.cells().clear(10, 5);
+        }
         grid.setSelectableArea(QRect(1, 1, 3, 8));
         grid.horizontalHeader()->setDefaultSectionSize(50);
         grid.resize(300, 400);
@@ -29,11 +31,6 @@ class FlexGridTest : public testing::Test {
         QObject::connect(&grid, &FlexGrid::opened, &grid,
                          [this](bool byMouse) { asked += byMouse ? "opened by mouse;" : "opened;"; });
         QObject::connect(&grid, &FlexGrid::contextMenuAsked, &grid, [this] { asked += "menu;"; });
-    }
-    void fill(int rows, int cols) {
-        const FlexGridWriting writing(grid.cells());
-        grid.cells().clear(rows, cols);
-        grid.cells().at(rows, 3).text = QStringLiteral("outside");
     }
     QPoint at(int row, int col) { return grid.visualRect(grid.cells().index(row, col)).center(); }
     void click(int row, int col, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
@@ -92,17 +89,4 @@ TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
     type({Key_Down}, Qt::ShiftModifier);
     type({Key_Up, Key_Enter});
     EXPECT_EQ(taken(), "key 7 2 8 2;key 6 2 6 2;opened;");
-}
-
-TEST_F(FlexGridTest, AWholeDrawingIsOneResetAndShowingAsksForNothing) {
-    QSignalSpy resets(&grid.cells(), &QAbstractItemModel::modelReset);
-    fill(42, 8);
-    EXPECT_EQ(resets.count(), 1);
-    EXPECT_EQ(grid.cells().cell(42, 3).text, QString());
-    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
-    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 3);
-    fill(3, 2);
-    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
-    EXPECT_TRUE(grid.selectionModel()->selectedIndexes().isEmpty());
-    EXPECT_EQ(taken(), "");
 }
