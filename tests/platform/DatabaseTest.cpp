@@ -107,6 +107,27 @@ TEST(Value, ReadsWhatOtherProgramsStore) {
     EXPECT_TRUE(Value(-1).toBoolean());
 }
 
+TEST_F(DatabaseTest, ARowThatPassesByReadsAsOneThatIsKept) {
+    other("INSERT INTO RDV (Nom, Date1) VALUES ('Zoé', '2026-03-11'), (' 12 ', '1899-12-30 09:14:59.9996'),"
+          "('-7', x'323032362d30332d3131'), (1e20, '2026-03-11é09:15'), (NULL, NULL), ('9h', '1é')");
+    Database base = Database::open(file);
+    const SqlText sql("select Date1, Nom, RefRDV, RefRDV + 0.5 from RDV order by RefRDV");
+    const Records kept = base.query(sql);
+    int row = 0;
+    base.forEach(sql, [&](const RowView &passing) {
+        for (int i = 0; i < 4; ++i) {
+            const Value &value = kept.at(row, i);
+            EXPECT_EQ(passing.text(i), value.toText()) << row;
+            EXPECT_EQ(passing.integer(i), value.toInteger()) << row;
+            EXPECT_EQ(passing.boolean(i), value.toBoolean()) << row;
+            EXPECT_EQ(passing.date(i), value.toDate()) << row;
+            EXPECT_EQ(passing.time(i), value.toTime()) << row;
+        }
+        ++row;
+    });
+    EXPECT_EQ(row, 6);
+}
+
 TEST_F(DatabaseTest, TextCannotLeaveItsQuotes) {
     Database base = Database::open(file);
     base.insert(table, named(QStringLiteral("x")));
@@ -181,6 +202,7 @@ TEST_F(DatabaseTest, SaysInFrenchWhatIsWrong) {
     EXPECT_EQ(failure([&] { base.query(SqlText("select * from Absente")); }).second, absente);
     EXPECT_EQ(failure([&] { base.tableDef(QStringLiteral("Absente")); }).second, absente);
     EXPECT_EQ(failure([&] { base.query(SqlText("select Absent from RDV")); }).second, absent);
+    EXPECT_EQ(failure([&] { base.forEach(SqlText("select Absent from RDV"), {}); }).second, absent);
     EXPECT_EQ(failure([&] { base.query(SqlText("select * from RDV")).field(u"Absent"); }).second, absent);
     EXPECT_EQ(failure([&] { base.insert(table, {{QStringLiteral("Absent"), 1}}); }).second, absent);
 }
@@ -264,6 +286,8 @@ TEST_F(DatabaseTest, DamageIsToldByAReadOrByTheCheck) {
     EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
     overwrite(0, QByteArray(pageSize, '\0'));
     EXPECT_EQ(kindOf(read), Kind::Damaged);
+    const SqlText passing("select Nom from RDV where Nom > '0'");
+    EXPECT_EQ(kindOf([&] { Database::open(file).forEach(passing, [](const RowView &) {}); }), Kind::Damaged);
     EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
 }
 
