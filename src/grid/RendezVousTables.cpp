@@ -16,53 +16,37 @@ SqlText duPraticien(long praticien, std::optional<long> fauteuil) {
     return sql;
 }
 
-} // namespace
-
-QList<RendezVous> RendezVousDe(const Records &rows) {
-    const int refRDV = rows.field(u"RefRDV");
-    const int nom = rows.field(u"Nom");
-    const int prenom = rows.field(u"Prenom");
-    const int telephone = rows.field(u"Telephone");
-    const int description = rows.field(u"Description");
-    const int numPatient = rows.field(u"NumPatient");
-    const int date1 = rows.field(u"Date1");
-    const int heureDebut = rows.field(u"HeureDebut");
-    const int heureFin = rows.field(u"HeureFin");
-    const int present = rows.field(u"Present");
-    const int praticien = rows.field(u"NumPraticien");
-    const int fauteuil = rows.field(u"Fauteuil");
-    const int dateInv = rows.field(u"DateInv");
+/// The appointments of the rows of RDV that fulfil `condition`, in the order of the database.
+QList<RendezVous> rendezVousOu(Database &rdv, const SqlText &condition) {
     QList<RendezVous> liste;
-    liste.reserve(rows.count());
-    for (const Record row : rows) {
-        liste.append(RendezVous{row.at(refRDV).toInteger(), row.at(nom).toText(), row.at(prenom).toText(),
-                                row.at(telephone).toText(), row.at(description).toText(),
-                                row.at(numPatient).toText(), row.at(date1).toDate(),
-                                row.at(heureDebut).toTime(), row.at(heureFin).toTime(),
-                                row.at(present).toBoolean(), long(row.at(praticien).toInteger()),
-                                long(row.at(fauteuil).toInteger())});
-    }
-    for (int i = 0; i < liste.size(); ++i) { // a day that cannot be read lies where its key says
-        if (!liste[i].Date1.isValid()) {
-            liste[i].Date1 = QDate::fromString(rows.at(i, dateInv).toText(), QStringLiteral("yyyyMMdd"));
-        }
-    }
+    rdv.forEach(SqlText("Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, "
+                        "HeureFin, Present, NumPraticien, Fauteuil, DateInv from RDV Where ")
+                    << condition,
+                [&](const RowView &r) {
+                    liste.append(RendezVous{r.integer(0), r.text(1), r.text(2), r.text(3), r.text(4),
+                                            r.text(5), r.date(6), r.time(7), r.time(8), r.boolean(9),
+                                            long(r.integer(10)), long(r.integer(11))});
+                    if (QDate &jour = liste.last().Date1; !jour.isValid()) { // it lies where its key says
+                        jour = QDate::fromString(r.text(12), QStringLiteral("yyyyMMdd"));
+                    }
+                });
     return liste;
 }
+
+} // namespace
 
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
                                   std::optional<long> fauteuil) {
     QList<RendezVous> liste =
-        RendezVousDe(rdv.query(SqlText("Select * from RDV Where DateInv >= ")
-                               << texte(InverseDate(premier)) << " AND DateInv<= "
-                               << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil)));
+        rendezVousOu(rdv, SqlText("DateInv >= ") << texte(InverseDate(premier))
+                                                 << " AND DateInv<= " << texte(InverseDate(dernier))
+                                                 << duPraticien(praticien, fauteuil));
     // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few
     // rows are looked for without the practitioner, by whose index all that he ever had would be read
     // instead.
-    QList<RendezVous> decales = RendezVousDe(
-        rdv.query(SqlText("Select * from RDV Where (DateInv Is Null Or DateInv <> InverseDate(Date1)) AND "
-                          "Date1 >= ")
-                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1))));
+    QList<RendezVous> decales =
+        rendezVousOu(rdv, SqlText("(DateInv Is Null Or DateInv <> InverseDate(Date1)) AND Date1 >= ")
+                              << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1)));
     decales.removeIf([&](const RendezVous &r) {
         return r.NumPraticien != praticien || (fauteuil && r.Fauteuil != *fauteuil);
     });
@@ -79,7 +63,6 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
 }
 
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
-    const QList<RendezVous> lus =
-        RendezVousDe(rdv.query(SqlText("Select * from RDV Where RefRDV = ") << nombre(ref)));
+    const QList<RendezVous> lus = rendezVousOu(rdv, SqlText("RefRDV = ") << nombre(ref));
     return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }

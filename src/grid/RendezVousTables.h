@@ -6,9 +6,6 @@
 #include <QList>
 #include <optional>
 
-/// The appointments of rows of RDV.
-QList<RendezVous> RendezVousDe(const Records &rows);
-
 /// The appointments of a practitioner, at one chair or (none) at all, whose Date1 is one of the days
 /// `premier` to `dernier`: by day, start and RefRDV.
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,

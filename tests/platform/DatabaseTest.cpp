@@ -104,6 +104,27 @@ TEST(Value, ReadsWhatOtherProgramsStore) {
     EXPECT_EQ(Value(QStringLiteral("2026-03-11 09:15:00")).toDate(), QDate(2026, 3, 11));
 }
 
+TEST_F(DatabaseTest, ARowThatPassesByReadsAsOneThatIsKept) {
+    other("INSERT INTO RDV (Nom, Date1) VALUES ('Zoé', '2026-03-11'), (' 12 ', '1899-12-30 09:14:59.9996'),"
+          "('-7', x'323032362d30332d3131'), (1e20, '2026-03-11é09:15'), (NULL, NULL), ('9h', '1é')");
+    Database base = Database::open(file);
+    const SqlText sql("select Date1, Nom, RefRDV, RefRDV + 0.5 from RDV order by RefRDV");
+    const Records kept = base.query(sql);
+    int row = 0;
+    base.forEach(sql, [&](const RowView &passing) {
+        for (int i = 0; i < 4; ++i) {
+            const Value &value = kept.at(row, i);
+            EXPECT_EQ(passing.text(i), value.toText()) << row;
+            EXPECT_EQ(passing.integer(i), value.toInteger()) << row;
+            EXPECT_EQ(passing.boolean(i), value.toBoolean()) << row;
+            EXPECT_EQ(passing.date(i), value.toDate()) << row;
+            EXPECT_EQ(passing.time(i), value.toTime()) << row;
+        }
+        ++row;
+    });
+    EXPECT_EQ(row, 6);
+}
+
 TEST_F(DatabaseTest, UpdatesByKeyAndNeverReusesOne) {
     Database base = Database::open(file);
     const qint64 first = base.insert(table, named(QStringLiteral("A")));

@@ -46,6 +46,10 @@ Records Database::query(const SqlText &sql) {
     return m_engine->query(sql.text());
 }
 
+void Database::forEach(const SqlText &sql, const RowVisitor &visit) {
+    m_engine->forEach(sql.text(), visit);
+}
+
 int Database::execute(const SqlText &sql) {
     return m_engine->execute(sql.text());
 }

@@ -26,6 +26,9 @@ class Database {
 
     /// Runs a query and reads its result whole.
     Records query(const SqlText &sql);
+    /// Runs a query and shows its rows one by one, none of them kept: for the many that are made into
+    /// something else. `visit` leaves this database alone.
+    void forEach(const SqlText &sql, const RowVisitor &visit);
     /// Runs a statement that changes rows or tables; gives the number of rows touched.
     int execute(const SqlText &sql);
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).

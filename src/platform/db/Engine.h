@@ -16,6 +16,7 @@ class Engine {
     Engine &operator=(const Engine &) = delete;
 
     virtual Records query(const QString &sql) = 0;
+    virtual void forEach(const QString &sql, const RowVisitor &visit) = 0;
     /// Runs a statement that returns no rows; gives the number of rows touched.
     virtual int execute(const QString &sql) = 0;
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).

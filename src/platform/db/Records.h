@@ -3,6 +3,7 @@
 #include "platform/db/Value.h"
 
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -23,6 +24,22 @@ class Record {
     const Records *m_records;
     int m_row;
 };
+
+/// The row that Database::forEach is at, its fields by their place among those asked for; gone with the next.
+/// Each function gives what that of Value does.
+class RowView {
+  public:
+    virtual QString text(int field) const = 0;
+    virtual qint64 integer(int field) const = 0;
+    virtual QDate date(int field) const = 0;
+    virtual QTime time(int field) const = 0;
+    bool boolean(int field) const { return integer(field) != 0; }
+
+  protected:
+    ~RowView() = default;
+};
+
+using RowVisitor = std::function<void(const RowView &)>;
 
 /// The result of a query, read whole into memory, so that nothing stays open behind it.
 class Records {

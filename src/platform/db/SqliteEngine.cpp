@@ -4,8 +4,8 @@
 #include "platform/db/SqlDialect.h"
 #include "platform/db/SqliteErrors.h"
 #include "platform/db/SqliteFunctions.h"
+#include "platform/db/SqliteRow.h"
 
-#include <QAnyStringView>
 #include <QFileInfo>
 #include <mutex>
 #include <sqlite3.h>
@@ -47,24 +47,19 @@ QString typeName(FieldType type) {
     return QStringLiteral("TEXT");
 }
 
-/// `above` is the same column's value in the row before: days and numbers repeat, and a text that does is
-/// shared.
-Value columnValue(sqlite3_stmt *statement, int column, const Value *above = nullptr) {
-    sqlite3_value *value = sqlite3_column_value(statement, column);
-    switch (sqlite3_value_type(value)) {
-    case SQLITE_INTEGER:
-        return {qint64{sqlite3_value_int64(value)}};
-    case SQLITE_FLOAT:
-        return {sqlite3_value_double(value)};
-    case SQLITE_NULL:
-        return {};
-    default:
-        break;
+/// The engine's text for `sql`. An action sends the same few again and again: a page turned, a week
+/// refreshed.
+QString native(const QString &sql) {
+    constexpr int kept = 100;
+    thread_local QHash<QString, QString> known;
+    if (known.size() > kept) {
+        known.clear();
     }
-    const auto *utf8 = reinterpret_cast<const char *>(sqlite3_value_text(value));
-    const QUtf8StringView text(utf8, sqlite3_value_bytes(value));
-    const auto *known = above != nullptr ? std::get_if<QString>(&above->data()) : nullptr;
-    return {known != nullptr && QAnyStringView(*known) == text ? *known : text.toString()};
+    QString &text = known[sql];
+    if (text.isNull()) {
+        text = SqlDialect::sqlite(sql);
+    }
+    return text;
 }
 
 int bindValue(sqlite3_stmt *statement, int parameter, const Value &value) {
@@ -149,7 +144,7 @@ SqliteEngine::~SqliteEngine() {
 }
 
 Records SqliteEngine::query(const QString &sql) {
-    const Statement statement(prepared(SqlDialect::sqlite(sql)));
+    const Statement statement(prepared(native(sql)));
     const int columns = sqlite3_column_count(statement);
     QStringList names;
     names.reserve(columns);
@@ -169,8 +164,20 @@ Records SqliteEngine::query(const QString &sql) {
     return records;
 }
 
+void SqliteEngine::forEach(const QString &sql, const RowVisitor &visit) {
+    const Statement statement(prepared(native(sql)));
+    const SqliteRow row(statement);
+    int code = sqlite3_step(statement);
+    for (; code == SQLITE_ROW; code = sqlite3_step(statement)) {
+        visit(row);
+    }
+    if (code != SQLITE_DONE) {
+        fail(code);
+    }
+}
+
 int SqliteEngine::execute(const QString &sql) {
-    run(SqlDialect::sqlite(sql), {});
+    run(native(sql), {});
     return sqlite3_changes(m_connection);
 }
 

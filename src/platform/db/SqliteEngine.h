@@ -20,6 +20,7 @@ class SqliteEngine : public Engine {
     ~SqliteEngine() override;
 
     Records query(const QString &sql) override;
+    void forEach(const QString &sql, const RowVisitor &visit) override;
     int execute(const QString &sql) override;
     qint64 insert(const QString &table, const Fields &values) override;
     int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) override;

@@ -3,6 +3,7 @@
 #include <QDate>
 #include <QString>
 #include <QTime>
+#include <QUtf8StringView>
 #include <variant>
 
 /// One field of one row as an engine stores it: nothing (Null), a whole number, a real number or a text.
@@ -32,6 +33,11 @@ class Value {
     /// Invalid for Null and for a text that is no time of day; "HH:MM" and "HH:MM:SS" are, to the nearest
     /// second, also behind a date ("1899-12-30 09:15:00").
     QTime toTime() const;
+
+    // What a Value of that text gives, read from the bytes of an engine.
+    static qint64 integerIn(QUtf8StringView text);
+    static QDate dateIn(QUtf8StringView text);
+    static QTime timeIn(QUtf8StringView text);
 
     friend bool operator==(const Value &, const Value &) = default;
 
