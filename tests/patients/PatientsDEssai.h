@@ -25,23 +25,17 @@ struct PatientsDEssai {
     void protege(Base base) const {
         QFile::setPermissions(fichier(base), QFile::ReadOwner | QFile::ReadUser);
     }
-    qint64 ajoute(const char *nom, const char *prenom, const char *dateNais = "", const char *secu = "",
-                  const Value &drapeau = {}) const {
-        return ouvre(Base::Patients)
-            .insert(q("TabPat"), {{q("nom"), q(nom)},
-                                  {q("PreNom"), q(prenom)},
-                                  {q("DateNais"), q(dateNais)},
-                                  {q("NumeroSS"), q(secu)},
-                                  {q("RDVNonHonoré"), drapeau}});
-    }
-    /// Patients "name|first name"; a first name that is missing is Null.
-    void ajouteTous(const QStringList &patients) const {
+    /// Patients "name|first name|date of birth"; what is missing is Null.
+    void ajoute(const QStringList &patients) const {
         Database base = ouvre(Base::Patients);
         Transaction transaction(base);
         for (const QString &patient : patients) {
-            const QString prenom = patient.section(u'|', 1);
-            base.insert(q("TabPat"), {{q("nom"), patient.section(u'|', 0, 0)},
-                                      {q("PreNom"), prenom.isEmpty() ? Value() : Value(prenom)}});
+            Fields champs;
+            for (const char *champ : {"nom", "PreNom", "DateNais"}) {
+                const QString texte = patient.section(u'|', int(champs.size()), int(champs.size()));
+                champs.emplace_back(q(champ), texte.isEmpty() ? Value() : Value(texte));
+            }
+            base.insert(q("TabPat"), champs);
         }
         transaction.commit();
     }
@@ -59,7 +53,6 @@ struct PatientsDEssai {
         }
         return champs.join(u';');
     }
-    int nombreDe(Base base) const { return int(contenu(base).count(q(";nom="))); }
     QString messagesLus() {
         QStringList textes;
         for (const auto &message : std::exchange(messages.shown, {})) {

