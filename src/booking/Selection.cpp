@@ -143,8 +143,11 @@ Selection selectionneRDV(const Affichage &affichage, int numero, const RendezVou
     }
     const PlageHoraire montre =
         heuresDesLignes(grille.creneaux, lignes->premiereLigne(), lignes->derniereLigne());
-    return analyse(affichage, numero, *lignes, rdv.Date1,
-                   rangDe(dessous(grille, rdv.Date1, montre), rdv.RefRDV));
+    const int rang = rangDe(dessous(grille, rdv.Date1, montre), rdv.RefRDV);
+    if (rang < 0) { // the rows of the outline that are left may be those of others
+        return garde ? selectionneRDV(affichage, numero, rdv, {}) : Selection();
+    }
+    return analyse(affichage, numero, *lignes, rdv.Date1, rang);
 }
 
 /// The first appointment of rows that the user did not choose one by one: the outline keeps that one only.

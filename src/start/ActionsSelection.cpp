@@ -43,6 +43,10 @@ void ActionsSelection::mnuAjouter_Click() {
         m_env.messages->show(messageOccupe, titreOccupe);
         return;
     }
+    if (!m_carnet.affichage().aFauteuil(selection.grille)) {
+        m_env.messages->show(QStringLiteral("Ce praticien n'a plus de configuration pour ce fauteuil."));
+        return;
+    }
     m_actions->ajoute(place());
 }
 

@@ -27,6 +27,7 @@ MESSAGES = {  # what may be said, and when
     "L'heure de fin doit venir": lambda p: p.promesse["heures"][0] >= p.promesse["heures"][1],
     "Cette date n'est pas valide": lambda p: not p.promesse["jour"],
     "n'est pas libre|s'y trouve déjà": lambda p: p.genes(True) if p.promesse else p.a_ecrit,
+    "n'a plus de configuration pour ce fauteuil": lambda p: not p.etat.action("mnuAjouter")["enabled"],
     "plusieurs colonnes": lambda p: "glisse" in " ".join(p.fait),
     "est enregistré au .* n'est pas dans ce qui est affiché": lambda p: not p.montree(p.dernier),
     "inscrit comme n'honorant pas": lambda p: (
