@@ -41,6 +41,13 @@ QFont sansMiseEnForme(QFont police) {
     return police;
 }
 
+std::unique_ptr<Ui::FrmEntree> controles(FrmEntree &fenetre) {
+    fenetre.setFont(sansMiseEnForme(fenetre.font()));
+    auto ui = std::make_unique<Ui::FrmEntree>();
+    ui->setupUi(&fenetre);
+    return ui;
+}
+
 Geste gesteDe(FlexGrid::Gesture geste) {
     const bool clic = geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::RightPress;
     return clic ? Geste::Clic : Geste::Glisse;
@@ -49,17 +56,13 @@ Geste gesteDe(FlexGrid::Gesture geste) {
 } // namespace
 
 FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
-    : QMainWindow(parent), ui(std::make_unique<Ui::FrmEntree>()), m_env(env), m_carnet(env, this),
-      m_commandes(*ui, env) {
-    setFont(sansMiseEnForme(font()));
-    ui->setupUi(this);
-    BtnSemaine = BoutonVue(*ui, QStringLiteral("Semaine"));
-    BtnJour = BoutonVue(*ui, QStringLiteral("Jour"));
-    m_vues = new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this);
-    m_etat = std::make_unique<BarreEtat>(*ui->StatusBar1);
-    m_actions = new ActionsSelection(env, m_carnet, *this);
-    m_menus = new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this);
-    m_surveillance = new Surveillance(env, this);
+    : QMainWindow(parent), ui(controles(*this)), m_env(env), m_carnet(env, this), m_commandes(*ui, env),
+      m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
+      m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
+      m_actions(new ActionsSelection(env, m_carnet, *this)),
+      m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
+      m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
+      BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 

@@ -80,8 +80,8 @@ class FrmEntree : public QMainWindow {
     ActionsSelection *m_actions;
     MenusPraticien *m_menus;
     Surveillance *m_surveillance;
-    QPushButton *BtnSemaine = nullptr;
-    QPushButton *BtnJour = nullptr;
+    QPushButton *BtnSemaine;
+    QPushButton *BtnJour;
     QStringList m_dits; ///< what a start-up that goes on failing has told already
     QTimer Timer1;
 };

@@ -83,6 +83,51 @@ void ecritImageEtQuitte(QWidget &fenetre, const QString &fichier) {
     QCoreApplication::exit(codeErreur);
 }
 
+/// What the options say of the world outside; gives why they are refused, else an empty text.
+QString prepare(Environnement &env, const Options &options) {
+    if (!options.erreur.isEmpty()) {
+        return options.erreur;
+    }
+    if (!env.chemins.addDrives(options.lecteurs)) {
+        return QStringLiteral("« %1 » n'est pas de la forme D=DOSSIER").arg(options.lecteurs);
+    }
+    if (options.maintenant.isValid()) {
+        env.maintenant = horlogeDepuis(options.maintenant);
+    }
+    return {};
+}
+
+/// Takes over what was read beside; gives why the program has to end. A file that was busy is waited for now.
+QString prend(Environnement &env, const Ouverture &ouverture, const QString &chemin) {
+    if (!ouverture.impossible.isEmpty()) {
+        return LitEmplacements(env, chemin);
+    }
+    const auto patience = env.patience;
+    env = ouverture.env;
+    env.patience = patience;
+    return {};
+}
+
+int ouvreFenetre(Environnement &env, const Ouverture &ouverture, const Options &options) {
+    const QString impossible = prend(env, ouverture, options.chemin);
+    if (!impossible.isEmpty()) {
+        env.messages->error(impossible);
+        return codeErreur;
+    }
+    env.programme = QCoreApplication::applicationFilePath();
+    FrmEntree FrmEntree(env);
+    if (ouverture.depart.messages.isEmpty() && ouverture.depart.premier) {
+        FrmEntree.Form_Load(ouverture.depart);
+    } else {
+        FrmEntree.Form_Load();
+    }
+    montre(FrmEntree);
+    if (!options.capture.isEmpty()) {
+        QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });
+    }
+    return QApplication::exec();
+}
+
 } // namespace
 
 int Lance(int argc, char **argv) {
@@ -97,50 +142,20 @@ int Lance(int argc, char **argv) {
     MessageBoxes boites;
     Environnement env;
     env.messages = &boites;
-    QString erreur = options.erreur;
-    if (erreur.isEmpty() && !env.chemins.addDrives(options.lecteurs)) {
-        erreur = QStringLiteral("« %1 » n'est pas de la forme D=DOSSIER").arg(options.lecteurs);
-    }
+    const QString erreur = prepare(env, options);
     if (!erreur.isEmpty()) {
         QTextStream(stderr) << "tavelin : " << erreur << "\n(tavelin --help donne les options)\n";
         return codeLigneRefusee;
     }
-    if (options.maintenant.isValid()) {
-        env.maintenant = horlogeDepuis(options.maintenant);
-    }
-
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
     // While the window system answers, the list of fonts and the book are read.
     std::jthread polices([] { FcInit(); });
     std::future<Ouverture> lecture = std::async(std::launch::async, litSansAttendre, env, options.chemin);
     const QtMessageHandler ordinaire = qInstallMessageHandler(ditSansEcran);
-    QApplication application(argc, argv);
+    const QApplication application(argc, argv);
     qInstallMessageHandler(ordinaire);
     polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
-    Ouverture ouverture = lecture.get();
-    // once more, with patience, where something was busy
-    const QString impossible =
-        ouverture.impossible.isEmpty() ? QString() : LitEmplacements(env, options.chemin);
-    if (!impossible.isEmpty()) {
-        boites.error(impossible);
-        return codeErreur;
-    }
-    if (ouverture.impossible.isEmpty()) {
-        ouverture.env.patience = env.patience;
-        env = ouverture.env;
-    }
-    env.programme = QCoreApplication::applicationFilePath();
-    FrmEntree FrmEntree(env);
-    if (ouverture.depart.messages.isEmpty() && ouverture.depart.premier) {
-        FrmEntree.Form_Load(ouverture.depart);
-    } else {
-        FrmEntree.Form_Load();
-    }
-    montre(FrmEntree);
-    if (!options.capture.isEmpty()) {
-        QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });
-    }
-    return QApplication::exec();
+    return ouvreFenetre(env, lecture.get(), options);
 }
