@@ -28,7 +28,7 @@ class DatabaseTest : public testing::Test {
                                  {QStringLiteral("Nom"), FieldType::Text, 50},
                                  {QStringLiteral("Date1"), FieldType::DateTime}});
     }
-    ~DatabaseTest() override { sqlite3_close(m_other); }
+    void TearDown() override { sqlite3_close(m_other); }
 
     int count() { return Database::open(file).query(SqlText("select * from RDV")).count(); }
     static Fields named(const QString &nom) { return {{QStringLiteral("Nom"), Value(nom)}}; }

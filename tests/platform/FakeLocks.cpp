@@ -8,7 +8,9 @@
 FakeLocks fakeLocks = FakeLocks::None;
 
 /// Stands before the C library's own for SQLite as for the program.
-extern "C" int fcntl64(int file, int command, ...) {
+// By its label: the system's own declaration names its parameters otherwise.
+extern "C" int fakeFcntl(int file, int command, ...) __asm__("fcntl64");
+int fakeFcntl(int file, int command, ...) {
     va_list arguments;
     va_start(arguments, command);
     void *argument = va_arg(arguments, void *);

@@ -28,7 +28,7 @@ Livre::Livre() : m_fichier(m_dossier.filePath(q("Tavelin.mdb"))) {
     creeBase(m_fichier, schema(Base::RendezVous));
 }
 
-Livre::Livre(const QString &fichier) : m_fichier(fichier) {
+Livre::Livre(QString fichier) : m_fichier(std::move(fichier)) {
     execute(SqlText("delete from RDV"));
     execute(SqlText("delete from Config"));
 }

@@ -39,7 +39,7 @@ class Livre {
     /// Its own file, which goes with it.
     Livre();
     /// The book of a practice, which loses its appointments and configurations.
-    explicit Livre(const QString &fichier);
+    explicit Livre(QString fichier);
 
     const QString &fichier() const { return m_fichier; }
     Database ouvre() const { return Database::open(m_fichier); }
