@@ -53,13 +53,13 @@ void ActionsRDV::edite(const RendezVous &rdv, const PlaceRDV &place) {
 void ActionsRDV::supprime(const RendezVous &rdv, const PlaceRDV &place) {
     FrmSupprimer fenetre(m_env, rdv, place, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
-        emit rdvEcrit(fenetre.rdvReste());
+        emit rdvEcrit({}); // what is left of it is another workstation's, and was told
     }
 }
 
 void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
     BilanEcriture bilan;
-    RendezVous apres = rdv;
+    RendezVous apres; // nothing, where another workstation was first
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
         bilan = MarquePresent(base, rdv, present);
@@ -69,11 +69,10 @@ void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
     }
     if (bilan.resultat == Ecriture::Disparu) {
         m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
-        apres = {};
     } else if (bilan.resultat == Ecriture::Change) {
         m_env.messages->show(MessageModifie(rdv, bilan.actuel), titreModifie);
-        apres = bilan.actuel;
     } else {
+        apres = rdv;
         apres.Present = present;
     }
     emit rdvEcrit(apres);

@@ -46,7 +46,6 @@ void FrmSupprimer::BtnOK_Click() {
                              QStringLiteral("Rendez-vous déjà supprimé"));
     } else if (bilan.resultat == Ecriture::Change) {
         m_env.messages->show(MessageModifie(m_rdv, bilan.actuel), titreModifie);
-        m_reste = bilan.actuel;
     }
     accept();
 }

@@ -19,8 +19,6 @@ class FrmSupprimer : public QDialog {
     FrmSupprimer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &place,
                  QWidget *parent = nullptr);
     ~FrmSupprimer() override;
-    /// The appointment that was not deleted because it is another one now; RefRDV 0 without one.
-    const RendezVous &rdvReste() const { return m_reste; }
 
   private:
     void BtnOK_Click();
@@ -28,5 +26,4 @@ class FrmSupprimer : public QDialog {
     std::unique_ptr<Ui::FrmSupprimer> ui;
     const Environnement &m_env;
     const RendezVous m_rdv;
-    RendezVous m_reste;
 };

@@ -228,6 +228,8 @@ class Promenade(Fenetres):
     def apres_clic(self, avant, apres, nom, r, c, fois, bouton):
         grille = apres.grilles[nom]
         n, nb = grille.horaire.n, len(grille.colonnes)
+        if vars(avant.grilles[nom].horaire) != vars(grille.horaire):  # other slots since, by another desk
+            return []
         dedans = (nom, c) in [(g, gauche) for g, haut, bas, gauche, _ in avant.contours if haut <= r <= bas]
         titre = r == 0 and (bouton == 3 or not self.vue.semaine)
         if not n or not 1 <= c <= nb or titre or bouton == 3 and dedans:
