@@ -12,6 +12,9 @@ Value columnValue(sqlite3_stmt *statement, int column, const Value *above = null
 class SqliteRow final : public RowView {
   public:
     explicit SqliteRow(sqlite3_stmt *statement) : m_statement(statement) {}
+    virtual ~SqliteRow() = default;
+    SqliteRow(const SqliteRow &) = delete;
+    SqliteRow &operator=(const SqliteRow &) = delete;
 
     QString text(int field) const override;
     qint64 integer(int field) const override;
