@@ -36,7 +36,7 @@ struct Carnet {
 
     Affichage lit(int semaines = 0) const {
         Demande voulue = demande;
-        voulue.jour = demande.jour.addDays(7 * semaines);
+        voulue.jour = demande.jour.addDays(qint64{7} * semaines);
         Database carnet = env.ouvreCarnet();
         return LitAffichage(carnet, voulue, env.maintenant());
     }

@@ -188,7 +188,7 @@ int main(int argc, char **argv) {
     std::deque<Essai> essais; // the benchmarks refer to them
     for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresProcessus()}) {
         for (const Mesure &mesure : mesures) {
-            enregistre(essais.emplace_back(mesure));
+            enregistre(essais.emplace_back(Essai{mesure}));
         }
     }
     Releve releve(essais);

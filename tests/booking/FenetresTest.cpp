@@ -85,7 +85,7 @@ class FenetresRDV : public testing::Test {
         patients.execute(SqlText("update TabPat set nom = 'ZYSMAN', PreNom = 'Luc', RDVNonHonoré = 'O' "
                                  "where cptid = 8"));
     }
-    ~FenetresRDV() override { QThreadPool::globalInstance()->waitForDone(); } // an index may be on its way
+    void TearDown() override { QThreadPool::globalInstance()->waitForDone(); } // an index may be on its way
     void vide() { base.execute(SqlText("delete from RDV")); }
     void transmet(const char *nom, qint64 numero) {
         cabinet.ouvre(Base::PatientTransmis)

@@ -34,9 +34,9 @@ class ReservationTest : public testing::Test {
 
 TEST_F(ReservationTest, BooksAndMovesOnlyToWhatIsFree) {
     const struct {
-        const char *nom;
+        const char *nom = nullptr;
         NouveauRDV nouveau;
-        bool libre;
+        bool libre = false;
     } cas[] = {{"after it", nouveau("A|09:30|10:00"), true},
                {"another chair", nouveau("A|09:00|09:30", "01", "2"), true},
                {"another practitioner", nouveau("A|09:00|09:30", "02"), true},
@@ -70,7 +70,7 @@ TEST_F(ReservationTest, WritesNothingOverWhatAnotherDeskDid) {
     using enum Ecriture;
     const struct {
         SqlText ailleurs;
-        Ecriture modifie, present, supprime;
+        Ecriture modifie = Fait, present = Fait, supprime = Fait;
     } cas[] = {{SqlText("update RDV set Present = 1"), Fait, Fait, Change},
                {SqlText("update RDV set Fauteuil = 2"), Fait, Fait, Change},
                {SqlText("update RDV set Description = 'x'"), Change, Change, Change},

@@ -151,7 +151,7 @@ int main(int argc, char **argv) {
         }
         const QString graine = arguments.value(2, QString::number(std::random_device()()));
         return dirige(arguments.value(1, QStringLiteral("40")).toInt(), graine.toUInt());
-    } catch (const DbError &erreur) {
+    } catch (const std::exception &erreur) {
         QTextStream(stderr) << erreur.what() << '\n';
         return 1;
     }

@@ -30,7 +30,7 @@ class RechercheTest : public testing::Test, public PatientsDEssai {
         recherche.utilise(env);
         dialogue.show();
     }
-    ~RechercheTest() override { QThreadPool::globalInstance()->waitForDone(); } // the index may be on its way
+    void TearDown() override { QThreadPool::globalInstance()->waitForDone(); } // the index may be on its way
     QString liste() const {
         QStringList noms;
         for (int i = 0; i < grille.model()->rowCount(); ++i) {

@@ -147,7 +147,6 @@ class Temoin : public QObject, public QAbstractNativeEventFilter {
         sockaddr_un adresse{};
         adresse.sun_family = AF_UNIX;
         qstrncpy(adresse.sun_path, qgetenv("TEMOIN").constData(), sizeof adresse.sun_path);
-        m_lien = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
         if (::connect(m_lien, reinterpret_cast<sockaddr *>(&adresse), sizeof adresse) != 0) {
             qFatal("temoin: nobody to talk to");
         }
@@ -214,7 +213,7 @@ class Temoin : public QObject, public QAbstractNativeEventFilter {
         }
     }
 
-    int m_lien = -1;
+    int m_lien = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     quint32 m_venue = 0;
     quint32 m_attendue = 0;
 };

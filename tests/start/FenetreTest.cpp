@@ -17,7 +17,7 @@ class FenetreTest : public testing::Test, public Fenetre {
         const QStringList noms{q("UN"), q("DEUX"), q("TROIS")};
         for (int i = 1; i <= 3; ++i) {
             ecrit(Base::Parametres, SqlText("update Praticien set PreNom = '', nom = ")
-                                        << texte(noms[i - 1]) << ", codeprat = " << nombre(i * i)
+                                        << texte(noms[i - 1]) << ", codeprat = " << nombre(qint64{i} * i)
                                         << " where codeprat = " << nombre(i));
         }
         ecrit(Base::PatientTransmis, SqlText("delete from LePatient"));
