@@ -17,8 +17,7 @@ class Book {
         sqlite3_open(":memory:", &m_connection);
         registerSqliteFunctions(m_connection);
         for (const char *sql :
-             {"Create Table RDV (RefRDV INTEGER, NumPraticien INTEGER, DateInv, Date1, HeureDebut, Nom, "
-              "Prenom)",
+             {"Create Table RDV (RefRDV, NumPraticien, DateInv, Date1, HeureDebut, Nom, Prenom)",
               "Create Table TabPat (Nom TEXT)", "Create Index ParNom on TabPat (TexteIndex(Nom))",
               "Create Index RDVSemaine on RDV (clng(NumPraticien), DateInv, HeureDebut)",
               "Insert into RDV Values (1, 1, '20260311', #03 11 2026#, #09:00#, 'D''Arc', 'Jean')",
