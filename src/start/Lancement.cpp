@@ -16,7 +16,6 @@
 #include <cstdlib>
 #include <fontconfig/fontconfig.h>
 #include <future>
-#include <thread>
 
 namespace {
 
@@ -59,8 +58,10 @@ struct Ouverture {
     Depart depart;
 };
 
-/// What the window opens on, read by a thread that cannot wait for a busy file.
+/// The list of fonts, then what the window opens on, by a thread that cannot wait for a busy file. One thread
+/// for both: with two, the window system has to share its processor.
 Ouverture litSansAttendre(Environnement env, const QString &chemin) {
+    FcInit();
     env.patience = std::chrono::milliseconds(0);
     const QString impossible = LitEmplacements(env, chemin);
     return {env, impossible, impossible.isEmpty() ? Demarre(env) : Depart()};
@@ -148,13 +149,11 @@ int Lance(int argc, char **argv) {
         return codeLigneRefusee;
     }
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
-    // While the window system answers, the list of fonts and the book are read.
-    std::jthread polices([] { FcInit(); });
+    // while the window system answers
     std::future<Ouverture> lecture = std::async(std::launch::async, litSansAttendre, env, options.chemin);
     const QtMessageHandler ordinaire = qInstallMessageHandler(ditSansEcran);
     const QApplication application(argc, argv);
     qInstallMessageHandler(ordinaire);
-    polices.join();
     QApplication::setApplicationName(QStringLiteral("tavelin"));
     parleFrancais();
     return ouvreFenetre(env, lecture.get(), options);

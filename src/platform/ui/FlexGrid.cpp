@@ -36,19 +36,20 @@ class FlexHeader : public QHeaderView {
         }
     }
     void mouseMoveEvent(QMouseEvent *event) override { event->accept(); }
+    /// The base class would measure the captions in bold, with a font that nothing else needs.
+    QSize sectionSizeFromContents(int) const override { return {1, m_grid.leastRowHeight() + 4}; }
 
   private:
     FlexGrid &m_grid;
 };
 
 FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
+    setHorizontalHeader(new FlexHeader(*this));
     setModel(&m_cells);
     setItemDelegate(new FlexGridDelegate(this));
-    setHorizontalHeader(new FlexHeader(*this));
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
-    horizontalHeader()->setFixedHeight(leastRowHeight() + 4);
     setShowGrid(false); // the delegate draws the lines, under the pictures
     setEditTriggers(QAbstractItemView::NoEditTriggers);
     setSelectionMode(QAbstractItemView::ContiguousSelection);
@@ -58,7 +59,6 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
     setTabKeyNavigation(false);
     setAutoScroll(false); // a redraw keeps the rows in sight
     setWordWrap(false);
-    setCornerButtonEnabled(false);
 
     connect(&m_cells, &QAbstractItemModel::modelReset, this, &FlexGrid::afterReset);
 }

@@ -41,6 +41,8 @@ class FlexGrid : public QTableView {
     bool isDragging() const;
     /// A message box takes the release away.
     void endDrag() { m_dragging = false; }
+    /// What a row of text needs, in pixels.
+    int leastRowHeight() const;
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
 
@@ -63,7 +65,6 @@ class FlexGrid : public QTableView {
 
   private:
     void afterReset();
-    int leastRowHeight() const;
     /// Rows share the height, between the least that their text needs and twice that.
     void fitRows();
     void paintFrame();

@@ -3,6 +3,31 @@
 #include "platform/ui/FlexGridModel.h"
 
 #include <QPainter>
+#include <QStyle>
+#include <QTextLayout>
+
+namespace {
+
+/// One line, cut with an ellipsis where the cell ends. Laid out once: most texts fit.
+void paintText(QPainter &painter, const QRect &rect, const FlexCell &cell) {
+    QTextLayout layout(cell.text, painter.font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+    const QSizeF size(line.naturalTextWidth(), line.height());
+    if (size.width() > rect.width() || cell.text.contains(QChar::LineFeed)) {
+        painter.drawText(rect, int(cell.alignment) | Qt::TextSingleLine,
+                         painter.fontMetrics().elidedText(cell.text, Qt::ElideRight, rect.width()));
+        return;
+    }
+    const QRect place = QStyle::alignedRect(Qt::LeftToRight, cell.alignment, size.toSize(), rect);
+    layout.draw(&painter, place.topLeft());
+}
+
+} // namespace
 
 void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, const QPalette &palette,
                    bool selected) {
@@ -22,11 +47,8 @@ void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, c
         painter.drawImage(QRect(rect.left(), rect.top(), pictureWidth, rect.height()), cell.picture);
     }
     if (!cell.text.isEmpty()) {
-        const bool onPalette = !cell.fore.isValid();
-        painter.setPen(onPalette ? palette.color(QPalette::Text) : cell.fore);
-        const QRect textRect = rect.adjusted(pictureWidth, 0, -1, 0);
-        const QString shown = painter.fontMetrics().elidedText(cell.text, Qt::ElideRight, textRect.width());
-        painter.drawText(textRect, int(cell.alignment) | Qt::TextSingleLine, shown);
+        painter.setPen(cell.fore.isValid() ? cell.fore : palette.color(QPalette::Text));
+        paintText(painter, rect.adjusted(pictureWidth, 0, -1, 0), cell);
     }
 }
 
