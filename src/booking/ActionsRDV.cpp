@@ -29,20 +29,7 @@ void ActionsRDV::ajoute(const PlaceRDV &place) {
 }
 
 void ActionsRDV::edite(const RendezVous &rdv, const PlaceRDV &place) {
-    std::optional<RendezVous> actuel;
-    const bool lu = essaie(m_env, [&] {
-        Database base = m_env.ouvreCarnet();
-        actuel = LitRDV(base, rdv.RefRDV);
-    });
-    if (!lu) {
-        return;
-    }
-    if (!actuel) { // deleted from another workstation: there is nothing to edit
-        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe pas !!!!!"), QStringLiteral("Erreur !"));
-        emit rdvEcrit({});
-        return;
-    }
-    FrmEditer fenetre(m_env, *actuel, place, &m_fenetre);
+    FrmEditer fenetre(m_env, rdv, place, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
         emit rdvEcrit(fenetre.rdvEcrit());
     } else if (fenetre.rdvEcrit() != rdv) { // another workstation's, which was told

@@ -17,7 +17,7 @@ class ActionsRDV : public QObject {
 
     /// `place` is free; a range across the working hours is asked about first.
     void ajoute(const PlaceRDV &place);
-    /// `rdv` is the appointment as the window shows it, here and below.
+    /// `rdv` is the appointment as the window shows it, just read, here and below.
     void edite(const RendezVous &rdv, const PlaceRDV &place);
     void supprime(const RendezVous &rdv, const PlaceRDV &place);
     void marquePresent(const RendezVous &rdv, bool present);

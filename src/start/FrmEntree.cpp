@@ -215,6 +215,9 @@ void FrmEntree::dessineLecture() {
 
 void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
     const Coins coins{c.row, c.col, c.rowSel, c.colSel};
+    if (Timer1.remainingTime() < attenteTimer1) { // a redraw would part the two presses of a double click
+        Timer1.start(attenteTimer1);
+    }
     m_carnet.selectionne(grille, coins, gesteDe(geste));
     if (PlusieursColonnes(m_carnet.affichage(), coins)) {
         m_vues->finGlisse();
