@@ -8,23 +8,32 @@
 
 namespace {
 
-/// One line, cut with an ellipsis where the cell ends. Laid out once: most texts fit.
-void paintText(QPainter &painter, const QRect &rect, const FlexCell &cell) {
-    QTextLayout layout(cell.text, painter.font());
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
+/// The one line of `layout`, as long as it comes.
+QTextLine layOut(QTextLayout &layout) {
     layout.beginLayout();
     const QTextLine line = layout.createLine();
     layout.endLayout();
-    const QSizeF size(line.naturalTextWidth(), line.height());
-    if (size.width() > rect.width() || cell.text.contains(QChar::LineFeed)) {
-        painter.drawText(rect, int(cell.alignment) | Qt::TextSingleLine,
-                         painter.fontMetrics().elidedText(cell.text, Qt::ElideRight, rect.width()));
-        return;
+    return line;
+}
+
+/// One line, cut with an ellipsis where the cell ends. Laid out once, twice when it is cut: this is most of
+/// what painting a week takes.
+void paintText(QPainter &painter, const QRect &rect, const FlexCell &cell) {
+    constexpr QChar ellipsis(0x2026);
+    QString text = cell.text;
+    text.replace(QChar::LineFeed, QChar::Space);
+    QTextLayout layout(text, painter.font());
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    QTextLine line = layOut(layout);
+    if (line.naturalTextWidth() > rect.width()) {
+        const int room = rect.width() - painter.fontMetrics().horizontalAdvance(ellipsis);
+        layout.setText(text.left(line.xToCursor(room, QTextLine::CursorOnCharacter)) + ellipsis);
+        line = layOut(layout);
     }
-    const QRect place = QStyle::alignedRect(Qt::LeftToRight, cell.alignment, size.toSize(), rect);
-    layout.draw(&painter, place.topLeft());
+    const QSize size = QSizeF(line.naturalTextWidth(), line.height()).toSize();
+    layout.draw(&painter, QStyle::alignedRect(Qt::LeftToRight, cell.alignment, size, rect).topLeft());
 }
 
 } // namespace
