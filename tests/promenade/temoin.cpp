@@ -51,6 +51,7 @@ QJsonObject grille(const QTableView &vue) {
     QJsonArray lignes;
     QJsonArray colonnes;
     QRect choisies;
+    vue.indexAt({}); // lays out what waits for it, as painting does: rows are where they are seen
     for (int colonne = 0; colonne < modele.columnCount(); ++colonne) {
         colonnes << QJsonArray{vue.columnViewportPosition(colonne), vue.columnWidth(colonne)};
     }
