@@ -285,6 +285,7 @@ QString TexteEtatRDV(const Selection &selection) {
     if (!rdv.Description.isEmpty() && rdv.Description != QStringLiteral(" ")) {
         texte += QStringLiteral("   [ %1 ]").arg(rdv.Description);
     }
+    texte.replace(u'\n', u' '); // another program's row: the status bar has one line
     return selection.nombre > 1
                ? QStringLiteral("%1 sur %2 : ").arg(selection.rang).arg(selection.nombre) + texte
                : texte;

@@ -93,12 +93,13 @@ Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, c
     return Enregistrement::Fait;
 }
 
-bool SupprimeConfig(Database &rdv, const QString &nomConfig) {
-    // Saving keeps names unique, but an older book may hold one twice and Config has no key of its own: the
-    // engine's row identity takes its place, so that one row goes and never two.
+bool SupprimeConfig(Database &rdv, long praticien, const QString &nomConfig) {
+    // Saving keeps names unique, but an older book may hold one twice, another practitioner's too, and Config
+    // has no key of its own: the engine's row identity takes its place, so that one row goes and never two.
     Transaction transaction(rdv);
     const Records rows = rdv.query(SqlText("Select rowid as cle from Config where NomConfig=")
-                                   << texte(nomConfig) << " order by rowid");
+                                   << texte(nomConfig) << " and clng(NumPraticien) = " << nombre(praticien)
+                                   << " order by rowid");
     if (rows.isEmpty()) {
         return false;
     }

@@ -28,6 +28,5 @@ enum class Enregistrement { Fait, NomPris, FauteuilPris };
 /// one. Looking, clearing the other defaults and adding are one transaction.
 Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config);
 
-/// Deletes the first row of that name, whoever owns it; false when another workstation has removed it
-/// already.
-bool SupprimeConfig(Database &rdv, const QString &nomConfig);
+/// Deletes the practitioner's first row of that name; false when another workstation has removed it already.
+bool SupprimeConfig(Database &rdv, long praticien, const QString &nomConfig);

@@ -7,7 +7,7 @@
 #include "practice/Essai.h"
 
 SuppConfig::SuppConfig(const Environnement &env, long praticien, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::SuppConfig>()), m_env(env) {
+    : QDialog(parent), ui(std::make_unique<Ui::SuppConfig>()), m_env(env), m_praticien(praticien) {
     ui->setupUi(this);
     connect(ui->cmdSupprimer, &QPushButton::clicked, this, &SuppConfig::cmdSupprimer_Click);
     // The list gives its first line the focus frame of a chosen one: what looks chosen is chosen.
@@ -16,18 +16,18 @@ SuppConfig::SuppConfig(const Environnement &env, long praticien, QWidget *parent
             item->setSelected(true);
         }
     });
-    remplit(praticien);
+    remplit();
 }
 
 SuppConfig::~SuppConfig() = default;
 
 // ---- Filling
 
-void SuppConfig::remplit(long praticien) {
+void SuppConfig::remplit() {
     QList<LigneConfig> configs;
     const bool lues = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnet();
-        configs = ConfigsDuPraticien(base, praticien);
+        configs = ConfigsDuPraticien(base, m_praticien);
     });
     ui->cmdSupprimer->setEnabled(lues);
     for (const LigneConfig &ligne : configs) {
@@ -43,11 +43,11 @@ void SuppConfig::cmdSupprimer_Click() {
         return;
     }
     const QList<QListWidgetItem *> choisies = ui->ListDesConfig->selectedItems();
-    const bool faite =
-        choisies.isEmpty() || essaie(m_env, [&] {
-            Database base = m_env.ouvreCarnetPourEcrire();
-            SupprimeConfig(base, choisies.first()->text()); // one already gone ends the program all the same
-        });
+    const bool faite = choisies.isEmpty() || essaie(m_env, [&] {
+                           Database base = m_env.ouvreCarnetPourEcrire();
+                           // one already gone ends the program all the same
+                           SupprimeConfig(base, m_praticien, choisies.first()->text());
+                       });
     if (faite) {
         accept();
     }

@@ -16,9 +16,10 @@ class SuppConfig : public QDialog {
     ~SuppConfig() override;
 
   private:
-    void remplit(long praticien);
+    void remplit();
     void cmdSupprimer_Click();
 
     std::unique_ptr<Ui::SuppConfig> ui;
     const Environnement &m_env;
+    long m_praticien;
 };

@@ -20,8 +20,13 @@ bool ActionsSelection::relitRDV(const QString &disparu, const QString &titre) {
     if (!m_carnet.relit()) {
         return false;
     }
-    if (m_carnet.selection().rdv && m_carnet.selection().rdv->RefRDV == voulu.RefRDV) {
+    const std::optional<RendezVous> &montre = m_carnet.selection().rdv;
+    if (montre == voulu) {
         return true;
+    }
+    if (montre && montre->RefRDV == voulu.RefRDV) { // moved, or another patient's by now
+        m_env.messages->show(MessageModifie(voulu, *montre), titreModifie);
+        return false;
     }
     std::optional<RendezVous> ailleurs;
     if (essaie(m_env, [&] {

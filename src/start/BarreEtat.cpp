@@ -6,14 +6,24 @@
 #include <QStatusBar>
 
 BarreEtat::BarreEtat(QStatusBar &StatusBar1) {
-    constexpr int parts[] = {38, 28, 14, 12, 0};
-    for (const int part : parts) {
-        auto *panneau = new QLabel(&StatusBar1);
+    struct Panneau {
+        int part;
+        QString entier; ///< what must never be cut
+    };
+    const QList<Panneau> panneaux{{38, {}},
+                                  {28, {}},
+                                  {14, QStringLiteral("00:00  /  00:00")},
+                                  {12, QStringLiteral("00 sept. 0000")},
+                                  {0, {}}};
+    for (const auto &[part, entier] : panneaux) {
+        auto *panneau = new QLabel(entier, &StatusBar1);
         panneau->setObjectName(QStringLiteral("StatusBar1_%1").arg(m_panneaux.size() + 1));
         panneau->setTextFormat(Qt::PlainText);
         panneau->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
         panneau->setSizePolicy(part > 0 ? QSizePolicy::Ignored : QSizePolicy::Preferred,
                                QSizePolicy::Preferred);
+        panneau->setMinimumWidth(entier.isEmpty() ? 0 : panneau->sizeHint().width());
+        panneau->clear();
         StatusBar1.addWidget(panneau, part);
         m_panneaux << panneau;
     }

@@ -1,5 +1,7 @@
 #include "start/MiseANiveauTables.h"
 
+#include "platform/db/DbError.h"
+
 namespace {
 
 const QString tableRDV = QStringLiteral("RDV");
@@ -69,6 +71,10 @@ QString MetANiveau(Database &base) {
     }
     if (!base.tableDef(tableConfig).isUpdatable()) {
         return erreurConfig;
+    }
+    if (!base.tableDef(tableRDV).isKey(QStringLiteral("RefRDV"))) { // one action would change several rows
+        throw DbError(DbError::Kind::Structure, base.path(),
+                      QStringLiteral("« RefRDV » n'est pas la clé de la table « RDV »"));
     }
     if (EstANiveau(base)) {
         return {};

@@ -51,11 +51,12 @@ TEST_F(ConfigTablesTest, AFailedSaveKeepsTheDefault) {
 }
 
 TEST_F(ConfigTablesTest, DeletesOneRowByName) {
-    livre.config({.nom = "L'autre"});
     livre.config({.nom = "L'autre", .praticien = "02"});
+    livre.config({.nom = "L'autre"});
+    livre.config({.nom = "L'autre", .fauteuil = 3, .defaut = false});
     livre.config({.nom = "L", .fauteuil = 2, .defaut = false});
     Database base = livre.ouvre();
-    EXPECT_TRUE(SupprimeConfig(base, q("L'autre")));
-    EXPECT_FALSE(SupprimeConfig(base, q("Partie")));
-    EXPECT_EQ(livre.configs(), "L'autre 02 1*, L 01 2");
+    EXPECT_TRUE(SupprimeConfig(base, 1, q("L'autre")));
+    EXPECT_FALSE(SupprimeConfig(base, 1, q("Partie")));
+    EXPECT_EQ(livre.configs(), "L'autre 02 1*, L'autre 01 3, L 01 2");
 }

@@ -16,7 +16,9 @@ QString sentence(DbError::Kind kind, const QString &file, const QString &precisi
             return QStringLiteral("Le fichier %1 est ouvert en lecture seule, rien n'a été enregistré. %2")
                 .arg(name, precision);
         }
-        return QStringLiteral("Le fichier %1 est protégé en écriture : rien n'a été enregistré.").arg(name);
+        return QStringLiteral(
+                   "Le fichier %1 ou son dossier est protégé en écriture : rien n'a été enregistré.")
+            .arg(name);
     case DbError::Kind::Locked:
         return QStringLiteral("Le fichier %1 est occupé par un autre programme. Rien n'a été enregistré ; "
                               "réessayez dans un instant.")

@@ -35,6 +35,7 @@ class Engine {
 
     virtual bool hasTable(const QString &table) = 0;
     virtual bool isUpdatable(const QString &table) = 0;
+    virtual bool isKey(const QString &table, const QString &field) = 0;
     virtual QStringList fieldNames(const QString &table) = 0;
     virtual void attach(const QString &file, const QString &name) = 0;
     virtual void createTable(const QString &table, const std::vector<FieldDef> &fields) = 0;

@@ -255,6 +255,19 @@ bool SqliteEngine::isUpdatable(const QString &table) {
     return sqlite3_db_readonly(m_connection, "main") == 0 && hasObject(QStringLiteral("table"), table);
 }
 
+bool SqliteEngine::isKey(const QString &table, const QString &field) {
+    const Statement statement(
+        prepared(QStringLiteral("SELECT 1 FROM pragma_table_info(?) WHERE pk = 1 AND lower(type) = 'integer' "
+                                "AND lower(name) = lower(?)")));
+    check(bindValue(statement, 1, Value(table)));
+    check(bindValue(statement, 2, Value(field)));
+    const int code = sqlite3_step(statement);
+    if (code != SQLITE_ROW && code != SQLITE_DONE) {
+        fail(code);
+    }
+    return code == SQLITE_ROW;
+}
+
 QStringList SqliteEngine::fieldNames(const QString &table) {
     const Statement statement(prepared(QStringLiteral("SELECT name FROM pragma_table_info(?)")));
     check(bindValue(statement, 1, Value(table)));

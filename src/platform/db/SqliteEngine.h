@@ -30,6 +30,7 @@ class SqliteEngine : public Engine {
     bool isIntact(const std::stop_token &stop) override;
     bool hasTable(const QString &table) override;
     bool isUpdatable(const QString &table) override;
+    bool isKey(const QString &table, const QString &field) override;
     QStringList fieldNames(const QString &table) override;
     void attach(const QString &file, const QString &name) override;
     void createTable(const QString &table, const std::vector<FieldDef> &fields) override;

@@ -51,6 +51,8 @@ QString precisionOf(int resultCode) {
     switch (resultCode & 0xFF) {
     case SQLITE_CANTOPEN:
         return QStringLiteral("le fichier ou son dossier ne peut pas être ouvert");
+    case SQLITE_READONLY: // its sentence says it
+        return {};
     case SQLITE_IOERR:
         return QStringLiteral("une lecture ou une écriture sur le disque a échoué");
     default:

@@ -6,6 +6,10 @@ bool TableDef::isUpdatable() const {
     return m_engine->isUpdatable(m_name);
 }
 
+bool TableDef::isKey(const QString &field) const {
+    return m_engine->isKey(m_name, field);
+}
+
 bool TableDef::hasField(const QString &field) const {
     return m_engine->fieldNames(m_name).contains(field, Qt::CaseInsensitive);
 }

@@ -38,6 +38,8 @@ class TableDef {
 
     /// False for a table of a file that cannot be written, and for a view or a linked table.
     bool isUpdatable() const;
+    /// Whether `field` is the key that the database itself gives to each row, never to two.
+    bool isKey(const QString &field) const;
     bool hasField(const QString &field) const;
     /// Throws DbError when the field exists already, or nothing can be written.
     void appendField(const FieldDef &field);
