@@ -21,14 +21,15 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 DECALE = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
 OUVRE = {"mnuAjouter": "FrmAjouter", "mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer"}
-AUTRES = ("mnuPresent", "mnusemaine", "mnuJour", "mnuRafraichir", "mnuZoom", "mnutranche", "mnuexclure")
-BOUTONS = (*DECALE, "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnMois", "BtnAujourdhui", "BtnAujourdhui2")
+AUTRES = ("mnuPresent", "mnusemaine", "mnuJour", "mnuRafraichir", "mnuZoom")
+BOUTONS = (*DECALE, "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnAujourdhui", "BtnAujourdhui2")
 FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 
 
 class Promenade(Fenetres):
-    GESTES = {"clic": 30, "double_clic": 9, "glisse": 7, "clic_droit": 5, "fleche": 8, "entree": 4,
-              "suppr": 2, "touche": 6, "bouton": 9, "menu": 14, "molette": 3, "zoom_molette": 2, "tic": 5}
+    GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 7, ("fleche",): 8, ("menu",): 14,
+              ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
+              ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
 
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
@@ -62,7 +63,7 @@ class Promenade(Fenetres):
     # ---- One step
 
     def commence(self, *fait):
-        self.fait, self.suite, self.vues, self.fermee, self.boite = [*fait], None, [self.vue], None, None
+        self.fait, self.suite, self.vues, self.boite = [*fait], None, [self.vue], None
         self.frais, self.peut, self.a_ecrit, self.duree = False, False, False, 0
         self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
@@ -92,12 +93,12 @@ class Promenade(Fenetres):
         elif etat.dessus != "FrmEntree":
             self.dans_fenetre()
         else:
-            geste = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
-            getattr(self, geste)()
+            geste, *combien = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
+            getattr(self, geste)(*combien)
         if verrou:
             self.sous_verrou(verrou)
         if not self.tiers.lisible:
-            self.vues, self.fermee = [self.fixe], None
+            self.vues = [self.fixe]
         elif self.duree > LONG:
             self.vues.append(self.fixe)
         self.anciennes = self.photos
@@ -152,16 +153,13 @@ class Promenade(Fenetres):
             time.sleep(0.02)
 
     def ecarts(self):
-        etat, vues = self.etat, self.vues
-        if self.fermee and self.dessus not in etat.par_nom:
-            vues, self.frais = [self.fermee] + vues * (self.duree > LONG), True
-        fermee = etat.dessus == "FrmEntree"
+        etat, fermee = self.etat, self.etat.dessus == "FrmEntree"
         photos = self.photos if fermee else list(dict.fromkeys(self.anciennes + self.photos))
         panneau = etat.objet("StatusBar1_5", "FrmEntree")
         bulle, en_gras = panneau["toolTip"], "bold" in panneau["styleSheet"]
         lu = datetime.datetime.strptime(re.search(r"\d\d/.* à [\d:]+", bulle)[0], "%d/%m/%Y à %H:%M:%S")
         essais = []
-        for vue in vues:
+        for vue in self.vues:
             for photo in photos:
                 montre = Montre(vue, photo)
                 ctx = Contexte(etat, montre)
@@ -218,12 +216,6 @@ class Promenade(Fenetres):
         self.prog.clic(point, bouton, fois)
         self.peut = True
         self.suite = lambda avant, apres: self.apres_clic(avant, apres, nom, r, c, fois, bouton)
-
-    def double_clic(self):
-        self.clic(fois=2)
-
-    def clic_droit(self):
-        self.clic(bouton=3)
 
     def apres_clic(self, avant, apres, nom, r, c, fois, bouton):
         grille = apres.grilles[nom]
@@ -335,17 +327,14 @@ class Promenade(Fenetres):
         """The grid that has the keys, if one has."""
         return next((n for n in GRILLES if (self.etat.grille(n) or {}).get("focus")), None)
 
-    def entree(self):
-        self.dit("Entrée")
-        libre, foyer, self.peut = not self.ctx.rdv, self.foyer(), True
-        self.prog.frappe("Return")
-        if self.ctx.plage and foyer == self.ctx.nom and not self.a_ecrit:
-            self.suite = lambda _, apres: self.ouvre("mnuAjouter" if libre else "mnuEditer", apres)
-
-    def suppr(self):
-        self.dit("Suppr")
-        self.prog.frappe("Delete")
-        self.peut, self.suite = True, lambda _, apres: self.ouvre("mnuSupprimer", apres)
+    def ouvrante(self, touche):
+        self.dit(touche)
+        action = "mnuSupprimer" if touche == "Delete" else "mnuEditer" if self.ctx.rdv else "mnuAjouter"
+        sur = self.ctx.plage and self.foyer() == self.ctx.nom and not self.a_ecrit
+        self.prog.frappe(touche)
+        self.peut = True
+        if sur or touche == "Delete":
+            self.suite = lambda _, apres: self.ouvre(action, apres)
 
     def touche(self):
         touche = self.h.choice(("Prior", "Next", "Home", "F5", "Escape"))
@@ -360,8 +349,7 @@ class Promenade(Fenetres):
         bouton = self.h.choice([o for o in self.etat.objets() if o["objectName"] in BOUTONS])
         self.dit(bouton["objectName"])
         self.prog.clic(centre(bouton))
-        if bouton["objectName"] != "BtnMois":
-            self.montre(self.apres(bouton["objectName"]))
+        self.montre(self.apres(bouton["objectName"]))
 
     def tic(self):
         self.dit("Timer1")
@@ -437,7 +425,7 @@ class Promenade(Fenetres):
         elif nom == "mnuPresent":
             self.promet("present", Present=not action["checked"])
             self.visees, self.peut = [r for r in [self.ctx.rdv] if r], True
-        elif nom not in ("mnutranche", "mnuexclure"):
+        else:
             vue = self.apres(nom)
         self.prog.clic(centre(action))
         if vue:
