@@ -36,20 +36,19 @@ QString texte(const QWidget &f, QByteArrayView nom) {
     return champ(f, nom).text();
 }
 /// Gestures: "Text1=ROUX" pastes over and leaves the field, "+zola" walks to the first patient of that name,
-/// "!zola" picks him, ">BtnInit" presses, "^UpDown1" and "_UpDown1" are its two arrows.
+/// "!" picks, ">BtnInit" presses, "^UpDown1" and "_UpDown1" are its two arrows.
 void joue(const QWidget &f, const char *gestes) {
     for (const QString &geste : q(gestes).split(u';')) {
         const QByteArray quoi = geste.mid(1).toUtf8();
         if (geste[0] == u'>') {
-            enfant<QPushButton>(f, quoi).click();
+            enfant<QAbstractButton>(f, quoi).click();
         } else if (geste[0] == u'^' || geste[0] == u'_') {
             enfant<QToolButton>(enfant<UpDown>(f, quoi), geste[0] == u'^' ? "Augmenter" : "Diminuer").click();
-        } else if (geste[0] == u'+' || geste[0] == u'!') {
+        } else if (geste[0] == u'+') {
             champ(f, "TxtPatient").setText(q(quoi));
             QTest::keyClick(&champ(f, "TxtPatient"), Qt::Key_Down);
-            if (geste[0] == u'!') {
-                QTest::keyClick(&champ(f, "TxtPatient"), Qt::Key_Return);
-            }
+        } else if (geste[0] == u'!') {
+            QTest::keyClick(&champ(f, "TxtPatient"), Qt::Key_Return);
         } else {
             QLineEdit &ou = champ(f, geste.section(u'=', 0, 0).toUtf8());
             ou.selectAll();
@@ -129,9 +128,9 @@ TEST_F(FenetresRDV, AddingWritesWhatTheFieldsSay) {
     const char *const cas[][2] = {
         {">BtnAjouter", "SUITE|Ana||Bilan (TO 15)|99"},
         {"Text1=ROUX;Text3=02;>BtnAjouter", "ROUX|Ana|02||0"},
-        {"+zola;Text2=Eve;>BtnAjouter", "ZOLA|Eve|||0"},
-        {"!zola", "ZOLA|Eva|||7"},
-        {"Text3=0123456789 0123456789 0;!zola", "ZOLA|Eva|0123456789 012345678||7"}};
+        {"+zola;Text2=Eve;!;>BtnAjouter", "ZOLA|Eve|||0"},
+        {"+zola;!", "ZOLA|Eva|||7"},
+        {"Text3=0123456789 0123456789 0;+zola;!", "ZOLA|Eva|0123456789 012345678||7"}};
     transmet("SUITE", 99);
     for (const auto &[gestes, champs] : cas) {
         FrmAjouter f(env, place);
@@ -154,7 +153,7 @@ TEST_F(FenetresRDV, EditingRewritesWhatWasTouched) {
     } const cas[] = {{"Text3=02 97", long60 + suite + matin},
                      {"Text4=x\ty", long60 + q("|Léa|02 97|x y|12") + matin},
                      {"Text1=DUR", q("DUR|Léa|02 97|a\nb|0") + matin},
-                     {"!zysman", q("ZYSMAN|Luc|02 97|a\nb|8") + matin},
+                     {"+zysman;!", q("ZYSMAN|Luc|02 97|a\nb|8") + matin},
                      {">BtnInit;Text1=A;txtNumPatient=42", q("A||||42") + matin},
                      {"DTPicker1=2/12/26;TextHeureDebut=9h15;TextHeureFin=945",
                       long60 + suite + q("|2026-12-02|09:15:00|09:45:00|20261202")},
@@ -216,20 +215,21 @@ TEST_F(FenetresRDV, WhatAnotherDeskDidIsToldAndNeverWrittenOver) {
     actions.edite(rdv, place);
     actions.marquePresent(rdv, true);
     EXPECT_EQ(titres().size(), 3);
-    EXPECT_EQ(dernier(), RendezVous());
+    EXPECT_EQ(signale.count(), 5) << "each is to be read again";
 }
 
 TEST_F(FenetresRDV, ActionsOpenTheirWindowsAndSayWhatWasWritten) {
     place.ChoixHoraire = 2;
-    dans<FrmQuelHoraire>(">BtnOK");
+    dans<FrmQuelHoraire>(">Option2;>BtnOK");
     dans<FrmAjouter>("Text1=B;>BtnAjouter");
     actions.ajoute(place);
     const RendezVous rdv = dernier();
     EXPECT_EQ(rdv.HeureDebut, QTime(10, 0));
-    dans<FrmEditer>("!zola;>BtnAnnuler");
+    dans<FrmEditer>("+zola;!;>BtnAnnuler");
     actions.edite(rdv, place);
     EXPECT_EQ(signale.count(), 0) << "Annuler leaves nothing behind";
-    EXPECT_EQ(livre(), q("B||||0|2026-03-11|10:00:00|10:30:00|20260311|01|1|1|0"));
+    EXPECT_EQ(livre(), q("B||||0|2026-03-11|10:00:00|10:30:00|20260311|01|1|0|0"))
+        << "outside the working hours";
     base.execute(SqlText("update RDV set Nom = 'C'"));
     dans<FrmEditer>(">BtnAnnuler");
     actions.edite(rdv, place);
@@ -296,9 +296,11 @@ TEST_F(FenetresRDV, ComingBackRefillsOnlyForAnotherPatient) {
     EXPECT_EQ(texte(f, "Text1") + texte(f, "Text3") + texte(f, "Text4") + texte(f, "txtNumPatient"),
               u"NEUF8");
     EXPECT_EQ(champ(f, "Text4").palette().color(QPalette::Text), QColor(Qt::red)) << "he is flagged";
+    joue(f, ">BtnInit");
+    EXPECT_EQ(texte(f, "txtNumPatient"), QString());
     joue(f, "Text1=B");
     reactive();
-    EXPECT_EQ(texte(f, "Text1") + texte(f, "txtNumPatient"), u"B");
+    EXPECT_EQ(texte(f, "Text1"), u"B");
     EXPECT_NE(champ(f, "Text1").palette().color(QPalette::Text), QColor(Qt::red));
     enfant<QCheckBox>(f, "Check1").click();
     EXPECT_FALSE(champ(f, "Text1").isEnabled());
