@@ -39,7 +39,7 @@ TEST(Fourchette, IsCutToTheGrid) {
         for (int ligne = 0; ligne <= 6; ++ligne) {
             dessin += ".DTML"[int(fourchette.forme(ligne))];
         }
-        EXPECT_EQ(dessin, cas[3].toStdString()) << cas[0].toStdString();
+        EXPECT_EQ(dessin, cas[3].toStdString()) << cas[0];
     }
     EXPECT_EQ(TexteRDV(q("%1"), q("%2"), q(" bilan ")), q("  %1 %2  [bilan]"));
     EXPECT_EQ(TexteRDV(q(" D'ARC "), q("Jeanne"), q("  ")), q("  D'ARC Jeanne"));

@@ -22,17 +22,11 @@ function broken(wall) {
     faults++
 }
 
-function is_qtcore(header,    path, ignored, found) {
-    path = qtcore "/" header
-    found = (getline ignored < path) >= 0
-    close(path)
-    return found
-}
-
 function check_include(header,    its, to) {
     if (header !~ /\//) {
         if (header == "sqlite3.h" && own !~ /^platform\/db\/Sqlite/) { broken("SQLite stays inside its engine") }
-        if (header ~ /^ui_/ ? mine != "windows" : mine ~ /rules|tables/ && header !~ /^[a-z0-9_]+$/ && !is_qtcore(header)) {
+        # the compiler finds no widget for their sources; a header of theirs may be read by windows alone
+        if (mine ~ /rules|tables/ && header !~ /^([a-z0-9_]+|Q(ByteArray|CommandLineParser|Date|DateTime|Dir|File|FileInfo|Hash|List|Locale|Map|RegularExpression|Set|StandardPaths|String.*|Time|Variant))$/) {
             broken("rules and tables know Qt Core and the standard library only")
         }
         return
