@@ -5,8 +5,16 @@
 
 namespace {
 
-OptionsCabinet avec(int rdv, bool ancien = false) {
-    return {1, 120, 1, rdv, QDate(2026, 3, 11), ancien};
+OptionsCabinet avec(int rdv, bool ancien = false, quint32 graine = 1) {
+    return {graine, 120, 1, rdv, QDate(2026, 3, 11), ancien};
+}
+
+TEST(Cabinet, TheSeedDecidesEveryRow) {
+    const auto bases = [](quint32 graine) {
+        return CabinetDEssai(avec(300, false, graine)).empreintes().filter(QStringLiteral("Fichiers/"));
+    };
+    EXPECT_EQ(bases(1), bases(1));
+    EXPECT_NE(bases(1), bases(2));
 }
 
 TEST(Cabinet, AppointmentsAreAsManyAsAskedAndNeverOverlap) {
