@@ -44,7 +44,7 @@ def norme(ligne):
 
 
 class Fenetres:
-    """One half of the walk; the other holds the state."""
+    """A part of the walk, which holds the state."""
 
     # ---- Working them
 
