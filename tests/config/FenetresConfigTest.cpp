@@ -151,7 +151,8 @@ TEST_F(FenetresConfigTest, DeletingAsksFirstAndListsOnesOwn) {
         joue(fenetre, q(">cmdSupprimer"));
         return std::pair(fenetre.result() == QDialog::Accepted, messages.taken());
     };
-    EXPECT_EQ(supprime(1).second, q("Attention: Etes-vous certain de vouloir supprimer cette configuration ?"));
+    EXPECT_EQ(supprime(1).second,
+              q("Attention: Etes-vous certain de vouloir supprimer cette configuration ?"));
     messages.answer = true;
     EXPECT_TRUE(supprime(1).first);
     EXPECT_EQ(livre.configs(), "L'une 01 1*, Autre 02 1*");

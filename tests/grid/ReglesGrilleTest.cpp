@@ -9,7 +9,6 @@ TEST(Disposition, LaysOutToTheTwip) {
     const auto d = DisposeFenetre(15000, 10000);
     ASSERT_TRUE(d);
     EXPECT_EQ(d->GrilleRDV, (Rectangle{0, 0, 15000, 8800}));
-    EXPECT_EQ(d->BtnSuivant, (Rectangle{4400, 9120, 2025, 375}));
     EXPECT_EQ(d->BtnMois, (Rectangle{9350, 9120, 2550, 375}));
     EXPECT_EQ(d->Frame3, (Rectangle{12050, 8880, 2325, 735}));
     EXPECT_EQ(d->GrilleRDV03, (Rectangle{7560, 0, 7440, 8800}));

@@ -19,10 +19,6 @@ ACTIONS = ("mnuAjouter", "mnuEditer", "mnuSupprimer", "mnuPresent")
 VIDE = ["", None, None]
 
 
-def etat_date(jour):
-    return f"{jour.day:02} {MOIS_COURTS[jour.month - 1]} {jour.year}"
-
-
 def lit_jour(texte):
     """As the fields write it or understand it, or None."""
     if lu := re.fullmatch(r"(?:[a-z]+ )?(\d\d) (\S+) (\d{4})", texte.strip()):

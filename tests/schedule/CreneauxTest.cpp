@@ -32,6 +32,8 @@ TEST(Creneaux, RowsLabelsAndLunch) {
                       .arg(NbLignes03(config)),
                   cas[2]);
     }
+    EXPECT_EQ(CreneauxSemaine(ordinaire).premiereLigne(QTime(7, 59)), 0) << "above the first";
+    EXPECT_EQ(MaxInt(-0.5), -1);
 }
 
 TEST(Creneaux, WeeksBeginOnMondayAndSkipHiddenDays) {

@@ -67,7 +67,6 @@ TEST(TrancheHoraire, ArrowsStopAtTheirBounds) {
 TEST(TrancheHoraire, TipsShowTheNextSlotBoundaryThatBoundsMustMeet) {
     for (const QStringList &c : tableau(R"(
         15         | 08:00 12:00 14:00 18:00 | 12:00 14:00 18:00 |
-        60         | 08:00 08:00 08:00 10:00 | 08:00 08:00 10:00 |
         25         | 08:00 12:00 14:00 18:00 | 12:10 14:15 18:00 | fin du matin
         20         | 08:00 12:00 13:50 18:00 | 12:00 14:00 18:00 | début de l'après-midi
         45         | 08:00 23:45 23:50 23:55 | 23:45 00:30 00:30 | début de l'après-midi

@@ -248,5 +248,7 @@ TEST_F(FenetreTest, SettingsAreKeptForTheWeek) {
     pendant("mnutranche", [coche](QWidget &f) { EXPECT_TRUE(coche(f, "Option6")); });
     joue("clic 1,1 1");
     pendant("mnutranche", [coche](QWidget &f) { EXPECT_TRUE(coche(f, "Option12")); });
-    joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]");
+    joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]\nmnuZoom");
+    pendant("mnutranche", [](QWidget &f) { ::joue(f, q(">Option1;>BtnOK")); });
+    joue("mnuZoom | | 122x7 lundi 09 mars: [1,3-12,3]"); // five minutes by choice: nothing to come back to
 }
