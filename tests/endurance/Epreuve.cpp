@@ -237,7 +237,8 @@ void tour(Bilan &bilan, std::mt19937 &hasard) {
     }
     Journal journal;
     for (const auto &p : processus) {
-        if (p->waitForFinished(0)) {
+        p->waitForFinished(0); // it goes on without end, or has failed
+        if (p->state() == QProcess::NotRunning) {
             bilan.fautes << QStringLiteral("un poste en échec");
         }
         QThread::usleep(hasard() % 20'000); // not a wait: the random moment of the kill
