@@ -192,8 +192,8 @@ def promene(binaires, graine, pas):
         return 1
     finally:
         if p.prog:
-            p.prog.lien.close()
-            p.prog.processus.wait(10)
+            p.prog.processus.kill()  # one that does not answer does not end by itself
+            p.prog.processus.wait()
         shutil.rmtree(dossier, ignore_errors=True)
 
 
