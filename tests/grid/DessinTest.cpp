@@ -11,46 +11,39 @@
 namespace {
 
 /// A picture for every shape and weekday but one, told by its size: 11, 12 … wide, 21, 22 … high.
-class Images {
-  public:
+struct Images {
     Images() {
-        QDir(m_dossier.path()).mkdir(q("Images"));
-        const QStringList couleurs{q("Bleu"), q("Violet"), q("Orange"), q("Jaune"),
-                                   q("Vert"), q("Brown"),  q("BleuF")};
-        for (int forme = 1; forme <= 4; ++forme) {
-            for (int jour = 1; jour <= 7; ++jour) {
-                const QString nom =
-                    QStringList{q("Dbl"), q("Top"), q("Mid"), q("Low")}[forme - 1] + couleurs[jour - 1];
-                EXPECT_TRUE(QImage(10 + forme, 20 + jour, QImage::Format_RGB32)
-                                .save(m_dossier.filePath(q("Images/") + nom + q(".bmp"))));
+        QDir(dossier.path()).mkdir(q("Images"));
+        int largeur = 10;
+        for (const char *forme : {"Dbl", "Top", "Mid", "Low"}) {
+            ++largeur;
+            int hauteur = 20;
+            for (const char *couleur : {"Bleu", "Violet", "Orange", "Jaune", "Vert", "Brown", "BleuF"}) {
+                QImage(largeur, ++hauteur, QImage::Format_RGB32)
+                    .save(dossier.filePath(q("Images/%1%2.bmp").arg(q(forme), q(couleur))));
             }
         }
-        QFile::remove(m_dossier.filePath(q("Images/LowVert.bmp")));
-        QFile::resize(m_dossier.filePath(q("Images/MidVert.bmp")), 40);
-        env.CheminRacine = m_dossier.path();
+        QFile::remove(dossier.filePath(q("Images/LowVert.bmp")));
+        QFile::resize(dossier.filePath(q("Images/MidVert.bmp")), 40);
+        env.CheminRacine = dossier.path();
     }
+    QTemporaryDir dossier;
     Environnement env;
-
-  private:
-    QTemporaryDir m_dossier;
 };
 
 /// What a cell shows: shape and weekday of its picture, background and text colour by a letter, text.
 QString vu(const FlexCell &cellule) {
+    const QString bouton = QGuiApplication::palette().color(QPalette::Button).name();
     const auto lettre = [](const QColor &couleur) {
-        const QMap<QString, QString> connues{
-            {q("#a0a0a0"), q("#")},
-            {q("#ff0000"), q("!")},
-            {q("#ffffff"), q("w")},
-            {q("#f0f0f0"), q("l")},
-            {QGuiApplication::palette().color(QPalette::Button).name(), q("b")}};
+        static const QMap<QString, QString> connues{
+            {q("#a0a0a0"), q("#")}, {q("#ff0000"), q("!")}, {q("#ffffff"), q("w")}, {q("#f0f0f0"), q("l")}};
         return couleur.isValid() ? connues.value(couleur.name(), couleur.name()) : QString();
     };
     const QSize image = cellule.picture.size();
     const QString forme =
         image.isEmpty() ? QString() : q(".DTML")[image.width() - 10] + QString::number(image.height() - 20);
-    const bool bouton = lettre(cellule.back) == q("b");
-    return forme + lettre(cellule.back) + (bouton ? QString() : lettre(cellule.fore)) + cellule.text;
+    const bool etiquette = cellule.back.isValid() && cellule.back.name() == bouton;
+    return forme + (etiquette ? q("b") : lettre(cellule.back) + lettre(cellule.fore)) + cellule.text;
 }
 
 std::string dessin(const FlexGrid &grille) {

@@ -1,8 +1,8 @@
 #!/bin/sh
-# walls.sh TREE QTCORE_HEADERS: prints each line of TREE's src/ and app/ that breaks a wall; fails if there is one.
+# walls.sh TREE: prints each line of TREE's src/ and app/ that breaks a wall; fails if there is one.
 set -eu
 walls=$(cd "$(dirname "$0")" && pwd)/walls.awk
 cd "$1"
 # the CMake lists first: they tell what kind each source is
-awk -v qtcore="$2" -f "$walls" $(find src -name CMakeLists.txt | LC_ALL=C sort) \
+awk -f "$walls" $(find src -name CMakeLists.txt | LC_ALL=C sort) \
     $(find src app -name '*.h' -o -name '*.cpp' | LC_ALL=C sort)

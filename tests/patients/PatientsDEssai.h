@@ -7,7 +7,6 @@
 #include "support/RecordingMessages.h"
 
 #include <QFile>
-#include <QWidget>
 
 /// The suite's empty patient databases, and the world of a program that uses them on 11 March 2026.
 struct PatientsDEssai {
@@ -30,12 +29,12 @@ struct PatientsDEssai {
         Database base = ouvre(Base::Patients);
         Transaction transaction(base);
         for (const QString &patient : patients) {
-            Fields champs;
-            for (const char *champ : {"nom", "PreNom", "DateNais"}) {
-                const QString texte = patient.section(u'|', int(champs.size()), int(champs.size()));
-                champs.emplace_back(q(champ), texte.isEmpty() ? Value() : Value(texte));
-            }
-            base.insert(q("TabPat"), champs);
+            const auto champ = [&](int i) {
+                const QString texte = patient.section(u'|', i, i);
+                return texte.isEmpty() ? Value() : Value(texte);
+            };
+            base.insert(q("TabPat"),
+                        {{q("nom"), champ(0)}, {q("PreNom"), champ(1)}, {q("DateNais"), champ(2)}});
         }
         transaction.commit();
     }
@@ -44,29 +43,17 @@ struct PatientsDEssai {
         const bool patients = base == Base::Patients;
         const Records rows = ouvre(base).query(patients ? SqlText("select * from TabPat")
                                                         : SqlText("select * from LesPatients"));
-        QStringList champs;
+        QString champs;
         for (const Record row : rows) {
             for (int i = 0; i < rows.fields().size(); ++i) {
-                champs += row.at(i).isNull() ? QStringList()
-                                             : QStringList(rows.fields()[i] + u'=' + row.at(i).toText());
+                champs +=
+                    row.at(i).isNull() ? QString() : rows.fields()[i] + u'=' + row.at(i).toText() + u';';
             }
         }
-        return champs.join(u';');
-    }
-    QString messagesLus() {
-        QStringList textes;
-        for (const auto &message : std::exchange(messages.shown, {})) {
-            textes << message.title + u'|' + message.text;
-        }
-        return textes.join(u'\n');
+        return champs;
     }
 
     QTemporaryDir dossier;
     RecordingMessages messages;
     Environnement env;
 };
-
-template <typename T>
-T &controle(const QWidget &fenetre, const char *nom) {
-    return *fenetre.findChild<T *>(QString::fromLatin1(nom));
-}

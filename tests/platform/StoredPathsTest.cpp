@@ -1,5 +1,6 @@
 #include "platform/files/StoredPaths.h"
 
+#include "support/Texte.h"
 #include <QDir>
 #include <QFile>
 #include <QTemporaryDir>
@@ -7,16 +8,16 @@
 
 TEST(StoredPaths, FindsWhatIsThereWhateverItsCase) {
     const QTemporaryDir dir;
-    const QString folder = dir.filePath(QStringLiteral("Données du cabinet"));
+    const QString folder = dir.filePath(q("Données du cabinet"));
     ASSERT_TRUE(QDir().mkpath(folder));
-    ASSERT_TRUE(QFile(folder + QStringLiteral("/Param.MDB")).open(QIODevice::WriteOnly));
+    ASSERT_TRUE(QFile(folder + q("/Param.MDB")).open(QIODevice::WriteOnly));
     StoredPaths paths;
-    ASSERT_TRUE(paths.addDrives(QStringLiteral("d=") + dir.path() + QStringLiteral(";E=/ailleurs")));
+    ASSERT_TRUE(paths.addDrives(q("d=") + dir.path() + q(";E=/ailleurs")));
     const std::pair<QString, QString> cases[] = {
-        {dir.path() + QStringLiteral("\\données du CABINET\\\\param"), folder + QStringLiteral("/Param.MDB")},
-        {QStringLiteral("D:\\Données du cabinet\\Param.mdb"), folder + QStringLiteral("/Param.MDB")},
-        {QStringLiteral("d:/Données DU cabinet\\Neuf\\Word.doc"), folder + QStringLiteral("/Neuf/Word.doc")},
-        {QStringLiteral("e:\\Base.x"), QStringLiteral("/ailleurs/Base.x")}};
+        {dir.path() + q("\\données du CABINET\\\\param"), folder + q("/Param.MDB")},
+        {q("D:\\Données du cabinet\\Param.mdb"), folder + q("/Param.MDB")},
+        {q("d:/Données DU cabinet\\Neuf\\Word.doc"), folder + q("/Neuf/Word.doc")},
+        {q("e:\\Base.x"), q("/ailleurs/Base.x")}};
     for (const auto &[stored, real] : cases) {
         EXPECT_EQ(paths.realDatabase(stored), real) << stored.toStdString();
     }
@@ -24,9 +25,8 @@ TEST(StoredPaths, FindsWhatIsThereWhateverItsCase) {
 
 TEST(StoredPaths, RefusesBadDriveEntriesWhole) {
     StoredPaths paths;
-    for (const QString &entries : {QStringLiteral("D"), QStringLiteral("D="), QStringLiteral("=/x"),
-                                   QStringLiteral("1=/x"), QStringLiteral("D=/x;oups")}) {
+    for (const QString &entries : {q("D"), q("D="), q("=/x"), q("1=/x"), q("D=/x;oups")}) {
         EXPECT_FALSE(paths.addDrives(entries)) << entries.toStdString();
     }
-    EXPECT_EQ(paths.real(QStringLiteral("D:\\x")), QStringLiteral("D:/x")) << "nothing was kept";
+    EXPECT_EQ(paths.real(q("D:\\x")), q("D:/x")) << "nothing was kept";
 }

@@ -1,7 +1,6 @@
 """The windows that the main window opens: worked at random, their texts judged, and what they write."""
 import datetime
 import re
-from dataclasses import replace
 
 import cabinet
 from ecran import Faute, centre
@@ -9,12 +8,10 @@ from oracle import Livre, entier, hhmm, lit_base, lit_heure, lit_jour, minutes, 
 
 HEURES = ("9h30", "930", "0930", "9:30", "10:05", "17:45", "18:15", "8h", "25:00", "abc", "")
 TEXTES = [n.lower().replace("ç", "c") for n in cabinet.NOMS] + ["", " ", "du", "17", "é'"]
-POIDS = {"BtnAjouter": 14, "BtnMettreAJour": 14, "BtnAnnuler": 4, "BtnOK": 6, "BtnInit": 2, "BtnNow": 2,
-         "Text1": 6, "Text2": 3, "Text3": 1, "Text4": 3, "TxtPatient": 9, "DTPicker1": 3, "Augmenter": 1,
-         "TextHeureDebut": 2, "TextHeureFin": 2, "Diminuer": 1, "Grille1": 9, "qt_calendar_calendarview": 5,
-         "Tab": 2, "Return": 4, "Escape": 1}
+POIDS = {"BtnAjouter": 14, "BtnMettreAJour": 14, "BtnAnnuler": 4, "BtnOK": 6, "BtnInit": 2, "Text1": 6, "Text2": 3, "Text3": 1, "Text4": 3, "TxtPatient": 9, "DTPicker1": 3, "Augmenter": 1,
+         "TextHeureDebut": 2, "TextHeureFin": 2, "Diminuer": 1, "Grille1": 9, "Tab": 2, "Return": 4, "Escape": 1}
 VALIDE = {"BtnAjouter", "BtnMettreAJour", "BtnOK", "Return"}
-SAISIE, REGLAGES = ("FrmAjouter", "FrmEditer"), ("FrmTrancheHoraire", "FrmJourExclure")
+SAISIE = ("FrmAjouter", "FrmEditer")
 MESSAGES = {  # what may be said, and when
     "est occupé par un autre programme": lambda p: p.duree > 1,
     "est endommagé|est introuvable|pas une base": lambda p: not p.tiers.lisible,
@@ -23,18 +20,18 @@ MESSAGES = {  # what may be said, and when
     "Ce rendez-vous n'existe": lambda p: any(x and x.ref not in p.livre.rdv
                                              for x in (*p.visees, p.avant.rdv)),
     "obligatoirement entrer un Nom": lambda p: not p.promesse["champs"]["Nom"],
-    "Cette heure n'est pas valide": lambda p: p.dessus in REGLAGES or None in p.promesse["heures"],
+    "Cette heure n'est pas valide": lambda p: None in p.promesse["heures"],
     "L'heure de fin doit venir": lambda p: p.promesse["heures"][0] >= p.promesse["heures"][1],
     "Cette date n'est pas valide": lambda p: not p.promesse["jour"],
-    "n'est pas libre|s'y trouve déjà": lambda p: p.genes(True) if p.promesse else p.a_ecrit,
+    "n'est pas libre|s'y trouve déjà": lambda p: (
+        p.genes(True) if p.promesse else p.a_ecrit or p.avant.montre.configs != [
+            c for prat, c in p.livre.configs if prat == p.vue.prat]),  # the slots are others since
     "n'a plus de configuration pour ce fauteuil": lambda p: not p.etat.action("mnuAjouter")["enabled"],
     "plusieurs colonnes": lambda p: "glisse" in " ".join(p.fait),
     "est enregistré au .* n'est pas dans ce qui est affiché": lambda p: not p.montree(p.dernier),
     "inscrit comme n'honorant pas": lambda p: (
         p.promesse["champs"]["Nom"], "O") in [(propre(x["nom"]), x["RDVNonHonoré"])
-                                              for x in p.patients.values()],
-    "au moins deux jours|choisir un intervalle|trop rapprochés|Incohérence|ne se suivent pas":
-        lambda p: p.dessus in REGLAGES}
+                                              for x in p.patients.values()]}
 
 
 def norme(ligne):
@@ -47,7 +44,7 @@ def norme(ligne):
 
 
 class Fenetres:
-    """One half of the walk; the other holds the state."""
+    """A part of the walk, which holds the state."""
 
     # ---- Working them
 
@@ -89,7 +86,7 @@ class Fenetres:
             jour = self.vue.jour + datetime.timedelta(self.h.randrange(-3, 9))
             texte = self.h.choice((f"{jour:%d/%m/%Y}", f"{jour:%d%m%Y}", f"{jour.day}/{jour.month}/{jour:%y}",
                                    "31/02"))
-        elif nom.startswith("TextHeure") or self.etat.dessus in REGLAGES:
+        elif nom.startswith("TextHeure"):
             texte = self.h.choice(HEURES)
         self.dit(f"« {texte} »")
         x, y, _, haut = champ["cadre"]
@@ -124,13 +121,11 @@ class Fenetres:
     def promet_fenetre(self, nom, ligne):
         """Nothing may be written but what the fields say, with the patient picked; settings only by OK."""
         dessus, t = self.etat.dessus, self.etat.textes()
-        coches = {o["objectName"]: o["checked"] for o in self.etat.objets() if "checked" in o}
-        config = self.fixe.config
         self.peut = True
         if dessus == "FrmSupprimer":
             self.promet("supprime", nom == "BtnOK")
         elif dessus == "FrmQuelHoraire":
-            self.classe = int(coches["Option1"])
+            self.classe = int(self.etat.objet("Option1")["checked"])
         elif dessus in SAISIE:
             jour = lit_jour(t["DTPicker1"])
             heures = lit_heure(t["TextHeureDebut"]), lit_heure(t["TextHeureFin"])
@@ -141,17 +136,6 @@ class Fenetres:
                         Description=t["Text4"], Date1=str(jour), DateInv=str(jour).replace("-", ""),
                         HeureDebut=heures[0], HeureFin=heures[1])
             self.promesse |= {"heures": heures, "jour": jour}
-        elif nom in VALIDE and dessus == "FrmMois":
-            jour = next(o["selectedDate"] for o in self.etat.objets() if "selectedDate" in o)
-            self.fermee = replace(self.fixe, jour=datetime.date.fromisoformat(jour))
-        elif nom in VALIDE and self.fixe.semaine and config:
-            if dessus == "FrmTrancheHoraire":
-                pas = next((5 * int(n[6:]) for n, c in coches.items() if n.startswith("Option") and c), 0)
-                config = replace(config, pas=pas, heures=[lit_heure(t[f"Text{i}"]) for i in range(1, 5)])
-            else:
-                config = replace(config, affich=[not coches[f"Check3_{i}"] for i in range(7)],
-                                 grise=[coches[f"Check1_{i}"] + 2 * coches[f"Check2_{i}"] for i in range(7)])
-            self.fermee = replace(self.fixe, config=config, sans_zoom=0)
 
     def ouverte(self):
         """A window that has just opened: what it is about, and whether its fields say so."""

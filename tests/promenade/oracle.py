@@ -7,7 +7,7 @@ from types import SimpleNamespace
 
 from cabinet import JOURS
 
-GRIS, BLANC, ROUGE, TEXTE_HEURE = "#a0a0a0", "#ffffff", "#ff0000", "#f0f0f0"
+GRIS, BLANC, ROUGE = "#a0a0a0", "#ffffff", "#ff0000"
 COULEURS = (None, "#0080ff", "#800080", "#ff8000", "#808000", "#008080", "#804000", "#000080")
 SEMAINE = ("lundi", "mardi", "mercredi", "jeudi", "vendredi", "samedi", "dimanche")
 MOIS = ("janvier", "février", "mars", "avril", "mai", "juin", "juillet", "août", "septembre", "octobre",
@@ -17,10 +17,6 @@ MOIS_COURTS = ("janv.", "févr.", "mars", "avr.", "mai", "juin", "juil.", "août
 GRILLES = ("GrilleRDV", "GrilleRDV02", "GrilleRDV03")
 ACTIONS = ("mnuAjouter", "mnuEditer", "mnuSupprimer", "mnuPresent")
 VIDE = ["", None, None]
-
-
-def etat_date(jour):
-    return f"{jour.day:02} {MOIS_COURTS[jour.month - 1]} {jour.year}"
 
 
 def lit_jour(texte):
@@ -282,11 +278,10 @@ class Montre:
             return [f"{nom} : titres {lues[0]} au lieu de {titres}"]
         attendu, ecarts = self._cellules(grille, lu), []
         for r in range(1, horaire.n + 2):
-            for c in (0, nb + 1)[:len(titres) - nb]:
-                attendu[r, c] = [hhmm(horaire.heure(r)), GRIS, TEXTE_HEURE]
             for c, montre in enumerate(lues[r]):
-                voulu = attendu.get((r, c), VIDE)
-                qui = 3 if voulu[0] and (c or self.vue.semaine) else 2 if c or self.vue.semaine else 1
+                heure = c in (0, nb + 1)
+                voulu = [hhmm(horaire.heure(r))] if heure else attendu.get((r, c), VIDE)
+                qui = 1 if heure else 3 if voulu[0] else 2
                 if montre[:qui] != voulu[:qui]:
                     ecarts.append(f"{nom} ({r},{c}) {hhmm(horaire.heure(r))} : {montre}, pas {voulu}")
         return ecarts

@@ -12,24 +12,17 @@ import traceback
 from dataclasses import replace
 
 import cabinet
-from ecran import Faute, Programme, attends, centre
+from ecran import Faute, Programme, attends
 from fenetres import Fenetres
-from oracle import GRILLES, Contexte, Livre, Montre, Vue, dans, entier, lit_base
+from gestes import Gestes
+from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
 LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
-DECALE = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
-OUVRE = {"mnuAjouter": "FrmAjouter", "mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer"}
-AUTRES = ("mnuPresent", "mnusemaine", "mnuJour", "mnuRafraichir", "mnuZoom", "mnutranche", "mnuexclure")
-BOUTONS = (*DECALE, "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnMois", "BtnAujourdhui", "BtnAujourdhui2")
-FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 
 
-class Promenade(Fenetres):
-    GESTES = {"clic": 30, "double_clic": 9, "glisse": 7, "clic_droit": 5, "fleche": 8, "entree": 4,
-              "suppr": 2, "touche": 6, "bouton": 9, "menu": 14, "molette": 3, "zoom_molette": 2, "tic": 5}
-
+class Promenade(Gestes, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
@@ -62,7 +55,7 @@ class Promenade(Fenetres):
     # ---- One step
 
     def commence(self, *fait):
-        self.fait, self.suite, self.vues, self.fermee, self.boite = [*fait], None, [self.vue], None, None
+        self.fait, self.suite, self.vues, self.boite = [*fait], None, [self.vue], None
         self.frais, self.peut, self.a_ecrit, self.duree = False, False, False, 0
         self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
@@ -92,12 +85,12 @@ class Promenade(Fenetres):
         elif etat.dessus != "FrmEntree":
             self.dans_fenetre()
         else:
-            geste = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
-            getattr(self, geste)()
+            geste, *combien = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
+            getattr(self, geste)(*combien)
         if verrou:
             self.sous_verrou(verrou)
         if not self.tiers.lisible:
-            self.vues, self.fermee = [self.fixe], None
+            self.vues = [self.fixe]
         elif self.duree > LONG:
             self.vues.append(self.fixe)
         self.anciennes = self.photos
@@ -152,16 +145,13 @@ class Promenade(Fenetres):
             time.sleep(0.02)
 
     def ecarts(self):
-        etat, vues = self.etat, self.vues
-        if self.fermee and self.dessus not in etat.par_nom:
-            vues, self.frais = [self.fermee] + vues * (self.duree > LONG), True
-        fermee = etat.dessus == "FrmEntree"
+        etat, fermee = self.etat, self.etat.dessus == "FrmEntree"
         photos = self.photos if fermee else list(dict.fromkeys(self.anciennes + self.photos))
         panneau = etat.objet("StatusBar1_5", "FrmEntree")
         bulle, en_gras = panneau["toolTip"], "bold" in panneau["styleSheet"]
         lu = datetime.datetime.strptime(re.search(r"\d\d/.* à [\d:]+", bulle)[0], "%d/%m/%Y à %H:%M:%S")
         essais = []
-        for vue in vues:
+        for vue in self.vues:
             for photo in photos:
                 montre = Montre(vue, photo)
                 ctx = Contexte(etat, montre)
@@ -180,268 +170,6 @@ class Promenade(Fenetres):
         if self.frais and fermee and (en_gras or age.total_seconds() > PATIENCE + 3 + self.duree):
             return [f"relu, mais la barre d'état dit : {bulle}"]
         return self.suite(self.avant, self.ctx) if self.suite else []
-
-    # ---- The grids
-
-    def case(self):
-        """A grid, a row and a column that are in sight, and a point in that cell."""
-        nom = self.h.choice([n for n in GRILLES if self.etat.grille(n)])
-        g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
-        lignes, n, nb = self.en_vue(g), grille.horaire.n, len(grille.colonnes)
-        if not lignes:
-            return nom, 0, 0, centre({"cadre": g["surface"]})
-        pris = [(r, c) for r in lignes for c in range(1, nb + 1) if r <= n and g["cellules"][r][c][0]]
-        r, c = self.h.choice([r for r in lignes if r <= n] or lignes), self.h.randint(1, nb)
-        sort = self.h.random()
-        if sort < 0.4 and pris:
-            r, c = self.h.choice([p for p in pris if p[0] in (1, n)] or pris if sort < 0.08 else pris)
-        elif sort > 0.96:
-            c = self.h.choice((0, len(g["colonnes"]) - 1))
-        elif sort > 0.92:
-            r = self.h.choice((0, lignes[-1]))
-        return nom, r, c, self.point(g, r, c)
-
-    @staticmethod
-    def en_vue(g):
-        return [r for r, (y, haut) in enumerate(g["lignes"]) if haut and y >= 0
-                and y + haut <= g["surface"][3]]
-
-    def point(self, g, r, c):
-        """A hidden row is the one that the header shows, above the surface."""
-        (x, large), (y, haut) = g["colonnes"][c], g["lignes"][r]
-        y, haut = (y, haut) if haut else (-12, 4)
-        return g["surface"][0] + x + self.h.randrange(3, large - 3), g["surface"][1] + y + haut // 2
-
-    def clic(self, fois=1, bouton=1):
-        nom, r, c, point = self.case()
-        self.dit(f"{'double ' * (fois - 1)}clic {bouton} {nom} ({r},{c})")
-        self.prog.clic(point, bouton, fois)
-        self.peut = True
-        self.suite = lambda avant, apres: self.apres_clic(avant, apres, nom, r, c, fois, bouton)
-
-    def double_clic(self):
-        self.clic(fois=2)
-
-    def clic_droit(self):
-        self.clic(bouton=3)
-
-    def apres_clic(self, avant, apres, nom, r, c, fois, bouton):
-        grille = apres.grilles[nom]
-        n, nb = grille.horaire.n, len(grille.colonnes)
-        if vars(avant.grilles[nom].horaire) != vars(grille.horaire):  # other slots since, by another desk
-            return []
-        dedans = (nom, c) in [(g, gauche) for g, haut, bas, gauche, _ in avant.contours if haut <= r <= bas]
-        titre = r == 0 and (bouton == 3 or not self.vue.semaine)
-        if not n or not 1 <= c <= nb or titre or bouton == 3 and dedans:
-            if bouton == 3 and self.a_ecrit:
-                return []
-            memes = (avant.contours, avant.panneaux) == (apres.contours, apres.panneaux)
-            return [] if memes and self.etat.dessus == "FrmEntree" else [
-                f"un clic qui ne choisit rien : {avant.contours} devient {apres.contours} {self.etat.dessus}"]
-        if r == 0 or r > n and self.vue.semaine:
-            return self.sur(apres, nom, 1, 1)
-        if r > n:  # the whole day
-            pris = [x.cle() for x in grille.colonnes[0][1] if grille.horaire.visible(x)]
-            juste = apres.cle == pris[0] if pris else apres.contours == [(nom, 1, n, 1, 1)]
-            return [f"jour entier : {apres.contours} {apres.cle}"] * (not juste)
-        pris = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
-        cles = [x.cle() for x in pris]
-        retour = fois == 2 and apres.cle in cles  # what was chosen before keeps its outline
-        if faux := self.sur(apres, nom, r, c) * (not retour):
-            return faux
-        meme = avant.rdv and (avant.nom, avant.jour) == (nom, apres.jour) and avant.cle in cles
-        if pris and not self.a_ecrit:
-            rang = (cles.index(avant.cle) + 2 - fois) % len(pris) if meme else 0
-            if apres.cle != cles[rang] or fois == 1 and (apres.rang, apres.nombre) != (rang + 1, len(pris)):
-                return [f"choisi {apres.panneaux} au lieu de {cles[rang]}, {rang + 1} parmi {cles}"]
-        return self.ouvre("mnuEditer" if pris else "mnuAjouter", apres) if fois == 2 else []
-
-    @staticmethod
-    def sur(apres, nom, r, c):
-        return [f"la case ({r},{c}) de {nom} n'est pas choisie : {apres.contours}"] * (
-            not (apres.plage and (apres.nom, apres.colonne) == (nom, c) and apres.haut <= r <= apres.bas))
-
-    def ouvre(self, action, ctx):
-        """The window that this action opens on the selection `ctx`."""
-        dessus, voulue = self.etat.dessus, OUVRE[action]
-        if dessus == "QMessageBox":
-            return []
-        if not self.etat.action(action)["enabled"] or not ctx.plage:
-            voulue = "FrmEntree"
-        elif action == "mnuAjouter" and ctx.grille.config.classe(ctx.jour.weekday(), *ctx.plage) == 2:
-            voulue = "FrmQuelHoraire"
-        return [] if dessus == voulue else [f"{voulue} attendue, {dessus} montrée"]
-
-    def glisse(self):
-        nom, r, c, point = self.case()
-        g, n = self.etat.grille(nom), self.ctx.grilles[nom].horaire.n
-        if not r or not n:
-            return self.clic()
-        r2 = self.h.choice([x for x in self.en_vue(g) if abs(x - r) < 9])
-        c2 = self.h.choice([c] * 8 + [*range(len(g["colonnes"]))])
-        self.dit(f"glisse {nom} ({r},{c}) à ({r2},{c2})")
-        self.prog.glisse(point, self.point(g, r2, c2))
-        self.peut, nb = True, len(self.ctx.grilles[nom].colonnes)
-
-        def suite(avant, apres):
-            horaire = apres.grilles[nom].horaire
-            if r > n or not 1 <= c <= nb or not 1 <= c2 <= nb or self.a_ecrit:
-                return []
-            liste = apres.grilles[nom].colonnes[c - 1][1]
-            if c != c2:
-                return self.sur(apres, nom, 1, 1) if self.etat.dessus == "QMessageBox" else ["pas de message"]
-            haut, bas = min(r, r2), min(max(r, r2), horaire.n)
-            pris = dans(liste, horaire.heure(haut), horaire.heure(bas + 1))
-            if pris:
-                return [f"glissé : {apres.cle}, pas {pris[0].cle()}"] * (r != r2
-                                                                         and apres.cle != pris[0].cle())
-            return [f"glissé {haut}-{bas} : {apres.contours}"] * (apres.contours != [(nom, haut, bas, c, c)])
-
-        self.suite = suite
-
-    def molette(self):
-        nom, _, _, point = self.case()
-        self.dit(f"molette {nom}")
-        self.prog.clic(point, self.h.choice((4, 5)), self.h.randrange(1, 6))
-
-    def zoom_molette(self):
-        nom, _, _, point = self.case()
-        sens = self.h.choice((4, 5))
-        self.dit(f"Ctrl+molette {sens}")
-        self.prog.va(*point)
-        self.prog.frappe("Control_L", sens)
-        if (sens == 4) == (self.vue.sans_zoom == 0):
-            self.montre(self.apres("mnuZoom"))
-
-    # ---- Keys
-
-    def fleche(self):
-        touche, maj = self.h.choice(list(FLECHES)), self.h.random() < 0.3
-        self.dit(f"{'Maj+' * maj}{touche}")
-        foyer, (dr, dc) = self.foyer(), FLECHES[touche]
-        self.prog.frappe(*["Shift_L"] * maj, touche)
-
-        def suite(avant, apres):
-            if maj or not avant.plage or avant.nom != foyer:
-                return []
-            r = avant.bas + 1 if dr > 0 else avant.haut + dr
-            r, c = (min(max(x, 1), dernier) for x, dernier in
-                    ((r, avant.grille.horaire.n), (avant.colonne + dc, len(avant.grille.colonnes))))
-            return self.sur(apres, foyer, r, c)
-
-        self.suite = suite
-
-    def foyer(self):
-        """The grid that has the keys, if one has."""
-        return next((n for n in GRILLES if (self.etat.grille(n) or {}).get("focus")), None)
-
-    def entree(self):
-        self.dit("Entrée")
-        libre, foyer, self.peut = not self.ctx.rdv, self.foyer(), True
-        self.prog.frappe("Return")
-        if self.ctx.plage and foyer == self.ctx.nom and not self.a_ecrit:
-            self.suite = lambda _, apres: self.ouvre("mnuAjouter" if libre else "mnuEditer", apres)
-
-    def suppr(self):
-        self.dit("Suppr")
-        self.prog.frappe("Delete")
-        self.peut, self.suite = True, lambda _, apres: self.ouvre("mnuSupprimer", apres)
-
-    def touche(self):
-        touche = self.h.choice(("Prior", "Next", "Home", "F5", "Escape"))
-        self.dit(touche)
-        self.prog.frappe(touche)
-        if touche != "Escape":
-            self.montre(self.apres(touche))
-
-    # ---- Buttons, menus, timer
-
-    def bouton(self):
-        bouton = self.h.choice([o for o in self.etat.objets() if o["objectName"] in BOUTONS])
-        self.dit(bouton["objectName"])
-        self.prog.clic(centre(bouton))
-        if bouton["objectName"] != "BtnMois":
-            self.montre(self.apres(bouton["objectName"]))
-
-    def tic(self):
-        self.dit("Timer1")
-        self.prog.ordre("tic")
-        self.montre(self.fixe)
-
-    def apres(self, nom):
-        """The view after this command."""
-        vue, aujourdhui, montre = self.fixe, cabinet.MAINTENANT.date(), self.ctx.montre
-        pas = 7 if vue.semaine else 1
-        if jours := (DECALE | {"Prior": -pas, "Next": pas}).get(nom):
-            return replace(vue, jour=vue.jour + datetime.timedelta(jours))
-        if "Aujourdhui" in nom or nom == "Home":
-            return replace(vue, jour=aujourdhui)
-        if nom in ("BtnJour", "mnuJour"):
-            coche = montre.configs[montre.coche].fauteuil if montre.coche >= 0 else None
-            return Vue(vue.prat, aujourdhui, False, coche)
-        if nom == "mnuZoom":
-            grille = montre.grilles.get("GrilleRDV")
-            return vue.zoome(grille.config) if grille and grille.horaire.n else vue
-        return Vue(vue.prat, vue.jour) if vue.semaine or "emaine" in nom else vue
-
-    def montre(self, vue):
-        """Everything is read and drawn again; where the same place is shown the selection stays."""
-        self.vues, self.frais = [vue], True
-        lundi = [v.jour.isocalendar()[:2] if v.semaine else v.jour for v in (self.fixe, vue)]
-        if (vue.prat, lundi[1]) == (self.fixe.prat, lundi[0]):
-            self.suite = self.garde
-
-    def garde(self, avant, apres):
-        if not avant.plage:
-            return []
-        if not avant.rdv:
-            perdu = apres.plage and (apres.rdv or apres.jour != avant.jour or apres.plage[0] >= avant.plage[1]
-                                     or apres.plage[1] <= avant.plage[0])
-            return [f"sélection libre {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
-        la = self.montree(avant.rdv.ref)
-        perdu = la and apres.cle != la[0].cle() or not la and apres.rdv
-        return [f"sélection {avant.panneaux} devenue {apres.panneaux}"] * bool(perdu)
-
-    def montree(self, ref):
-        """The appointment, where a grid shows it."""
-        return [x for g in self.ctx.grilles.values() for _, liste in g.colonnes for x in liste
-                if x.ref == ref and g.horaire.n and g.horaire.visible(x)]
-
-    def menu(self):
-        voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),
-                               (6, 4, 3, 3, 2))[0]
-        titre = next((m for m in self.etat.actions if m["objectName"] == voulu and m["visible"]), None)
-        if not titre:
-            return self.clic()
-        self.dit(f"menu {voulu}")
-        self.prog.clic(centre(titre))
-        attends(lambda: self.prog.etat().surgis, 3, f"le menu {voulu}")
-
-    def menu_surgi(self):
-        offerts = [a for a in self.etat.surgis if a["enabled"] and (
-            a["objectName"] in (*OUVRE, *AUTRES) or a["menu"] in ("mnuPraticien", "menuFaut"))]
-        if not offerts or self.h.random() < 0.1:
-            self.dit("Échap dans le menu")
-            return self.prog.frappe("Escape")
-        action = self.h.choice(offerts)
-        nom = action["objectName"]
-        self.dit(f"menu → {nom} « {action['text']} »")
-        vue = None
-        if action["menu"] == "mnuPraticien":
-            prat = next(n for n, t in self.praticiens.items() if t == action["text"])
-            vue = Vue(prat, self.fixe.jour, self.fixe.semaine)
-        elif action["menu"] == "menuFaut":
-            vue = Vue(self.fixe.prat, self.fixe.jour, self.fixe.semaine, int(action["text"].split()[1]))
-        elif nom in OUVRE:
-            self.peut, self.suite = True, lambda _, apres: self.ouvre(nom, apres)
-        elif nom == "mnuPresent":
-            self.promet("present", Present=not action["checked"])
-            self.visees, self.peut = [r for r in [self.ctx.rdv] if r], True
-        elif nom not in ("mnutranche", "mnuexclure"):
-            vue = self.apres(nom)
-        self.prog.clic(centre(action))
-        if vue:
-            self.montre(vue)
 
 
 def promene(binaires, graine, pas):
@@ -464,8 +192,8 @@ def promene(binaires, graine, pas):
         return 1
     finally:
         if p.prog:
-            p.prog.lien.close()
-            p.prog.processus.wait(10)
+            p.prog.processus.kill()  # one that does not answer does not end by itself
+            p.prog.processus.wait()
         shutil.rmtree(dossier, ignore_errors=True)
 
 

@@ -31,7 +31,7 @@ QJsonArray cadre(const QWidget &widget, const QRect &rect) {
 QJsonObject dit(const QObject &objet) {
     QJsonObject tout{{"classe", objet.metaObject()->className()}};
     for (const char *nom : {"objectName", "text", "toolTip", "styleSheet", "accessibleDescription",
-                            "selectedDate", "windowTitle", "enabled", "checked", "visible", "focus"}) {
+                            "windowTitle", "enabled", "checked", "visible", "focus"}) {
         const QVariant valeur = objet.property(nom);
         if (valeur.isValid()) {
             tout[QLatin1String(nom)] = QJsonValue::fromVariant(valeur);
@@ -74,7 +74,6 @@ QJsonObject grille(const QTableView &vue) {
     tout["selection"] =
         choisies.isEmpty() ? QJsonArray()
                            : QJsonArray{choisies.top(), choisies.bottom(), choisies.left(), choisies.right()};
-    tout["courante"] = vue.currentIndex().row();
     tout["surface"] = cadre(*vue.viewport(), vue.viewport()->rect());
     return tout;
 }
@@ -106,7 +105,7 @@ QJsonObject fenetre(const QWidget &dessus) {
         }
         if (vue != nullptr && vue->model() != nullptr) {
             grilles[vue->objectName()] = grille(*vue);
-        } else if (enfant->property("text").isValid() || enfant->property("selectedDate").isValid()) {
+        } else if (enfant->property("text").isValid()) {
             QJsonObject un = dit(*enfant);
             un["cadre"] = cadre(*enfant, enfant->rect());
             objets << un;

@@ -1,16 +1,15 @@
 #include "support/Fenetre.h"
+#include "support/Gestes.h"
 
 #include <QCalendarWidget>
 #include <QFile>
-#include <QLineEdit>
 #include <QMenu>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
 
-/// Practitioners 1, 4 and 9; the first has chairs 1 and 2 of 60-minute slots, the second no chairs, the third
-/// no configuration.
+/// Practitioners 1, 4 and 9; the first has chairs 1 and 12 of 60-minute slots, the second no chairs, the
+/// third no configuration.
 class FenetreTest : public testing::Test, public Fenetre {
   protected:
     FenetreTest() {
@@ -23,19 +22,12 @@ class FenetreTest : public testing::Test, public Fenetre {
         ecrit(Base::PatientTransmis, SqlText("delete from LePatient"));
         livre.config({.nom = "Défaut", .fauteuil = 0, .defaut = false, .praticien = "0", .intervalle = 120});
         livre.config();
-        livre.config({.nom = "Cabinet2", .fauteuil = 2, .defaut = false});
+        livre.config({.nom = "Cabinet2", .fauteuil = 12, .defaut = false});
         livre.config({.nom = "Principal", .fauteuil = 0, .praticien = "04", .intervalle = 30});
     }
     void ecrit(Base base, const SqlText &sql) { cabinet.ouvre(base).execute(sql); }
     void disparait() { QFile::rename(livre.fichier(), livre.fichier() + u'x'); }
     void revient() { QFile::rename(livre.fichier() + u'x', livre.fichier()); }
-    static QAbstractButton &bouton(QWidget &dialogue, const char *nom) {
-        return *dialogue.findChild<QAbstractButton *>(q(nom));
-    }
-    static void saisit(QWidget &dialogue, const char *champ, const char *texte, const char *puis) {
-        dialogue.findChild<QLineEdit *>(q(champ))->setText(q(texte));
-        bouton(dialogue, puis).click();
-    }
 };
 
 } // namespace
@@ -43,7 +35,7 @@ class FenetreTest : public testing::Test, public Fenetre {
 TEST_F(FenetreTest, PractitionersAndChairs) {
     livre.rdv();
     livre.rdv({.nom = "AUTRE", .fauteuil = 0, .praticien = "04"});
-    livre.rdv({.nom = "SECOND", .fauteuil = 2});
+    livre.rdv({.nom = "SECOND", .fauteuil = 12});
     ouvre();
     EXPECT_EQ(lecture(), "lu à 10:05");
     EXPECT_EQ(etat(), "docteur UN 0 0 ---- 11 mars 2026");
@@ -53,7 +45,7 @@ TEST_F(FenetreTest, PractitionersAndChairs) {
         clic 1,1   | docteur TROIS 2 - ---- 09 mars 2026 08:00 / 10:00
         docteur 0  | docteur UN 0 0 A--- 09 mars 2026 08:00 / 10:00  | 12x7 lundi 09 mars: 2,3 ROUX [1,1-2,1]
         fauteuil 1 | docteur UN 0 1 A--- 09 mars 2026 08:00 / 10:00  | 12x7 lundi 09 mars: 2,3 SECOND [1,1-2,1])");
-    livre.execute(SqlText("delete from Config where Fauteuil = 2"));
+    livre.execute(SqlText("delete from Config where Fauteuil = 12"));
     joue(R"(
         fauteuil 1 | docteur UN 0 aucun ---- 09 mars 2026 08:00 / 10:00 | 7x7 lundi 09 mars: [1,1-1,1]
         fauteuil 0 | docteur UN 0 0 A--- 09 mars 2026 08:00 / 10:00     | 12x7 lundi 09 mars: 2,3 ROUX [1,1-2,1])");
@@ -96,30 +88,32 @@ TEST_F(FenetreTest, Weeks) {
         maj Down      | docteur UN 0 0 A--- 11 mars 2026 12:00 / 14:00
         touche Right  | docteur UN 0 0 A--- 12 mars 2026 12:00 / 13:00)");
     pendant("BtnMois", [](QWidget &mois) {
-        mois.findChild<QCalendarWidget *>(q("MonthView1"))->setSelectedDate(QDate(2026, 12, 25));
-        bouton(mois, "BtnOK").click();
+        controle<QCalendarWidget>(mois, q("MonthView1")).setSelectedDate(QDate(2026, 12, 25));
+        ::joue(mois, q(">BtnOK"));
     });
     EXPECT_EQ(etat(), "docteur UN 0 0 ---- 25 déc. 2026");
 }
 
 TEST_F(FenetreTest, DayView) {
     livre.rdv();
-    livre.rdv({.nom = "SECOND", .fauteuil = 2});
+    livre.rdv({.nom = "SECOND", .fauteuil = 12});
     ouvre();
     joue(R"(
         fauteuil 1   |
         BtnJour      | docteur UN 0 1 ---- 11 mars 2026
         BtnSemaine   | docteur UN 0 0 ---- 11 mars 2026
-        BtnJour      | docteur UN 0 0 ---- 11 mars 2026 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
-        clic 2,1 1   | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX [2,1-2,1]; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND
+        BtnJour      | docteur UN 0 0 ---- 11 mars 2026 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 12: 2,1 SECOND
+        clic 2,1 1   | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX [2,1-2,1]; 12x2 mercredi 11 mars Fauteuil 12: 2,1 SECOND
         clic 10,1 2  |
         touche Down  | docteur UN 0 0 A--- 11 mars 2026 17:00 / 18:00
-        clic 1,1 2   | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 2,1 SECOND [1,1-1,1])");
-    pendant("mnuAjouter", [](QWidget &ajouter) { saisit(ajouter, "Text1", "NEUF", "BtnAjouter"); });
+        clic 1,1 2   | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 12: 2,1 SECOND [1,1-1,1]
+        touche PgDown | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00
+        touche PgUp  | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00)");
+    pendant("mnuAjouter", [](QWidget &f) { ::joue(f, q("Text1=NEUF;>BtnAjouter")); });
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 11 mars 2026 08:00 / 09:00 NEUF");
     joue(R"(
-        BtnSuivant2  | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00 | 12x2 jeudi 12 mars Fauteuil 1:; 12x2 jeudi 12 mars Fauteuil 2: [1,1-1,1]
-        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 2: 1,1 NEUF 2,1 SECOND
+        BtnSuivant2  | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00 | 12x2 jeudi 12 mars Fauteuil 1:; 12x2 jeudi 12 mars Fauteuil 12: [1,1-1,1]
+        BtnPrecedent2  |                                              | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 12: 1,1 NEUF 2,1 SECOND
         docteur 1    | docteur DEUX 1 - ---- 11 mars 2026 | 10x2 mercredi 11 mars Matin:; 10x2 mercredi 11 mars Après-midi:
         mnusemaine   | docteur DEUX 1 - ---- 11 mars 2026 | 22x7 lundi 09 mars:)");
     EXPECT_EQ(dits(), "");
@@ -134,8 +128,8 @@ TEST_F(FenetreTest, ADoubleClickOpensWhatWasSelectedBefore) {
         clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:30 / 10:00 2 sur 2 : TARD
         clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 09:30 1 sur 2 : TOT)");
     pendant("double 2,3", [](QWidget &editer) {
-        EXPECT_EQ(editer.findChild<QLineEdit *>(q("TextHeureDebut"))->text(), q("09:30"));
-        saisit(editer, "DTPicker1", "14/03/2026", "BtnMettreAJour");
+        EXPECT_EQ(::texte(editer, "TextHeureDebut"), q("09:30"));
+        ::joue(editer, q("DTPicker1=14/03/2026;>BtnMettreAJour"));
     });
     EXPECT_EQ(dits(), "Le rendez-vous est enregistré au samedi 14 mars 2026, de 09:30 à 10:00 : il n'est pas "
                       "dans ce qui est affiché.");
@@ -167,7 +161,8 @@ TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {
     joue("mnuAjouter | docteur UN 0 0 ---- 11 mars 2026");
     EXPECT_NE(dits(), "");
     *cabinet.environnement().lectureSeule = q("abîmé");
-    joue("clic 2,3 | docteur UN 0 0 ---- 11 mars 2026 09:00 / 10:00 AUTRE");
+    livre.execute(SqlText("update RDV set Nom = 'CHANGE' where Nom = 'AUTRE'"));
+    joue("clic 2,3 | docteur UN 0 0 ---- 11 mars 2026 09:00 / 10:00 CHANGE");
     EXPECT_EQ(lecture(), "lecture seule · lu à 10:05");
 }
 
@@ -235,21 +230,25 @@ TEST_F(FenetreTest, TheVeryFirstReadComesBackByItself) {
 }
 
 TEST_F(FenetreTest, SettingsAreKeptForTheWeek) {
-    const auto trente = [](QWidget &tranche) {
-        EXPECT_TRUE(bouton(tranche, "Option12").isChecked());
-        bouton(tranche, "Option6").click();
-        bouton(tranche, "BtnOK").click();
+    const auto coche = [](QWidget &f, const char *nom) {
+        return controle<QAbstractButton>(f, q(nom)).isChecked();
+    };
+    const auto trente = [coche](QWidget &tranche) {
+        EXPECT_TRUE(coche(tranche, "Option12"));
+        ::joue(tranche, q(">Option6;>BtnOK"));
     };
     ouvre();
     pendant("mnutranche", trente);
     joue("BtnSuivant | | 22x7 lundi 16 mars:");
-    pendant("mnuexclure", [](QWidget &exclure) { bouton(exclure, "Option3").click(); });
-    pendant("mnuexclure", [](QWidget &exclure) { EXPECT_TRUE(bouton(exclure, "Option3").isChecked()); });
+    pendant("mnuexclure", [](QWidget &exclure) { ::joue(exclure, q(">Option3")); });
+    pendant("mnuexclure", [coche](QWidget &exclure) { EXPECT_TRUE(coche(exclure, "Option3")); });
     joue("BtnJour\nclic 1,1 2");
     pendant("mnutranche", trente);
-    joue("clic 1,1 2 | | 12x2 mercredi 11 mars Fauteuil 1:; 12x2 mercredi 11 mars Fauteuil 2: [1,1-1,1]");
-    pendant("mnutranche", [](QWidget &tranche) { EXPECT_TRUE(bouton(tranche, "Option6").isChecked()); });
+    joue("clic 1,1 2 | | 12x2 mercredi 11 mars Fauteuil 1:; 12x2 mercredi 11 mars Fauteuil 12: [1,1-1,1]");
+    pendant("mnutranche", [coche](QWidget &f) { EXPECT_TRUE(coche(f, "Option6")); });
     joue("clic 1,1 1");
-    pendant("mnutranche", [](QWidget &tranche) { EXPECT_TRUE(bouton(tranche, "Option12").isChecked()); });
-    joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]");
+    pendant("mnutranche", [coche](QWidget &f) { EXPECT_TRUE(coche(f, "Option12")); });
+    joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]\nmnuZoom");
+    pendant("mnutranche", [](QWidget &f) { ::joue(f, q(">Option1;>BtnOK")); });
+    joue("mnuZoom | | 122x7 lundi 09 mars: [1,3-12,3]"); // five minutes by choice: nothing to come back to
 }

@@ -2,7 +2,8 @@
 
 #include "platform/ui/Messages.h"
 
-#include <QList>
+#include <QStringList>
+#include <utility>
 
 /// Keeps what the user would have read, and answers every question with `answer`.
 class RecordingMessages : public Messages {
@@ -20,6 +21,15 @@ class RecordingMessages : public Messages {
     bool ask(const QString &text, const QString &title) override {
         shown << Message{text, title, Icon::None, true};
         return answer;
+    }
+
+    /// "title: text" of what was told since the last call, one a line.
+    QString taken() {
+        QStringList told;
+        for (const Message &message : std::exchange(shown, {})) {
+            told << message.title + QStringLiteral(": ") + message.text.simplified();
+        }
+        return told.join(u'\n');
     }
 
     QList<Message> shown;

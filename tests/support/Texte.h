@@ -5,8 +5,11 @@
 
 /// Short ways to write texts in tests.
 
+inline std::ostream &operator<<(std::ostream &sortie, const QString &texte) {
+    return sortie << texte.toStdString();
+}
 inline void PrintTo(const QString &texte, std::ostream *sortie) {
-    *sortie << texte.toStdString();
+    *sortie << texte;
 }
 
 inline QString q(const char *texte) {

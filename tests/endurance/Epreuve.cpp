@@ -1,0 +1,281 @@
+// epreuve [ROUNDS [SEED]]: workstations book, move and delete at once in one book, create patients, and are
+// killed at any moment. Never may two appointments of one practitioner and chair have a moment in common;
+// afterwards the books must hold what was acknowledged, whole and once, at most what was under way, and no
+// half of a patient.
+#include "Schema.h"
+#include "booking/ReservationTables.h"
+#include "patients/TabPatTables.h"
+#include "platform/db/DbError.h"
+#include "start/MiseANiveauTables.h"
+
+#include <QCoreApplication>
+#include <QMap>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTextStream>
+#include <QThread>
+
+#include <chrono>
+#include <memory>
+#include <random>
+
+namespace {
+
+constexpr int postes = 8;
+const QDate lundi(2026, 3, 9);
+const Base bases[] = {Base::RendezVous, Base::Patients, Base::PatientsCrees};
+
+QString fichier(const QString &dossier, Base base) {
+    return dossier + u'/' + schema(base).fichier;
+}
+
+/// An appointment in one line. No two writes leave the same: each has a name of its own.
+QString contenu(const RendezVous &rdv) {
+    return QStringLiteral("%1|%2|%3 %4-%5|%6|%7")
+        .arg(rdv.Nom, rdv.Description, rdv.Date1.toString(Qt::ISODate), rdv.HeureDebut.toString(),
+             rdv.HeureFin.toString())
+        .arg(rdv.NumPraticien)
+        .arg(rdv.Fauteuil);
+}
+
+// ---- One workstation: tells what it is about to write ("before, after"), then whether that was acknowledged
+
+class Poste {
+  public:
+    Poste(const QString &numero, QString dossier)
+        : m_numero(numero), m_dossier(std::move(dossier)), m_hasard(numero.toUInt()) {}
+
+    void travaille() {
+        for (int i = 1;; ++i) {
+            m_marque = QStringLiteral("L'HER %1.%2").arg(m_numero).arg(i);
+            bool ecrit = false;
+            try {
+                ecrit = i % 5 == 0 ? creePatient() : reserve();
+            } catch (const DbError &erreur) {
+                if (erreur.kind() != DbError::Kind::Locked) {
+                    throw;
+                }
+            }
+            m_dit << int(ecrit) << Qt::endl;
+        }
+    }
+
+  private:
+    int entre(int a, int b) { return std::uniform_int_distribution(a, b)(m_hasard); }
+    void annonce(const QString &avant, const QString &apres) { m_dit << avant << '\t' << apres << Qt::endl; }
+
+    bool creePatient() {
+        Database patient = Database::open(fichier(m_dossier, Base::Patients));
+        const Database listing = Database::open(fichier(m_dossier, Base::PatientsCrees));
+        FichePatient fiche;
+        fiche.nom = m_marque;
+        annonce({}, m_marque);
+        return CreePatient(patient, listing, fiche, lundi) != 0;
+    }
+
+    /// Every other time a place that all workstations want just now; few of everything in any case.
+    bool reserve() {
+        const auto dixieme =
+            std::chrono::system_clock::now().time_since_epoch() / std::chrono::milliseconds(100);
+        std::mt19937 commun(static_cast<unsigned>(dixieme));
+        std::mt19937 &hasard = entre(0, 1) == 0 ? commun : m_hasard;
+        const auto tire = [&hasard](int a, int b) { return std::uniform_int_distribution(a, b)(hasard); };
+        RendezVous ou;
+        ou.NumPraticien = tire(1, 2);
+        ou.Fauteuil = tire(1, 2);
+        const QTime debut = QTime(8, 0).addSecs(tire(0, 120) * 300);
+        const SaisieRDV saisie{m_marque, {},
+                               {},       QString(100, u'é'),
+                               {},       lundi.addDays(tire(0, 2)),
+                               debut,    debut.addSecs(tire(1, 12) * 300)};
+        Database rdv = Database::open(fichier(m_dossier, Base::RendezVous)); // as every user action does
+        const auto jour = RendezVousEntre(rdv, saisie.Date1, saisie.Date1, ou.NumPraticien, ou.Fauteuil);
+        const int quoi = jour.isEmpty() ? 0 : entre(0, 9);
+        if (quoi < 5) {
+            annonce({}, contenu(Rempli(ou, saisie)));
+            return AjouteRDV(rdv, {saisie, QString::number(ou.NumPraticien), QString::number(ou.Fauteuil)})
+                .has_value();
+        }
+        const RendezVous &choisi = jour[entre(0, int(jour.size()) - 1)];
+        annonce(contenu(choisi), quoi < 8 ? contenu(Rempli(choisi, saisie)) : QString());
+        const BilanEcriture bilan = quoi < 8 ? ModifieRDV(rdv, choisi, saisie, ou.NumPraticien, ou.Fauteuil)
+                                             : SupprimeRDV(rdv, choisi);
+        return bilan.resultat == Ecriture::Fait;
+    }
+
+    QString m_numero;
+    QString m_dossier;
+    QString m_marque;
+    std::mt19937 m_hasard;
+    QTextStream m_dit{stdout};
+};
+
+// ---- What the books must be
+
+QList<RendezVous> rendezVous(const QString &dossier) {
+    QList<RendezVous> tous;
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous), std::chrono::minutes(1));
+    for (int agenda = 0; agenda < 4; ++agenda) {
+        tous += RendezVousEntre(rdv, lundi, lundi.addDays(2), 1 + agenda / 2, 1 + agenda % 2);
+    }
+    return tous;
+}
+
+int chevauchements(const QList<RendezVous> &rdv) {
+    int paires = 0;
+    for (qsizetype i = 1; i < rdv.size(); ++i) { // each list by day and start: neighbours are enough
+        const auto &[a, b] = std::tie(rdv[i - 1], rdv[i]);
+        paires += a.NumPraticien == b.NumPraticien && a.Fauteuil == b.Fauteuil && a.Date1 == b.Date1 &&
+                          b.HeureDebut < a.HeureFin
+                      ? 1
+                      : 0;
+    }
+    return paires;
+}
+
+QStringList noms(const QString &dossier, Base base) {
+    Database ouverte = Database::open(fichier(dossier, base));
+    const Records rows =
+        ouverte.query(base == Base::Patients ? SqlText("Select nom from TabPat order by nom")
+                                             : SqlText("Select nom from LesPatients order by nom"));
+    QStringList liste;
+    for (const Record row : rows) {
+        liste << row.at(0).toText();
+    }
+    return liste;
+}
+
+/// What was acknowledged, each content with how often it came less how often it was replaced; what was under
+/// way when its workstation was killed.
+struct Journal {
+    QMap<QString, int> compte;
+    QList<QStringList> enCours;
+    int acquittes = 0;
+
+    void lit(const QByteArray &sortie) {
+        QStringList annonce;
+        for (const QString &ligne : QString::fromUtf8(sortie).split(u'\n', Qt::SkipEmptyParts)) {
+            if (ligne == u"1") {
+                ecrit(annonce);
+                ++acquittes;
+            }
+            annonce = ligne.contains(u'\t') ? ligne.split(u'\t') : QStringList();
+        }
+        if (!annonce.isEmpty()) {
+            enCours << annonce;
+        }
+    }
+    void ecrit(const QStringList &annonce) {
+        --compte[annonce[0]];
+        ++compte[annonce[1]];
+    }
+    /// Counts as written what was under way and has left a trace; gives the contents that are wrong.
+    QStringList ecarts(const QStringList &livre) {
+        for (qsizetype passe = enCours.size(); passe > 0; --passe) {
+            enCours.removeIf([&](const QStringList &a) {
+                const bool fait = a[1].isEmpty() ? compte.value(a[0]) > 0 && !livre.contains(a[0])
+                                                 : livre.contains(a[1]) || compte.value(a[1]) < 0;
+                fait ? ecrit(a) : void();
+                return fait;
+            });
+        }
+        compte.remove(QString());
+        for (const QString &contenu : livre) {
+            --compte[contenu];
+        }
+        compte.removeIf([](const auto &reste) { return reste.value() == 0; });
+        return compte.keys();
+    }
+};
+
+// ---- The parent
+
+struct Bilan {
+    int acquittes = 0;
+    int enCours = 0;
+    int chevauchements = 0;
+    QStringList fautes;
+};
+
+void verifie(Bilan &bilan, Journal &journal, const QString &dossier) {
+    QStringList livre = noms(dossier, Base::Patients);
+    if (noms(dossier, Base::PatientsCrees) != livre) {
+        bilan.fautes << QStringLiteral("la moitié d'un patient");
+    }
+    const QList<RendezVous> rdv = rendezVous(dossier);
+    bilan.chevauchements += chevauchements(rdv);
+    for (const RendezVous &r : rdv) {
+        livre << contenu(r);
+    }
+    bilan.acquittes += journal.acquittes;
+    bilan.enCours += int(journal.enCours.size());
+    bilan.fautes += journal.ecarts(livre);
+    for (const Base base : bases) {
+        bilan.fautes += checkBook(fichier(dossier, base)).split(u'\n', Qt::SkipEmptyParts);
+    }
+}
+
+/// Lets the workstations write for a while, looks for overlaps meanwhile, and kills them one after the other.
+void tour(Bilan &bilan, std::mt19937 &hasard) {
+    const QTemporaryDir dossier;
+    for (const Base base : bases) {
+        creeBase(fichier(dossier.path(), base), schema(base));
+    }
+    Database rdv = Database::open(fichier(dossier.path(), Base::RendezVous));
+    MetANiveau(rdv);
+    std::vector<std::unique_ptr<QProcess>> processus;
+    for (int i = 0; i < postes; ++i) {
+        QProcess &p = *processus.emplace_back(std::make_unique<QProcess>());
+        p.setProcessChannelMode(QProcess::ForwardedErrorChannel);
+        p.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--poste"), QString::number(hasard()), dossier.path()});
+    }
+    const auto fin = std::chrono::steady_clock::now() + std::chrono::milliseconds(300 + hasard() % 2000);
+    while (std::chrono::steady_clock::now() < fin) {
+        bilan.chevauchements +=
+            chevauchements(rendezVous(dossier.path())); // one that is undone later counts too
+    }
+    Journal journal;
+    for (const auto &p : processus) {
+        p->waitForFinished(0); // it goes on without end, or has failed
+        if (p->state() == QProcess::NotRunning) {
+            bilan.fautes << QStringLiteral("un poste en échec");
+        }
+        QThread::usleep(hasard() % 20'000); // not a wait: the random moment of the kill
+        p->kill();
+        p->waitForFinished();
+        journal.lit(p->readAllStandardOutput());
+    }
+    verifie(bilan, journal, dossier.path());
+}
+
+int dirige(int tours, unsigned graine) {
+    std::mt19937 hasard(graine);
+    Bilan bilan;
+    for (int i = 0; i < tours; ++i) {
+        tour(bilan, hasard);
+    }
+    QTextStream(stdout) << "Arrêts : " << tours * postes << " (graine " << graine
+                        << ")\nAcquittés : " << bilan.acquittes << "\nEn cours à l'arrêt : " << bilan.enCours
+                        << "\nChevauchements : " << bilan.chevauchements
+                        << "\nFautes : " << bilan.fautes.size() << '\n'
+                        << bilan.fautes.join(u'\n') << '\n';
+    return bilan.acquittes > 0 && bilan.chevauchements == 0 && bilan.fautes.isEmpty() ? 0 : 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    const QCoreApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    try {
+        if (arguments.value(1) == u"--poste") {
+            Poste(arguments[2], arguments[3]).travaille();
+        }
+        const QString graine = arguments.value(2, QString::number(std::random_device()()));
+        return dirige(arguments.value(1, QStringLiteral("20")).toInt(), graine.toUInt());
+    } catch (const std::exception &erreur) {
+        QTextStream(stderr) << QString::fromUtf8(erreur.what()) << '\n';
+        return 1;
+    }
+}
