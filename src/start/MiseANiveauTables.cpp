@@ -1,5 +1,9 @@
 #include "start/MiseANiveauTables.h"
 
+#include "search/RechercheTables.h"
+
+#include <algorithm>
+
 namespace {
 
 const QString tableRDV = QStringLiteral("RDV");
@@ -13,7 +17,7 @@ SqlText aRemplir() {
 }
 
 std::vector<IndexDef> indexRDV() {
-    return {
+    std::vector<IndexDef> index{
         // one practitioner's week or day, in drawing order
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
         // the day under the selection
@@ -24,6 +28,8 @@ std::vector<IndexDef> indexRDV() {
         // usually empty: every start looks for these rows, and must not read the whole book for that
         {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
     };
+    std::ranges::move(IndexRecherche(), std::back_inserter(index));
+    return index;
 }
 
 void remplit(Database &base) {
