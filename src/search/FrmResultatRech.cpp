@@ -9,6 +9,7 @@
 #include "practice/Impression.h"
 #include "search/LargeursResultat.h"
 
+#include <QHeaderView>
 #include <QKeyEvent>
 
 namespace {
@@ -46,6 +47,7 @@ FrmResultatRech::~FrmResultatRech() = default;
 void FrmResultatRech::remplit() {
     ui->Label3->setText(m_critere.nom);
     ui->Label4->setText(m_critere.prenom);
+    ui->Grille->verticalHeader()->setDefaultSectionSize(ui->Grille->fontMetrics().height() + 4);
     ui->Grille->setRowCount(int(m_trouves.liste.size()));
     for (const RDVTrouve &rdv : m_trouves.liste) {
         const LigneResultat ligne = ligneDe(rdv);
