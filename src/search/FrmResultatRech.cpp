@@ -37,6 +37,9 @@ FrmResultatRech::FrmResultatRech(const Environnement &env, const CritereRDV &cri
     connect(ui->BtnOK, &QPushButton::clicked, this, &QDialog::accept);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     ui->Grille->installEventFilter(this);
+    for (QLabel *avis : {ui->LblAucun, ui->LblHorsHoraires}) {
+        avis->setForegroundRole(QPalette::PlaceholderText);
+    }
     remplit();
 }
 
