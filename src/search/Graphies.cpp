@@ -3,15 +3,14 @@
 QStringList Graphies(const QString &texte) {
     constexpr char16_t horsAscii = 0x80;
     constexpr qsizetype assez = 64; // six accented letters
-    const QString majuscules = texte.toUpper();
-    QStringList graphies{majuscules};
-    for (qsizetype i = 0; i < majuscules.size() && graphies.size() <= assez; ++i) {
-        const QChar minuscule = majuscules[i].toLower();
-        if (majuscules[i].unicode() < horsAscii || minuscule == majuscules[i]) {
+    QStringList graphies{texte};
+    for (qsizetype i = 0; i < texte.size() && graphies.size() <= assez; ++i) {
+        const QChar lettre = texte[i];
+        if (lettre.unicode() < horsAscii || lettre.toUpper() == lettre.toLower()) {
             continue;
         }
         for (QString autre : QStringList(graphies)) {
-            autre[i] = minuscule;
+            autre[i] = lettre == lettre.toUpper() ? lettre.toLower() : lettre.toUpper();
             graphies << autre;
         }
     }

@@ -2,7 +2,6 @@
 
 #include <QStringList>
 
-/// The texts under which an index that ignores the case of unaccented letters only holds every text that is
-/// `texte` in upper case; empty when they would be too many. Texts with characters that are not
-/// `ordinaires` (see RechercheTables) may be missing.
+/// The texts under which an index that ignores the case of unaccented letters only holds every text that
+/// differs from `texte` by letter case alone: "é" may stand there as "É". Empty when they would be too many.
 QStringList Graphies(const QString &texte);

