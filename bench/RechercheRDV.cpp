@@ -15,7 +15,7 @@ int litNu(const QByteArray &fichier, const QByteArray &nom, const QByteArray &pr
     sqlite3_stmt *requete = nullptr;
     sqlite3_open_v2(fichier.constData(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
     sqlite3_prepare_v2(base,
-                       "SELECT * FROM RDV WHERE Nom COLLATE NOCASE = ?1 AND Prenom COLLATE NOCASE = ?2"
+                       "SELECT * FROM RDV WHERE upper(Nom) = upper(?1) AND Prenom = ?2"
                        " AND Date1 >= ?3 ORDER BY Date1, HeureDebut",
                        -1, &requete, nullptr);
     sqlite3_bind_text(requete, 1, nom.constData(), -1, SQLITE_STATIC);

@@ -3,16 +3,22 @@
 QStringList Graphies(const QString &texte) {
     constexpr char16_t horsAscii = 0x80;
     constexpr qsizetype assez = 64; // six accented letters
-    QStringList graphies{texte};
-    for (qsizetype i = 0; i < texte.size() && graphies.size() <= assez; ++i) {
-        const QChar lettre = texte[i];
-        if (lettre.unicode() < horsAscii || lettre.toUpper() == lettre.toLower()) {
-            continue;
+    QStringList graphies{QString()};
+    for (const QChar lettre : texte) {
+        const QChar majuscule = lettre.toUpper();
+        const QChar autre = majuscule == lettre ? lettre.toLower() : majuscule;
+        const QStringList debuts = graphies;
+        for (QString &graphie : graphies) {
+            graphie += lettre.unicode() < horsAscii ? majuscule : lettre;
         }
-        for (QString autre : QStringList(graphies)) {
-            autre[i] = lettre == lettre.toUpper() ? lettre.toLower() : lettre.toUpper();
-            graphies << autre;
+        if (lettre.unicode() >= horsAscii && autre != lettre) {
+            for (const QString &debut : debuts) {
+                graphies << debut + autre;
+            }
+        }
+        if (graphies.size() > assez) {
+            return {};
         }
     }
-    return graphies.size() <= assez ? graphies : QStringList();
+    return graphies;
 }

@@ -7,22 +7,17 @@
 
 namespace {
 
-/// Lets the index of the names serve; the names themselves decide.
-SqlText parmiGraphies(const CritereRDV &critere) {
-    const auto liste = [](const QStringList &graphies) {
-        SqlText sql("");
-        for (qsizetype i = 0; i < graphies.size(); ++i) {
-            (i > 0 ? sql << ", " : sql) << texte(graphies[i]);
-        }
-        return sql;
-    };
-    const QStringList noms = Graphies(critere.nom);
-    const QStringList prenoms = Graphies(critere.prenom);
-    if (noms.isEmpty() || prenoms.isEmpty()) {
+/// Lets the index serve where it can; the names themselves decide.
+SqlText parmiGraphies(const QString &nom) {
+    const QStringList graphies = Graphies(nom);
+    if (graphies.isEmpty()) {
         return SqlText("");
     }
-    return SqlText("TexteIndex(Nom) in (")
-           << liste(noms) << ") AND TexteIndex(Prenom) in (" << liste(prenoms) << ") AND ";
+    SqlText sql("upper(Nom) in (");
+    for (qsizetype i = 0; i < graphies.size(); ++i) {
+        (i > 0 ? sql << ", " : sql) << texte(graphies[i]);
+    }
+    return sql << ") AND ";
 }
 
 QString propre(const QString &nom) {
@@ -36,7 +31,7 @@ RDVsTrouves RendezVousDuPatient(Database &carnet, const CritereRDV &critere) {
     RDVsTrouves trouves;
     carnet.forEach(
         SqlText("Select RefRDV, Nom, Prenom, Date1, HeureDebut, HeureFin, Professionnel from RDV Where ")
-            << parmiGraphies(critere) << "Date1 >= " << dateSql(depuis) << " AND ucase(Nom) = "
+            << parmiGraphies(nom) << "Date1 >= " << dateSql(depuis) << " AND ucase(Nom) = "
             << texte(nom.toUpper()) << " AND ucase(Prenom) = " << texte(prenom.toUpper()),
         [&](const RowView &r) {
             if (propre(r.text(1)) != propre(nom) || propre(r.text(2)) != propre(prenom)) {
@@ -55,5 +50,5 @@ RDVsTrouves RendezVousDuPatient(Database &carnet, const CritereRDV &critere) {
 }
 
 IndexDef IndexRecherche() {
-    return {QStringLiteral("RDVParNom"), SqlText("TexteIndex(Nom), TexteIndex(Prenom), Date1")};
+    return {QStringLiteral("RDVParNom"), SqlText("upper(Nom)")};
 }

@@ -32,6 +32,6 @@ struct RDVsTrouves {
 /// Neither name is trimmed, and neither is a pattern.
 RDVsTrouves RendezVousDuPatient(Database &carnet, const CritereRDV &critere);
 
-/// The index of RDV that makes this quick; without it the whole book is read. It ignores the case of
-/// unaccented letters only: every program that writes the book has to be able to keep it up.
+/// The index of RDV that makes this quick; without it the whole book is read. What it holds any program can
+/// compute that writes the book, and it is cheap to make: the first name is left to the query.
 IndexDef IndexRecherche();
