@@ -18,8 +18,6 @@ std::vector<IndexDef> indexRDV() {
     return {
         // one practitioner's week or day, in drawing order
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
-        // the day under the selection
-        {QStringLiteral("RDVParDate"), SqlText("Date1")},
         // usually empty: rows that lie on another day than their key says
         {QStringLiteral("RDVDecales"), SqlText("Date1"),
          SqlText("DateInv Is Null Or DateInv <> InverseDate(Date1)")},
