@@ -27,10 +27,10 @@ QString phraseHorsHoraires(int combien) {
 
 } // namespace
 
-FrmResultatRech::FrmResultatRech(const Environnement &env, const CritereRDV &critere,
-                                 const RDVsTrouves &trouves, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmResultatRech>()), m_env(env), m_critere(critere),
-      m_trouves(trouves) {
+FrmResultatRech::FrmResultatRech(const Environnement &env, CritereRDV critere, RDVsTrouves trouves,
+                                 QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmResultatRech>()), m_env(env), m_critere(std::move(critere)),
+      m_trouves(std::move(trouves)) {
     ui->setupUi(this);
     connect(ui->Grille, &QTableWidget::cellDoubleClicked, this, [this](int ligne) { choisit(ligne); });
     connect(ui->BtnImprimer, &QPushButton::clicked, this, &FrmResultatRech::BtnImprimer_Click);

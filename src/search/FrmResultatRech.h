@@ -16,7 +16,7 @@ struct Environnement;
 class FrmResultatRech : public QDialog {
     Q_OBJECT
   public:
-    FrmResultatRech(const Environnement &env, const CritereRDV &critere, const RDVsTrouves &trouves,
+    FrmResultatRech(const Environnement &env, CritereRDV critere, RDVsTrouves trouves,
                     QWidget *parent = nullptr);
     ~FrmResultatRech() override;
     /// The RefRDV of the appointment that the user wants to see in the book, if there is one.

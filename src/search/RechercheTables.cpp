@@ -27,14 +27,13 @@ QString propre(const QString &nom) {
 } // namespace
 
 RDVsTrouves RendezVousDuPatient(Database &carnet, const CritereRDV &critere) {
-    const auto &[nom, prenom, depuis] = critere;
     RDVsTrouves trouves;
     carnet.forEach(
         SqlText("Select RefRDV, Nom, Prenom, Date1, HeureDebut, HeureFin, Professionnel from RDV Where ")
-            << parmiGraphies(nom) << "Date1 >= " << dateSql(depuis) << " AND ucase(Nom) = "
-            << texte(nom.toUpper()) << " AND ucase(Prenom) = " << texte(prenom.toUpper()),
+            << parmiGraphies(critere.nom) << "Date1 >= " << dateSql(critere.depuis) << " AND ucase(Nom) = "
+            << texte(critere.nom.toUpper()) << " AND ucase(Prenom) = " << texte(critere.prenom.toUpper()),
         [&](const RowView &r) {
-            if (propre(r.text(1)) != propre(nom) || propre(r.text(2)) != propre(prenom)) {
+            if (propre(r.text(1)) != propre(critere.nom) || propre(r.text(2)) != propre(critere.prenom)) {
                 return;
             }
             if (r.boolean(6)) {
