@@ -7,11 +7,11 @@
 namespace {
 
 struct Rangee {
-    const char *nom;
-    const char *prenom; ///< none: Null
+    const char *nom = nullptr; ///< none: Null, here and below
+    const char *prenom = nullptr;
     const char *jour = "2005-03-08";
     const char *debut = "09:00:00";
-    const char *professionnel = "1"; ///< none: Null
+    const char *professionnel = "1";
     const char *praticien = "01";
 };
 
@@ -51,9 +51,9 @@ TEST(RendezVousDuPatient, FindsTheSameWithAndWithoutItsIndex) {
                               {"", ""},
                               {nullptr, nullptr}};
     const struct {
-        const char *nom;
-        const char *prenom;
-        const char *attendus;
+        const char *nom = "";
+        const char *prenom = "";
+        const char *attendus = "";
         QDate depuis{2005, 3, 7};
     } cas[] = {{"dupont", "jean", "3 2 1 +2"},
                {"DUPONT", "Jean", "4 3 2 1 +2", {2005, 3, 6}},

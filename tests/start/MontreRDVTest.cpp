@@ -11,7 +11,7 @@ TEST(MontreRDV, GoesWhereTheAppointmentLies) {
     f.livre.config({.nom = "Principal", .fauteuil = 0, .praticien = "02", .intervalle = 15});
     struct {
         RangRDV rang;
-        const char *montre; ///< view, practitioner, day and patient as the status bar names them
+        const char *montre = ""; ///< view, practitioner, day and patient as the status bar names them
         qint64 ref = 0;
     } cas[] = {
         {{.nom = "ICI", .jour = "2026-03-12"}, "semaine 1 12 mars 2026 ICI"},
