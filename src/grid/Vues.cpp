@@ -53,6 +53,12 @@ void Vues::montreHeureCourante(const Affichage &affichage) {
     }
 }
 
+void Vues::montreContour() {
+    for (FlexGrid *vue : montrees()) {
+        vue->showOutlined();
+    }
+}
+
 bool Vues::glisse() const {
     return std::ranges::any_of(montrees(), [](const FlexGrid *vue) { return vue->isDragging(); });
 }

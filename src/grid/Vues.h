@@ -20,6 +20,8 @@ class Vues : public QObject {
     void dimensionne();
     /// Brings the hour of `affichage.lu` into sight where that day is shown.
     void montreHeureCourante(const Affichage &affichage);
+    /// Brings the outlined cells into sight.
+    void montreContour();
     bool glisse() const;
     /// A message takes the release of the button away.
     void finGlisse();

@@ -2,6 +2,7 @@
 
 #include "platform/db/Database.h"
 #include "platform/files/StoredPaths.h"
+#include "platform/printing/Printer.h"
 #include "practice/CheminTables.h"
 
 #include <QDateTime>
@@ -16,6 +17,7 @@ class Messages;
 struct Environnement {
     std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
     Messages *messages = nullptr;
+    Printer imprimante = printOnDefaultPrinter;
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
 

@@ -1,7 +1,9 @@
 #include "start/CarnetMontre.h"
 
+#include "config/PraticienTables.h"
 #include "grid/AffichageTables.h"
 #include "grid/Navigation.h"
+#include "grid/RendezVousTables.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
@@ -142,6 +144,58 @@ bool CarnetMontre::selectionneRDV(qint64 RefRDV) {
         prendSelection(trouvee);
     }
     return !trouvee.vide();
+}
+
+/// What may show an appointment, the nearest to what is shown first.
+QList<Demande> CarnetMontre::demandesPour(const RendezVous &rdv) const {
+    if (!rdv.Date1.isValid()) {
+        return {};
+    }
+    QList<Demande> demandes;
+    Demande autreFauteuil = courante();
+    if (autreFauteuil.numPraticien() == rdv.NumPraticien) {
+        demandes << m_affichage.suite(); // zoom and unsaved settings kept
+    } else {
+        autreFauteuil.PraticienCourant = Praticien{rdv.NumPraticien, {}, {}}.numero();
+    }
+    autreFauteuil.fauteuil = rdv.Fauteuil;
+    Demande autreVue = autreFauteuil;
+    autreVue.VueSemaine = !autreVue.VueSemaine;
+    demandes << autreFauteuil << autreVue;
+    for (Demande &demande : demandes) {
+        demande.jour = rdv.Date1;
+    }
+    return demandes;
+}
+
+void CarnetMontre::montreRDV(qint64 RefRDV) {
+    std::optional<RendezVous> rdv;
+    std::optional<Affichage> trouve;
+    const auto lecture = [&](Database &carnet) {
+        rdv = LitRDV(carnet, RefRDV);
+        for (const Demande &demande : rdv ? demandesPour(*rdv) : QList<Demande>()) {
+            const Affichage lu = LitAffichage(carnet, demande, m_env.maintenant());
+            if (!SelectionneRDV(lu, RefRDV).vide()) {
+                trouve = lu;
+                return;
+            }
+        }
+    };
+    if (!lit(lecture, Annonce::Toujours)) {
+        return;
+    }
+    if (trouve) {
+        prend(*trouve);
+        selectionneRDV(RefRDV);
+        emit selectionAMontrer();
+    } else if (rdv) {
+        m_env.messages->show(
+            QStringLiteral("Le rendez-vous du %1, de %2 à %3, n'est montré ni par la semaine ni par le jour.")
+                .arg(DatesFr::jourComplet(rdv->Date1), DatesFr::heure(rdv->HeureDebut),
+                     DatesFr::heure(rdv->HeureFin)));
+    } else {
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
+    }
 }
 
 void CarnetMontre::annuleSuivant() {

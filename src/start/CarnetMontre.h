@@ -54,6 +54,9 @@ class CarnetMontre : public QObject {
     void selectionne(int grille, const Coins &coins, Geste geste);
     /// Selects an appointment, if it is shown.
     bool selectionneRDV(qint64 RefRDV);
+    /// Goes where an appointment lies now and selects it: in the view that is shown, or in the other one
+    /// where only that has its day. One that is gone, or that neither shows, is told, and all stays.
+    void montreRDV(qint64 RefRDV);
     /// A double click's first press was no wish for the next appointment of the row.
     void annuleSuivant();
 
@@ -61,6 +64,8 @@ class CarnetMontre : public QObject {
     /// Another Affichage, and with it another selection.
     void affichageChange();
     void selectionChange();
+    /// The selection was asked for by its appointment, and may lie out of sight.
+    void selectionAMontrer();
     /// A reading went well or failed.
     void lectureChange();
 
@@ -68,6 +73,7 @@ class CarnetMontre : public QObject {
     bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
     bool relitJour(int grille, QDate jour);
     Demande courante() const;
+    QList<Demande> demandesPour(const RendezVous &rdv) const;
     void prendSelection(const Selection &selection);
 
     const Environnement &m_env;

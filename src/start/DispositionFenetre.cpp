@@ -7,6 +7,12 @@
 
 #include <QHBoxLayout>
 
+QFont PoliceSansMiseEnForme(QFont police) {
+    police.setStyleStrategy(QFont::PreferNoShaping);
+    police.setKerning(false);
+    return police;
+}
+
 QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     QWidget *coin = ui.menubar->cornerWidget();
     if (coin == nullptr) {

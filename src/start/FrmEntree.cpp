@@ -11,6 +11,7 @@
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Environnement.h"
+#include "start/ActionsPatient.h"
 #include "start/ActionsSelection.h"
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
@@ -34,15 +35,8 @@ constexpr int periodeTimer1 = 65535; // ms
 constexpr int periodeReprise = 5000; // ms, as long as the book could not be read
 constexpr int attenteTimer1 = 500;   // ms, while the user is in the middle of something
 
-/// French needs no shaping of its letters: a grid full of names is laid out in half the time without.
-QFont sansMiseEnForme(QFont police) {
-    police.setStyleStrategy(QFont::PreferNoShaping);
-    police.setKerning(false);
-    return police;
-}
-
 std::unique_ptr<Ui::FrmEntree> controles(FrmEntree &fenetre) {
-    fenetre.setFont(sansMiseEnForme(fenetre.font()));
+    fenetre.setFont(PoliceSansMiseEnForme(fenetre.font()));
     auto ui = std::make_unique<Ui::FrmEntree>();
     ui->setupUi(&fenetre);
     return ui;
@@ -86,24 +80,27 @@ void FrmEntree::relieCarnet() {
             [this](const QPoint &position) { ui->mnupatient->popup(position); });
     connect(&m_carnet, &CarnetMontre::affichageChange, this, &FrmEntree::dessine);
     connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
+    connect(&m_carnet, &CarnetMontre::selectionAMontrer, m_vues, &Vues::montreContour);
     connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
     connect(m_surveillance, &Surveillance::lectureSeule, this, &FrmEntree::dessineLecture);
 }
 
 void FrmEntree::relieMenus() {
-    const auto relie = [this](QAction *action, auto gestionnaire) {
-        m_commandes.relie(action, [this, gestionnaire] { std::invoke(gestionnaire, this); });
-    };
-    const auto relieSelection = [this](QAction *action, auto gestionnaire) {
-        m_commandes.relie(action, [this, gestionnaire] {
-            std::invoke(gestionnaire, m_actions);
-            dessineMenus(); // Qt has turned over the tick
+    const auto relieA = [this](auto *objet, QAction *action, auto gestionnaire) {
+        m_commandes.relie(action, [this, objet, gestionnaire] {
+            std::invoke(gestionnaire, objet);
+            dessineMenus(); // Qt may have turned over a tick
         });
     };
-    relieSelection(ui->mnuAjouter, &ActionsSelection::mnuAjouter_Click);
-    relieSelection(ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
-    relieSelection(ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
-    relieSelection(ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
+    const auto relie = [this, relieA](QAction *action, auto gestionnaire) {
+        relieA(this, action, gestionnaire);
+    };
+    auto *patient = new ActionsPatient(m_env, m_carnet, *this);
+    relieA(m_actions, ui->mnuAjouter, &ActionsSelection::mnuAjouter_Click);
+    relieA(m_actions, ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
+    relieA(m_actions, ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
+    relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
+    relieA(patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);

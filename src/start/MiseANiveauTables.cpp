@@ -1,6 +1,5 @@
 #include "start/MiseANiveauTables.h"
 
-#include "platform/db/DbError.h"
 
 namespace {
 
@@ -18,13 +17,12 @@ std::vector<IndexDef> indexRDV() {
     return {
         // one practitioner's week or day, in drawing order
         {QStringLiteral("RDVParJour"), SqlText("clng(NumPraticien), DateInv, HeureDebut, clng(Fauteuil)")},
-        // the day under the selection
-        {QStringLiteral("RDVParDate"), SqlText("Date1")},
         // usually empty: rows that lie on another day than their key says
         {QStringLiteral("RDVDecales"), SqlText("Date1"),
          SqlText("DateInv Is Null Or DateInv <> InverseDate(Date1)")},
         // usually empty: every start looks for these rows, and must not read the whole book for that
         {QStringLiteral("RDVARemplir"), SqlText("RefRDV"), aRemplir()},
+        IndexRecherche(),
     };
 }
 

@@ -1,7 +1,9 @@
+#include "platform/ui/DatesFr.h"
 #include "support/CabinetDEssai.h"
 #include "support/Livre.h"
 #include "support/WaitUntil.h"
 
+#include <QDir>
 #include <QFile>
 #include <QImage>
 #include <QProcess>
@@ -117,6 +119,51 @@ TEST(Programme, EndsWhenThePathDatabaseIsOfNoUse) {
         EXPECT_EQ(programme.code(), 1) << nom;
         EXPECT_EQ(cabinet.empreintes(), avant) << nom;
     }
+}
+
+TEST(Programme, SearchesShowsAndPrintsACard) {
+    const CabinetDEssai cabinet;
+    Database carnet = cabinet.ouvre(Base::RendezVous);
+    carnet.execute(
+        SqlText("update RDV set Nom = 'D''ANGÉLO', Prenom = 'Zoé', Professionnel = 1 where RefRDV in "
+                "(select RefRDV from RDV where Date1 > '2026-04-01' and clng(NumPraticien) = 1 order by "
+                "Date1 limit 2)"));
+    Programme programme(sur(cabinet));
+    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
+    xdotool({q("key"), q("ctrl+f")});
+    ASSERT_TRUE(programme.fenetre(" Rechercher"));
+    const auto tape = [](const char *texte) { xdotool({q("type"), q("--delay"), q("30"), q(texte)}); };
+    xdotool({q("key"), q("Tab"), q("Tab"), q("Tab")}); // past the lookup
+    tape("d'angélo");
+    xdotool({q("key"), q("Tab")});
+    tape("zoé");
+    xdotool({q("key"), q("Return")});
+    ASSERT_TRUE(programme.fenetre(" Résultat de la recherche"));
+    xdotool({q("key"), q("Tab"), q("Return")}); // Imprimer
+    ASSERT_TRUE(programme.fenetre("Tavelin")) << "where the file is";
+    xdotool({q("key"), q("Return")});
+    ASSERT_TRUE(programme.fenetre(" Résultat de la recherche"));
+
+    const QDir mots(cabinet.dossier() + q("/Donnees/Word"));
+    const QStringList fichiers = mots.entryList({q("CarteRDV20260311_10*.pdf")});
+    ASSERT_EQ(fichiers.size(), 1);
+    QProcess lecteur;
+    lecteur.start(q("pdftotext"), {q("-layout"), mots.filePath(fichiers[0]), q("-")});
+    lecteur.waitForFinished();
+    const QString carte = QString::fromUtf8(lecteur.readAll()).simplified();
+    const Records rows = carnet.query(
+        SqlText("select Date1, HeureDebut from RDV where Nom = 'D''ANGÉLO' order by Date1, HeureDebut"));
+    QString attendue = q("Rendez-vous de d'angélo zoé");
+    for (const Record row : rows) {
+        const QDate jour = row[u"Date1"].toDate();
+        attendue += u' ' + DatesFr::jourComplet(jour) + u' ' + DatesFr::heure(row[u"HeureDebut"].toTime());
+    }
+    EXPECT_EQ(carte, attendue);
+
+    xdotool({q("key"), q("shift+Tab"), q("Return")}); // the first appointment
+    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
+    xdotool({q("key"), q("Return")});
+    EXPECT_TRUE(programme.fenetre(" Édition d'un rendez-vous")) << "it is selected";
 }
 
 TEST(Programme, SaysInFrenchThatThereIsNoScreen) {

@@ -17,6 +17,10 @@ QString courte(QDate date) {
     return spelled(date, u"dd/MM/yyyy");
 }
 
+QString jourSemaine(QDate date) {
+    return spelled(date, u"dddd");
+}
+
 QString enteteJour(QDate date) {
     return spelled(date, u"dddd dd MMM");
 }

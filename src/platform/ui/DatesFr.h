@@ -9,13 +9,15 @@ namespace DatesFr {
 
 /// "dd/MM/yyyy"
 QString courte(QDate date);
+/// "dddd"
+QString jourSemaine(QDate date);
 /// "dddd dd MMM", e.g. mercredi 11 mars: a week column's header
 QString enteteJour(QDate date);
 /// "dddd dd MMMM": a day grid's header
 QString enteteJourLong(QDate date);
 /// "dddd dd MMM yyyy"
 QString jourComplet(QDate date);
-/// "dd MMM yyyy": the status bar
+/// "dd MMM yyyy": the status bar, a list of appointments
 QString etat(QDate date);
 /// "hh:mm", 24 hours; empty for an invalid time
 QString heure(QTime time);

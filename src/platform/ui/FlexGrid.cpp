@@ -64,9 +64,22 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
 }
 
 void FlexGrid::showAtTop(int row) {
-    executeDelayedItemsLayout(); // right after a redraw the scroll bar still has the old range
-    updateGeometries();
+    settleRows();
     scrollTo(m_cells.index(row, 0), QAbstractItemView::PositionAtTop);
+}
+
+void FlexGrid::showOutlined() {
+    if (m_outline) {
+        settleRows();
+        scrollTo(m_cells.index(m_outline->rowSel, m_outline->colSel));
+        scrollTo(m_cells.index(m_outline->row, m_outline->col));
+    }
+}
+
+/// Right after a redraw the scroll bar still has the old range.
+void FlexGrid::settleRows() {
+    executeDelayedItemsLayout();
+    updateGeometries();
 }
 
 void FlexGrid::showOutline(const std::optional<Corners> &corners) {

@@ -45,6 +45,8 @@ class FlexGrid : public QTableView {
     int leastRowHeight() const;
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
+    /// Scrolls as little as brings the outlined cells into sight, the first of them in any case.
+    void showOutlined();
 
   signals:
     void selectionAsked(const FlexGrid::Corners &corners, FlexGrid::Gesture gesture);
@@ -67,6 +69,7 @@ class FlexGrid : public QTableView {
     void afterReset();
     /// Rows share the height, between the least that their text needs and twice that.
     void fitRows();
+    void settleRows();
     void paintFrame();
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;

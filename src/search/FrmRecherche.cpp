@@ -1,0 +1,68 @@
+#include "search/FrmRecherche.h"
+
+#include "ui_FrmRecherche.h"
+
+#include "platform/ui/Messages.h"
+#include "platform/ui/Sablier.h"
+#include "practice/Essai.h"
+#include "schedule/TrancheHoraire.h"
+#include "search/FrmResultatRech.h"
+
+FrmRecherche::FrmRecherche(const Environnement &env, const QString &nom, const QString &prenom,
+                           QWidget *parent)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmRecherche>()), m_env(env) {
+    ui->setupUi(this);
+    ui->DTPicker1->setReader(LitDate, premiereDate, derniereDate);
+    connect(ui->recherchePatient, &RecherchePatient::patientParcouru, this, &FrmRecherche::montrePatient);
+    connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this,
+            [this](const PatientTrouve &patient) {
+                montrePatient(patient);
+                BtnOK_Click();
+            });
+    for (const QLineEdit *champ : {ui->Text1, ui->Text2}) {
+        connect(champ, &QLineEdit::textEdited, ui->recherchePatient, &RecherchePatient::oublieChoix);
+    }
+    connect(ui->BtnOK, &QPushButton::clicked, this, &FrmRecherche::BtnOK_Click);
+    connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    ui->Text1->setText(nom);
+    ui->Text2->setText(prenom);
+    ui->DTPicker1->setDate(env.maintenant().date());
+    ui->recherchePatient->utilise(env);
+    ui->recherchePatient->setFocus();
+}
+
+FrmRecherche::~FrmRecherche() = default;
+
+// ---- Handlers
+
+void FrmRecherche::montrePatient(const PatientTrouve &patient) {
+    const Sablier sablier;
+    ui->Text1->setText(patient.nom);
+    ui->Text2->setText(patient.prenom);
+}
+
+void FrmRecherche::BtnOK_Click() {
+    const std::optional<QDate> depuis = ui->DTPicker1->date();
+    if (!depuis) {
+        m_env.messages->show(
+            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
+            QStringLiteral("Erreur"));
+        ui->DTPicker1->setFocus();
+        return;
+    }
+    const CritereRDV critere{ui->Text1->text(), ui->Text2->text(), *depuis};
+    RDVsTrouves trouves;
+    const bool lu = essaie(m_env, [&] {
+        const Sablier sablier;
+        Database carnet = m_env.ouvreCarnet();
+        trouves = RendezVousDuPatient(carnet, critere);
+    });
+    if (!lu) {
+        return;
+    }
+    FrmResultatRech resultat(m_env, critere, trouves, this);
+    if (resultat.exec() == QDialog::Accepted) {
+        m_choisi = resultat.choisi();
+        accept();
+    }
+}
