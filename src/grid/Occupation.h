@@ -1,6 +1,9 @@
 #pragma once
 
-#include "booking/Selection.h"
+#include "grid/RendezVous.h"
+#include "schedule/Creneaux.h"
+
+#include <QList>
 
 /// Which ranges of a day are free: rules on the day's appointments of one practitioner and chair, in any
 /// order. A range is half-open: its start belongs to it, its end does not. The range asked for counts in

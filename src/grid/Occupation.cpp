@@ -1,6 +1,4 @@
-#include "booking/Occupation.h"
-
-#include "schedule/Creneaux.h"
+#include "grid/Occupation.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "booking/Occupation.h"
+#include "grid/Occupation.h"
 
 #include <gtest/gtest.h>
 
