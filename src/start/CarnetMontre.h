@@ -37,10 +37,13 @@ class CarnetMontre : public QObject {
     void montreFauteuil(long fauteuil);
     bool montreSemaine();
     bool montreJour();
+    bool montreJour(QDate jour);
     /// The book as it is, unsaved settings and zoom given up where the week is shown.
     void rafraichit();
     // Elsewhere with the same chair and configuration
     void vaAu(QDate jour);
+    /// Goes to a free place and selects its hours. False: the reading failed, and all stays.
+    bool montrePlace(const PlaceRDV &place);
     /// Says where the book ends.
     void decale(int jours);
     /// The week in 5-minute slots, or back; the day grids keep their own.
@@ -54,6 +57,9 @@ class CarnetMontre : public QObject {
     void selectionne(int grille, const Coins &coins, Geste geste);
     /// Selects an appointment, if it is shown.
     bool selectionneRDV(qint64 RefRDV);
+    /// Reads again after a writing and selects what was written (RefRDV 0: nothing); tells where it lies when
+    /// it is not shown.
+    void montreEcrit(const RendezVous &rdv);
     /// A double click's first press was no wish for the next appointment of the row.
     void annuleSuivant();
 
@@ -66,6 +72,8 @@ class CarnetMontre : public QObject {
 
   private:
     bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
+    std::optional<Affichage> lit(const Demande &demande, Annonce annonce);
+    void prend(const Affichage &lu, const Selection &selection);
     bool relitJour(int grille, QDate jour);
     Demande courante() const;
     void prendSelection(const Selection &selection);

@@ -11,6 +11,7 @@
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Environnement.h"
+#include "start/ActionsPatient.h"
 #include "start/ActionsSelection.h"
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
@@ -60,6 +61,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_actions(new ActionsSelection(env, m_carnet, *this)),
+      m_patient(new ActionsPatient(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
@@ -104,6 +106,7 @@ void FrmEntree::relieMenus() {
     relieSelection(ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
     relieSelection(ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
     relieSelection(ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
+    m_commandes.relie(ui->mnuRDVlibre, [this] { m_patient->mnuRDVlibre_Click(); });
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
@@ -116,8 +119,6 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuSauver, &FrmEntree::mnuSauver_Click);
     relie(ui->menuSuppConfig, &FrmEntree::menuSuppConfig_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
-    ui->mnuReporter->setVisible(false);
-    ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
 }
 
 void FrmEntree::relieBoutons() {
