@@ -47,6 +47,7 @@ QList<QTime> DebutsLibres(const Configuration &config, QDate jour, QTime duree, 
     const int fin = enMinutes(sansApresMidi ? config.HeureMatFin : config.HeurePMFin);
     const int longueur = enMinutes(duree);
     const int points = NbIntervalles(duree, pas);
+    const MinutesPrises prises = MinutesDe(rendezVous);
     for (int t = enMinutes(sansMatin ? config.HeurePMDebut : config.HeureMatDebut);
          t < fin && t + longueur <= fin; t += pas) {
         const bool commenceAMidi = t >= finMatin && t < debutPM;
@@ -54,7 +55,7 @@ QList<QTime> DebutsLibres(const Configuration &config, QDate jour, QTime duree, 
         if (commenceAMidi || finitAMidi) {
             t = debutPM;
         }
-        if (PlageLibre(rendezVous, enHeure(t), pas, points)) {
+        if (PlageLibre(prises, enHeure(t), pas, points)) {
             debuts << enHeure(t);
         }
     }

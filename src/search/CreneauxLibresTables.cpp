@@ -2,6 +2,8 @@
 
 #include "grid/RendezVousTables.h"
 
+#include <algorithm>
+
 namespace {
 
 /// The stored slot length: zoom and unsaved settings do not move the starts.
@@ -12,28 +14,41 @@ std::optional<int> intervalle(Database &carnet, const DemandeCreneau &demande) {
     return rows.isEmpty() ? std::nullopt : std::optional(int(rows.first()[u"Intervalle"].toInteger()));
 }
 
+QList<RendezVous> duJour(const QList<RendezVous> &lus, QDate jour) {
+    const auto trouves = std::ranges::equal_range(lus, jour, {}, &RendezVous::Date1);
+    return {trouves.begin(), trouves.end()};
+}
+
+/// The days from `jour` to `dernier`, whose appointments are read at once.
+EtapeCreneau chercheDans(Database &carnet, const DemandeCreneau &demande, QDate jour, QDate dernier) {
+    const QList<RendezVous> lus =
+        RendezVousEntre(carnet, jour, dernier, demande.numPraticien(), demande.numFauteuil());
+    for (; jour <= dernier; jour = jour.addDays(1)) {
+        const std::optional<int> pas = intervalle(carnet, demande);
+        if (!pas) {
+            return {EtapeCreneau::Etat::SansConfiguration, jour};
+        }
+        const QList<QTime> debuts =
+            DebutsLibres(demande.config, jour, demande.duree, *pas, duJour(lus, jour));
+        if (!debuts.isEmpty()) {
+            return {EtapeCreneau::Etat::Trouve, jour, debuts};
+        }
+    }
+    return {EtapeCreneau::Etat::EnCours, jour};
+}
+
 } // namespace
 
 EtapeCreneau ChercheCreneau(Database &carnet, const DemandeCreneau &demande, QDate jour,
                             const std::function<bool()> &encore) {
-    using Etat = EtapeCreneau::Etat;
-    do {
-        const std::optional<int> pas = intervalle(carnet, demande);
-        if (!pas) {
-            return {Etat::SansConfiguration, jour};
+    constexpr int joursLusAuPlus = 32;
+    for (int jours = 1; jour <= demande.dernierJour(); jours = std::min(2 * jours, joursLusAuPlus)) {
+        const QDate dernier = std::min(jour.addDays(jours - 1), demande.dernierJour());
+        const EtapeCreneau etape = chercheDans(carnet, demande, jour, dernier);
+        if (etape.etat != EtapeCreneau::Etat::EnCours || !encore()) {
+            return etape;
         }
-        const auto travaille = PremierJourTravaille(demande.config, jour, demande.dernierJour());
-        if (!travaille) {
-            return {Etat::Epuise, jour};
-        }
-        jour = *travaille;
-        const QList<RendezVous> pris =
-            RendezVousEntre(carnet, jour, jour, demande.numPraticien(), demande.numFauteuil());
-        const QList<QTime> debuts = DebutsLibres(demande.config, jour, demande.duree, *pas, pris);
-        if (!debuts.isEmpty()) {
-            return {Etat::Trouve, jour, debuts};
-        }
-        jour = jour.addDays(1);
-    } while (encore());
-    return {Etat::EnCours, jour};
+        jour = etape.jour;
+    }
+    return {EtapeCreneau::Etat::Epuise, jour};
 }

@@ -18,7 +18,7 @@ struct EtapeCreneau {
     QList<QTime> debuts = {};
 };
 
-/// Looks from `jour` on, day after day, for the first one that has room; at least at one day, and on as long
-/// as `encore` says so. The slot length and the appointments are read once for each day looked at.
+/// Looks from `jour` on, day after day, for the first one that has room; on as long as `encore` says so,
+/// which is asked every few days. The slot length is read at each day; appointments, by some days at once.
 EtapeCreneau ChercheCreneau(Database &carnet, const DemandeCreneau &demande, QDate jour,
                             const std::function<bool()> &encore);

@@ -180,8 +180,11 @@ TEST_F(FrmRDVlibreTest, APickGivesThePlace) {
 }
 
 TEST_F(FrmRDVlibreTest, ASearchCanBeStoppedAndMayFail) {
-    for (int fois = 0; fois < 8; ++fois) { // long enough for a search of some stretches
-        remplit();
+    remplit();
+    for (int fois = 0; fois < 8; ++fois) { // 94,000 rows: a search of several stretches
+        livre.execute(
+            SqlText("insert into RDV (Date1, DateInv, HeureDebut, HeureFin, NumPraticien, Fauteuil) "
+                    "select Date1, DateInv, HeureDebut, HeureFin, NumPraticien, Fauteuil from RDV"));
     }
     ouvre();
     auto &annuler = objet<QPushButton>("BtnAnnuler");
