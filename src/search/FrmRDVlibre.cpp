@@ -147,7 +147,7 @@ QString FrmRDVlibre::ligneDe(const EtapeCreneau &etape) const {
     if (etape.debuts.isEmpty() || Dans(Jour(etape.jour), m_recherche->demande().config.JourAffich)) {
         return {};
     }
-    return QStringLiteral("Le %1 n'est pas affiché dans la semaine : le rendez-vous sera montré par jour.")
+    return QStringLiteral("Le %1 n'est pas affiché : le carnet montrera ce jour après l'ajout.")
         .arg(DatesFr::jourComplet(etape.jour));
 }
 

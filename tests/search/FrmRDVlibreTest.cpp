@@ -137,7 +137,7 @@ TEST_F(FrmRDVlibreTest, WhatIsShownAndWhatIsStored) {
     zoomee.HeurePMFin = QTime(16, 0);
     ouvre(zoomee);
     joue("BtnOK | mercredi 11 mars 2026 00:05: 11/03/2026 14:00 15:00 Le mercredi 11 mars 2026 n'est pas "
-         "affiché dans la semaine : le rendez-vous sera montré par jour.");
+         "affiché : le carnet montrera ce jour après l'ajout.");
     livre.execute(SqlText("update Config set Intervalle = 0"));
     joue("BtnOK | mercredi 11 mars 2026 00:05 | Aucun horaire libre de 00:05 du 11/03/2026 au 11/03/2027.");
     livre.execute(SqlText("delete from Config"));
