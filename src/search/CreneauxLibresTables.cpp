@@ -15,8 +15,8 @@ std::optional<int> intervalle(Database &carnet, const DemandeCreneau &demande) {
 }
 
 QList<RendezVous> duJour(const QList<RendezVous> &lus, QDate jour) {
-    const auto trouves = std::ranges::equal_range(lus, jour, {}, &RendezVous::Date1);
-    return {trouves.begin(), trouves.end()};
+    return {std::ranges::lower_bound(lus, jour, {}, &RendezVous::Date1),
+            std::ranges::upper_bound(lus, jour, {}, &RendezVous::Date1)};
 }
 
 /// The days from `jour` to `dernier`, whose appointments are read at once.

@@ -188,6 +188,8 @@ void FrmRDVlibre::reject() {
 }
 
 void FrmRDVlibre::closeEvent(QCloseEvent *event) {
-    m_recherche->arrete();
+    if (m_recherche->enCours()) {
+        reject(); // stops it; the next one closes
+    }
     QDialog::closeEvent(event);
 }
