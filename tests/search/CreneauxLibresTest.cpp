@@ -67,7 +67,8 @@ TEST(CreneauxLibres, StartsOfADay) {
         over lunch                   | 08:30 12:00 13:00 18:00 | 0 | 60 | 05:00 |             | 08:30 09:30 10:30 11:30 13:00
         a step begun counts          | 09:00 10:00 10:00 10:30 | 0 | 15 | 00:20 | 09:15 09:30 | 09:30 09:45 10:00
         points only                  | 09:00 09:30 09:30 09:30 | 0 | 15 | 00:15 | 09:10 09:20 | 09:00
-        a day longer than the day    | 08:00 12:00 14:00 18:00 | 0 | 15 | 10:15 |             |
+        nothing is wanted            | 08:00 09:00 09:00 09:00 | 0 | 30 | 00:00 | 08:00 09:00 | 08:00 08:30
+        longer than the day          | 08:00 12:00 14:00 18:00 | 0 | 15 | 10:15 |             |
         no step                      | 08:00 12:00 14:00 18:00 | 0 | 0  | 00:15 |             |)")) {
         const QStringList b = cas[1].split(u' ');
         QList<RendezVous> jour(cas[5].isEmpty() ? 0 : 1);

@@ -74,10 +74,18 @@ class FrmRDVlibreTest : public testing::Test {
     }
     /// Every day of the search is taken.
     void remplit() {
+        Database base = livre.ouvre();
+        Transaction ecriture(base);
         for (int i = 0; i < joursCherches; ++i) {
-            const QByteArray jour = cabinet.maintenant.date().addDays(i).toString(Qt::ISODate).toLatin1();
-            livre.rdv({.debut = "07:00:00", .fin = "19:00:00", .jour = jour.constData()});
+            const QDate jour = cabinet.maintenant.date().addDays(i);
+            base.insert(q("RDV"), {{q("Date1"), Value::date(jour)},
+                                   {q("DateInv"), jour.toString(q("yyyyMMdd"))},
+                                   {q("HeureDebut"), q("07:00:00")},
+                                   {q("HeureFin"), q("19:00:00")},
+                                   {q("NumPraticien"), q("01")},
+                                   {q("Fauteuil"), 1}});
         }
+        ecriture.commit();
     }
 
     CabinetDEssai cabinet;
