@@ -72,20 +72,21 @@ class FrmRDVlibreTest : public testing::Test {
             EXPECT_EQ(dits(), rangee.value(2).toStdString()) << rangee[0].toStdString();
         }
     }
-    /// Every day of the search is taken.
-    void remplit() {
-        Database base = livre.ouvre();
-        Transaction ecriture(base);
-        for (int i = 0; i < joursCherches; ++i) {
-            const QDate jour = cabinet.maintenant.date().addDays(i);
-            base.insert(q("RDV"), {{q("Date1"), Value::date(jour)},
-                                   {q("DateInv"), jour.toString(q("yyyyMMdd"))},
-                                   {q("HeureDebut"), q("07:00:00")},
-                                   {q("HeureFin"), q("19:00:00")},
-                                   {q("NumPraticien"), q("01")},
-                                   {q("Fauteuil"), 1}});
+    /// Every appointment once more, so many days later.
+    void copie(int jours) const {
+        const QString plus = q("%1 day").arg(jours);
+        livre.execute(
+            SqlText("insert into RDV (Date1, DateInv, HeureDebut, HeureFin, NumPraticien, Fauteuil) "
+                    "select date(Date1, ")
+            << texte(plus) << "), replace(date(Date1, " << texte(plus)
+            << "), '-', ''), HeureDebut, HeureFin, NumPraticien, Fauteuil from RDV");
+    }
+    /// Full days from today on, for longer than any search.
+    void remplit() const {
+        livre.rdv({.debut = "07:00:00", .fin = "19:00:00"});
+        for (int jours = 1; jours < joursCherches; jours *= 2) {
+            copie(jours);
         }
-        ecriture.commit();
     }
 
     CabinetDEssai cabinet;
@@ -148,7 +149,7 @@ TEST_F(FrmRDVlibreTest, NothingIsSearchedForEver) {
     remplit();
     ouvre();
     joue("BtnOK | mercredi 11 mars 2026 01:00 | Aucun horaire libre de 01:00 du 11/03/2026 au 11/03/2027.");
-    livre.execute(SqlText("delete from RDV where DateInv = '20270311'"));
+    livre.execute(SqlText("delete from RDV where DateInv >= '20270311'"));
     joue("BtnOK | mercredi 11 mars 2026 01:00: 11/03/2027 08:00 09:00 14:00");
     Configuration grisee = configDe(rang);
     grisee.JourGrise.fill(3);
@@ -176,10 +177,8 @@ TEST_F(FrmRDVlibreTest, APickGivesThePlace) {
 
 TEST_F(FrmRDVlibreTest, ASearchCanBeStoppedAndMayFail) {
     remplit();
-    for (int fois = 0; fois < 8; ++fois) { // 94,000 rows: a search of several stretches
-        livre.execute(
-            SqlText("insert into RDV (Date1, DateInv, HeureDebut, HeureFin, NumPraticien, Fauteuil) "
-                    "select Date1, DateInv, HeureDebut, HeureFin, NumPraticien, Fauteuil from RDV"));
+    for (int fois = 0; fois < 8; ++fois) { // a search of several stretches
+        copie(0);
     }
     ouvre();
     const auto commence = [&] {
