@@ -76,5 +76,5 @@ Paire creneauAn() {
 
 std::vector<Mesure> mesuresCreneau() {
     return {
-        {.nom = "creneau_an", .repetitions = 31, .prepare = creneauAn, .rapportMax = 6, .valeurMax = 100}};
+        {.nom = "creneau_an", .repetitions = 31, .prepare = creneauAn, .rapportMax = 6.5, .valeurMax = 100}};
 }

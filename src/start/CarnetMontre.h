@@ -25,7 +25,7 @@ class CarnetMontre : public QObject {
     bool enLecture() const { return m_enLecture; }
     QDate jourCourant() const { return JourCourant(m_affichage, m_selection); }
 
-    /// Shows what was read: the only place that assigns it.
+    /// Shows what was read; the selection is found again on it.
     void prend(const Affichage &lu);
     /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
@@ -73,6 +73,7 @@ class CarnetMontre : public QObject {
   private:
     bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
     std::optional<Affichage> lit(const Demande &demande, Annonce annonce);
+    /// The only place that assigns what is shown.
     void prend(const Affichage &lu, const Selection &selection);
     bool relitJour(int grille, QDate jour);
     Demande courante() const;
