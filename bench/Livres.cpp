@@ -65,6 +65,13 @@ QString livrePatients() {
     return livre(QStringLiteral("patients"), vingtAns(100'000, 1'000));
 }
 
+QString livrePlein() {
+    const QString chemin = livre(QStringLiteral("plein"), vingtAns(5'000, 100'000));
+    Database carnet = environnement(chemin).ouvreCarnet();
+    MetANiveau(carnet);
+    return chemin;
+}
+
 Environnement environnement(const QString &livre) {
     static MessagesImpossibles messages;
     Environnement env;

@@ -15,6 +15,7 @@ QDateTime instant();
 QString livreCourant();  ///< 500,000 appointments, up to date with its indexes
 QString livreAncien();   ///< the same from before chairs and day keys; measures upgrade copies of it
 QString livrePatients(); ///< 100,000 patients
+QString livrePlein();    ///< 100,000 appointments, up to date; a measure fills the coming year
 
 /// The world of a sample practice. A message box would wait for somebody who is not there: what it would say
 /// is thrown as a MesureImpossible.

@@ -32,6 +32,7 @@ std::vector<Mesure> mesuresSemaine();
 std::vector<Mesure> mesuresFrappe();
 std::vector<Mesure> mesuresRecherche();
 std::vector<Mesure> mesuresProcessus();
+std::vector<Mesure> mesuresCreneau();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

@@ -103,6 +103,7 @@ void FrmAjouter::BtnAjouter_Click() {
         return;
     }
     if (!ref) {
+        m_refuse = true;
         m_env.messages->show(messageOccupe, titreOccupe);
         return;
     }

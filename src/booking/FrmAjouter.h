@@ -23,6 +23,8 @@ class FrmAjouter : public QDialog {
     ~FrmAjouter() override;
     /// The appointment as it was booked.
     RendezVous rdvEcrit() const { return m_ecrit; }
+    /// The user was told that the place is taken.
+    bool refuse() const { return m_refuse; }
 
   protected:
     bool event(QEvent *event) override;
@@ -43,6 +45,7 @@ class FrmAjouter : public QDialog {
     const Environnement &m_env;
     const PlaceRDV m_place;
     RendezVous m_ecrit;
+    bool m_refuse = false;
     using Transmis = std::tuple<qint64, QString, QString>;
     std::optional<Transmis> m_transmis; ///< number, name and first name of the hand-off read last
     qint64 m_numTransmis = 0;           ///< the same as long as the fields name that patient

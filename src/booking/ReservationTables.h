@@ -1,6 +1,6 @@
 #pragma once
 
-#include "booking/Occupation.h"
+#include "grid/Occupation.h"
 #include "grid/RendezVousTables.h"
 #include "platform/db/Database.h"
 

@@ -255,6 +255,18 @@ Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV) {
     return retrouve(affichage, RefRDV, 0, {});
 }
 
+Selection SelectionnePlace(const Affichage &affichage, const PlaceRDV &place) {
+    for (int i = 0; i < affichage.grilles.size(); ++i) {
+        const QString &fauteuil = affichage.grilles[i].config.FauteuilCourant;
+        const auto lignes = cellules(affichage, i, place.jour, place.horaire);
+        if (lignes && CLng(fauteuil) == CLng(place.FauteuilCourant)) {
+            const Selection selection = analyse(affichage, i, *lignes, place.jour, 0);
+            return selection.rdv ? Selection() : selection;
+        }
+    }
+    return {};
+}
+
 QDate JourCourant(const Affichage &affichage, const Selection &selection) {
     return selection.vide() ? affichage.demande.jour : selection.jour;
 }

@@ -58,6 +58,9 @@ Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Sel
 /// The selection of an appointment by its key; nothing when it is not shown.
 Selection SelectionneRDV(const Affichage &affichage, qint64 RefRDV);
 
+/// The selection of a free place's hours; nothing where no row shows them, or where an appointment lies.
+Selection SelectionnePlace(const Affichage &affichage, const PlaceRDV &place);
+
 /// The current date: the selected day, else the one that is shown.
 QDate JourCourant(const Affichage &affichage, const Selection &selection);
 

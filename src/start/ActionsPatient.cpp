@@ -1,9 +1,10 @@
 #include "start/ActionsPatient.h"
 
+#include "booking/FrmAjouter.h"
+#include "platform/ui/Messages.h"
+#include "search/FrmRDVlibre.h"
 #include "search/FrmRecherche.h"
 #include "start/CarnetMontre.h"
-
-#include <QWidget>
 
 ActionsPatient::ActionsPatient(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
     : QObject(&fenetre), m_env(env), m_carnet(carnet), m_fenetre(fenetre) {}
@@ -15,5 +16,39 @@ void ActionsPatient::mnurechercher_Click() {
     if (fenetre.choisi()) {
         m_fenetre.activateWindow(); // two windows have closed together
         m_carnet.montreRDV(*fenetre.choisi());
+    }
+}
+
+// ---- Free slots
+
+void ActionsPatient::mnuRDVlibre_Click() {
+    FrmRDVlibre recherche(m_env, m_carnet.affichage().demande.PraticienCourant, m_carnet.reglages(),
+                          &m_fenetre);
+    connect(&recherche, &FrmRDVlibre::creneauChoisi, this,
+            [&](const PlaceRDV &place) { reserve(recherche, place); });
+    recherche.exec();
+    m_fenetre.activateWindow(); // two windows may have closed together
+}
+
+void ActionsPatient::reserve(FrmRDVlibre &recherche, const PlaceRDV &place) {
+    if (!m_carnet.montrePlace(place)) {
+        return;
+    }
+    if (PlaceDuFauteuil(m_carnet.affichage().configs, CLng(place.FauteuilCourant)) < 0) {
+        m_env.messages->show(QStringLiteral("Ce praticien n'a plus de configuration pour ce fauteuil."));
+        recherche.BtnOK_Click();
+        return;
+    }
+    FrmAjouter ajouter(m_env, place, &recherche);
+    const bool reservee = ajouter.exec() == QDialog::Accepted;
+    if (reservee) {
+        m_carnet.montreRDV(ajouter.rdvEcrit().RefRDV); // by day where the week leaves its weekday out
+    } else {
+        m_carnet.relit();
+    }
+    if (reservee || !ajouter.refuse()) {
+        recherche.accept();
+    } else {
+        recherche.BtnOK_Click();
     }
 }

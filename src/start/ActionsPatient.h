@@ -3,8 +3,10 @@
 #include <QObject>
 
 class CarnetMontre;
+class FrmRDVlibre;
 class QWidget;
 struct Environnement;
+struct PlaceRDV;
 
 /// What the patient menu does beyond the selected appointment.
 class ActionsPatient : public QObject {
@@ -14,8 +16,13 @@ class ActionsPatient : public QObject {
     ActionsPatient(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre);
 
     void mnurechercher_Click();
+    void mnuRDVlibre_Click();
 
   private:
+    /// Shows the free slot behind, and books there or not. A place that is taken leaves the search open, its
+    /// list made anew.
+    void reserve(FrmRDVlibre &recherche, const PlaceRDV &place);
+
     const Environnement &m_env;
     CarnetMontre &m_carnet;
     QWidget &m_fenetre;

@@ -2,7 +2,6 @@
 
 #include "booking/MessagesRDV.h"
 #include "grid/RendezVousTables.h"
-#include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 
@@ -76,11 +75,5 @@ void ActionsSelection::mnuPresent_Click() {
 
 void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
     m_fenetre.activateWindow(); // two windows that close together leave some window managers with none active
-    if (m_carnet.relit() && !m_carnet.selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
-        m_env.messages->show(
-            QStringLiteral(
-                "Le rendez-vous est enregistré au %1, de %2 à %3 : il n'est pas dans ce qui est affiché.")
-                .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
-                     DatesFr::heure(rdv.HeureFin)));
-    }
+    m_carnet.montreEcrit(rdv);
 }

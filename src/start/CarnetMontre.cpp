@@ -9,18 +9,27 @@
 #include "practice/Essai.h"
 
 bool CarnetMontre::montre(const Demande &demande, Annonce annonce) {
-    Affichage lu;
-    if (!lit([&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); }, annonce)) {
-        return false;
+    const std::optional<Affichage> lu = lit(demande, annonce);
+    if (lu) {
+        prend(*lu);
     }
-    prend(lu);
-    return true;
+    return lu.has_value();
 }
 
 void CarnetMontre::prend(const Affichage &lu) {
-    m_selection = Reprend(lu, m_affichage, m_selection);
+    prend(lu, Reprend(lu, m_affichage, m_selection));
+}
+
+void CarnetMontre::prend(const Affichage &lu, const Selection &selection) {
+    m_selection = selection;
     m_affichage = lu;
     emit affichageChange();
+}
+
+std::optional<Affichage> CarnetMontre::lit(const Demande &demande, Annonce annonce) {
+    Affichage lu;
+    const auto lecture = [&](Database &carnet) { lu = LitAffichage(carnet, demande, m_env.maintenant()); };
+    return lit(lecture, annonce) ? std::optional(lu) : std::nullopt;
 }
 
 bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {
@@ -87,6 +96,17 @@ void CarnetMontre::vaAu(QDate jour) {
         demande.jour = jour;
         montre(demande);
     }
+}
+
+bool CarnetMontre::montrePlace(const PlaceRDV &place) {
+    Demande demande = m_affichage.suite();
+    demande.jour = place.jour;
+    const std::optional<Affichage> lu = lit(demande, Annonce::Toujours);
+    if (lu) {
+        prend(*lu, SelectionnePlace(*lu, place));
+        emit selectionAMontrer();
+    }
+    return lu.has_value();
 }
 
 void CarnetMontre::decale(int jours) {
@@ -195,6 +215,16 @@ void CarnetMontre::montreRDV(qint64 RefRDV) {
                      DatesFr::heure(rdv->HeureFin)));
     } else {
         m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
+    }
+}
+
+void CarnetMontre::montreEcrit(const RendezVous &rdv) {
+    if (relit() && !selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
+        m_env.messages->show(
+            QStringLiteral(
+                "Le rendez-vous est enregistré au %1, de %2 à %3 : il n'est pas dans ce qui est affiché.")
+                .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
+                     DatesFr::heure(rdv.HeureFin)));
     }
 }
 

@@ -25,7 +25,7 @@ class CarnetMontre : public QObject {
     bool enLecture() const { return m_enLecture; }
     QDate jourCourant() const { return JourCourant(m_affichage, m_selection); }
 
-    /// Shows what was read: the only place that assigns it.
+    /// Shows what was read; the selection is found again on it.
     void prend(const Affichage &lu);
     /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
@@ -41,6 +41,8 @@ class CarnetMontre : public QObject {
     void rafraichit();
     // Elsewhere with the same chair and configuration
     void vaAu(QDate jour);
+    /// Goes to a free place and selects its hours. False: the reading failed, and all stays.
+    bool montrePlace(const PlaceRDV &place);
     /// Says where the book ends.
     void decale(int jours);
     /// The week in 5-minute slots, or back; the day grids keep their own.
@@ -57,6 +59,9 @@ class CarnetMontre : public QObject {
     /// Goes where an appointment lies now and selects it: in the view that is shown, or in the other one
     /// where only that has its day. One that is gone, or that neither shows, is told, and all stays.
     void montreRDV(qint64 RefRDV);
+    /// Reads again after a writing and selects what was written (RefRDV 0: nothing); tells where it lies when
+    /// it is not shown.
+    void montreEcrit(const RendezVous &rdv);
     /// A double click's first press was no wish for the next appointment of the row.
     void annuleSuivant();
 
@@ -71,6 +76,9 @@ class CarnetMontre : public QObject {
 
   private:
     bool lit(const std::function<void(Database &)> &lecture, Annonce annonce);
+    std::optional<Affichage> lit(const Demande &demande, Annonce annonce);
+    /// The only place that assigns what is shown.
+    void prend(const Affichage &lu, const Selection &selection);
     bool relitJour(int grille, QDate jour);
     Demande courante() const;
     QList<Demande> demandesPour(const RendezVous &rdv) const;

@@ -54,6 +54,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_actions(new ActionsSelection(env, m_carnet, *this)),
+      m_patient(new ActionsPatient(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
@@ -95,12 +96,12 @@ void FrmEntree::relieMenus() {
     const auto relie = [this, relieA](QAction *action, auto gestionnaire) {
         relieA(this, action, gestionnaire);
     };
-    auto *patient = new ActionsPatient(m_env, m_carnet, *this);
     relieA(m_actions, ui->mnuAjouter, &ActionsSelection::mnuAjouter_Click);
     relieA(m_actions, ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
     relieA(m_actions, ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
-    relieA(patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
+    relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
+    relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
@@ -113,8 +114,6 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuSauver, &FrmEntree::mnuSauver_Click);
     relie(ui->menuSuppConfig, &FrmEntree::menuSuppConfig_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
-    ui->mnuReporter->setVisible(false);
-    ui->mnuSupprimer->setShortcut(Qt::Key_Delete);
 }
 
 void FrmEntree::relieBoutons() {

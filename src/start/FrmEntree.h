@@ -11,6 +11,7 @@
 namespace Ui {
 class FrmEntree;
 }
+class ActionsPatient;
 class ActionsSelection;
 class BarreEtat;
 class MenusPraticien;
@@ -78,6 +79,7 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
     ActionsSelection *m_actions;
+    ActionsPatient *m_patient;
     MenusPraticien *m_menus;
     Surveillance *m_surveillance;
     QPushButton *BtnSemaine;

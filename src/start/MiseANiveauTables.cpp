@@ -1,5 +1,7 @@
 #include "start/MiseANiveauTables.h"
 
+#include "platform/db/DbError.h"
+#include "search/RechercheTables.h"
 
 namespace {
 

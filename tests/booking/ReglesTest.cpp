@@ -1,5 +1,5 @@
 #include "booking/HorairesRDV.h"
-#include "booking/Occupation.h"
+#include "grid/Occupation.h"
 #include "support/Texte.h"
 
 #include <gtest/gtest.h>

@@ -82,6 +82,32 @@ TEST(Programme, OpensOnAFolderWithBlanksAndAccentsAndEndsWithoutWriting) {
     }
 }
 
+TEST(Programme, BooksAFreeSlotThatWasSearched) {
+    const CabinetDEssai cabinet;
+    const char *const livre = "Carnet de rendez-vous du docteur L'HERMITE Hélène";
+    Programme programme(sur(cabinet));
+    ASSERT_TRUE(programme.fenetre(livre));
+    xdotool({q("key"), q("ctrl+l")});
+    ASSERT_TRUE(programme.fenetre(" Horaire libre"));
+    xdotool({q("key"), q("Return")});
+    xdotool(q("getwindowfocus mousemove --window %1 60 90 click 1").split(u' ')); // the second entry
+    ASSERT_TRUE(programme.fenetre(" Ajouter un rendez-vous"));
+    xdotool({q("key"), q("alt+a")}); // for the patient whom the suite hands over
+    ASSERT_TRUE(programme.fenetre(livre));
+    Database base = cabinet.ouvre(Base::RendezVous);
+    const Records ecrit =
+        base.query(SqlText("select * from RDV where RefRDV > ") << nombre(CabinetDEssai::options().rdv));
+    ASSERT_EQ(ecrit.count(), 1);
+    const auto champ = [&](const char *nom) { return ecrit.first()[q(nom)].toText(); };
+    EXPECT_EQ(champ("Date1") + champ("NumPraticien") + champ("Fauteuil"), q("2026-03-11011"));
+    EXPECT_EQ(base.query(SqlText("select * from RDV where Date1 = #03 11 2026# and clng(NumPraticien) = 1 "
+                                 "and Fauteuil = 1 and HeureDebut < ")
+                         << texte(champ("HeureFin")) << " and HeureFin > " << texte(champ("HeureDebut")))
+                  .count(),
+              1)
+        << "it lies on no other";
+}
+
 TEST(Programme, CommandLine) {
     for (const QStringList &cas : tableau(R"(
         --aide              | 0 | affiche cette aide

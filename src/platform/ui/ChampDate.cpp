@@ -31,7 +31,7 @@ ChampDate::ChampDate(QWidget *parent) : QLineEdit(parent) {
     setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("mercredi 30 sept. 2026")) + 40);
     connect(this, &QLineEdit::editingFinished, this, [this] {
         if (const auto read = date()) {
-            setDate(*read);
+            pick(*read);
         }
     });
 }
@@ -49,6 +49,13 @@ void ChampDate::setDate(QDate date) {
     }
 }
 
+void ChampDate::pick(QDate date) {
+    if (date >= m_first && date <= m_last) {
+        setDate(date);
+        emit datePicked(date);
+    }
+}
+
 void ChampDate::keyPressEvent(QKeyEvent *event) {
     const bool up = event->key() == Qt::Key_Up;
     if (!up && event->key() != Qt::Key_Down) {
@@ -56,7 +63,7 @@ void ChampDate::keyPressEvent(QKeyEvent *event) {
     } else if (event->modifiers() & Qt::AltModifier) {
         openCalendar();
     } else if (const auto read = date()) {
-        setDate(read->addDays(up ? 1 : -1));
+        pick(read->addDays(up ? 1 : -1));
     }
 }
 
@@ -71,8 +78,8 @@ void ChampDate::openCalendar() {
         calendar->setSelectedDate(*read);
     }
     const auto take = [this, calendar](QDate picked) {
-        setDate(picked);
         calendar->close();
+        pick(picked);
     };
     connect(calendar, &QCalendarWidget::clicked, this, take);
     connect(calendar, &QCalendarWidget::activated, this, take);

@@ -20,11 +20,16 @@ class ChampDate : public QLineEdit {
     void setDate(QDate date);
     std::optional<QDate> date() const { return m_reader(text()); }
 
+  signals:
+    /// The user chose or spelled a date; it may be the one that was there.
+    void datePicked(QDate date);
+
   protected:
     void keyPressEvent(QKeyEvent *event) override;
 
   private:
     void openCalendar();
+    void pick(QDate date);
 
     Reader m_reader;
     QDate m_first;

@@ -1,6 +1,4 @@
-#include "booking/Occupation.h"
-
-#include "schedule/Creneaux.h"
+#include "grid/Occupation.h"
 
 #include <algorithm>
 
@@ -17,9 +15,8 @@ bool gene(const RendezVous &rdv, const PlageHoraire &voulu) {
     return commenceDedans || finitDedans || couvreLeDebut;
 }
 
-bool estDans(QTime point, const RendezVous &rdv) {
-    return rdv.HeureDebut.isValid() && rdv.HeureFin.isValid() && Minutes(point, rdv.HeureDebut) <= 0 &&
-           Minutes(point, rdv.HeureFin) > 0;
+size_t minute(QTime t) {
+    return size_t(Minutes(QTime(0, 0), t));
 }
 
 } // namespace
@@ -61,12 +58,29 @@ int NbIntervalles(QTime duree, int pas) {
     return (Minutes(QTime(0, 0), duree) + pas - 1) / pas;
 }
 
-bool PlageLibre(const QList<RendezVous> &jour, QTime heure, int pas, int n) {
+MinutesPrises MinutesDe(const QList<RendezVous> &jour) {
+    MinutesPrises prises;
+    for (const RendezVous &rdv : jour) {
+        if (rdv.HeureDebut.isValid() && rdv.HeureFin.isValid()) {
+            const size_t fin = minute(rdv.HeureFin);
+            for (size_t m = minute(rdv.HeureDebut); m < fin; ++m) {
+                prises.set(m);
+            }
+        }
+    }
+    return prises;
+}
+
+bool PlageLibre(const MinutesPrises &jour, QTime heure, int pas, int n) {
     for (int i = 0; i < n; ++i) {
-        if (std::ranges::any_of(jour, [&](const RendezVous &rdv) { return estDans(heure, rdv); })) {
+        if (jour.test(minute(heure))) {
             return false;
         }
         heure = heure.addSecs(pas * 60);
     }
     return true;
+}
+
+bool PlageLibre(const QList<RendezVous> &jour, QTime heure, int pas, int n) {
+    return PlageLibre(MinutesDe(jour), heure, pas, n);
 }

@@ -1,6 +1,10 @@
 #pragma once
 
-#include "booking/Selection.h"
+#include "grid/RendezVous.h"
+#include "schedule/Creneaux.h"
+
+#include <QList>
+#include <bitset>
 
 /// Which ranges of a day are free: rules on the day's appointments of one practitioner and chair, in any
 /// order. A range is half-open: its start belongs to it, its end does not. The range asked for counts in
@@ -21,6 +25,10 @@ bool RDVHere(const QList<RendezVous> &jour, const PlageHoraire &voulu);
 /// How many steps of `pas` minutes a duration takes, the last one begun counting whole; 0 when `pas` is not
 /// positive.
 int NbIntervalles(QTime duree, int pas);
+/// Which minutes of the day lie inside an appointment: what many ranges of one day are asked of.
+using MinutesPrises = std::bitset<24UL * 60>;
+MinutesPrises MinutesDe(const QList<RendezVous> &jour);
 /// True when none of the `n` points `heure`, `heure` + `pas` minutes … is inside an appointment; past
 /// midnight the points go on at 00:00 of the same day.
+bool PlageLibre(const MinutesPrises &jour, QTime heure, int pas, int n);
 bool PlageLibre(const QList<RendezVous> &jour, QTime heure, int pas, int n);
