@@ -31,6 +31,7 @@ struct Mesure {
 std::vector<Mesure> mesuresSemaine();
 std::vector<Mesure> mesuresFrappe();
 std::vector<Mesure> mesuresProcessus();
+std::vector<Mesure> mesuresPurge();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

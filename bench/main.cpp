@@ -186,7 +186,7 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
-    for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresProcessus()}) {
+    for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresProcessus(), mesuresPurge()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

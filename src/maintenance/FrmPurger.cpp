@@ -162,9 +162,9 @@ void FrmPurger::echoue(const DbError &echec) {
     abandonne();
 }
 
-/// An archive that nothing went into would only be in the way of the next one.
+/// The archive of a purge that took nothing from the book would only be in the way of the next one.
 void FrmPurger::abandonne() {
-    if (m_archiveCreee && m_purge->archiveIntacte()) {
+    if (m_archiveCreee && !m_purge->entamee()) {
         QFile::remove(m_archive);
     }
     QDialog::reject();

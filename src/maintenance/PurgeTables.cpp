@@ -141,7 +141,6 @@ std::vector<qint64> Purge::archive(Database &base, const Records &rows) {
         cles.push_back(rows.at(row, 0).toInteger());
         refs.push_back(rows.at(row, 1).toInteger());
     }
-    m_archiveIntacte = false;
     m_enSuspens = parmi(refs);
     return cles;
 }
@@ -156,6 +155,7 @@ void Purge::deplaceLot(Database &rdv, Database &base) {
     const std::vector<qint64> archives = archive(base, litLot(rdv, lot));
     archivage.commit();
     rdv.execute(SqlText("Delete from RDV Where rowid in ") << parmi(archives));
+    m_entamee = true; // a commit that fails may have been made all the same
     retrait.commit();
     const auto duree = std::chrono::duration_cast<std::chrono::milliseconds>(Horloge::now() - debut);
     m_enSuspens.reset();

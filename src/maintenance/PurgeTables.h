@@ -29,8 +29,8 @@ class Purge {
     /// How many of the total were dealt with.
     int vus() const { return int(m_vus); }
     int deplaces() const { return m_deplaces; }
-    /// Nothing was ever written into the archive.
-    bool archiveIntacte() const { return m_archiveIntacte; }
+    /// Appointments may have left the book.
+    bool entamee() const { return m_entamee; }
 
   private:
     SqlText condition() const;
@@ -43,6 +43,6 @@ class Purge {
     size_t m_vus = 0;
     int m_lot = premierLot;
     int m_deplaces = 0;
-    bool m_archiveIntacte = true;
+    bool m_entamee = false;
     std::optional<SqlText> m_enSuspens; ///< what a lot that failed has put into the archive, by its RefRDV
 };

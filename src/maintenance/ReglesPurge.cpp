@@ -5,11 +5,12 @@
 #include <algorithm>
 
 int LotSuivant(int lot, std::chrono::milliseconds duree) {
-    constexpr int plusPetit = 20;
+    constexpr int plusPetit = 50;
     constexpr int plusGrand = 8000;
-    constexpr qint64 dureeVoulue = 90; // ms
-    const qint64 proportionnel = lot * dureeVoulue / std::max<qint64>(duree.count(), 1);
-    return int(std::clamp<qint64>(std::min<qint64>(proportionnel, lot * 2LL), plusPetit, plusGrand));
+    constexpr double dureeVoulue = 110; // ms, about half of which no lot is too small for
+    const double facteur = dureeVoulue / std::max(double(duree.count()), 1.0);
+    // one moment in which the disk is slow says little about the next
+    return std::clamp(int(lot * std::clamp(facteur, 0.5, 2.0)), plusPetit, plusGrand);
 }
 
 bool EstAnterieur(QDate Date1, QDate jour) {
