@@ -142,9 +142,8 @@ void FrmPurger::deplaceLot() {
         accept();
         return;
     }
-    const std::optional<DbError> echec = tente(m_env, [&] {
-        constexpr std::chrono::milliseconds parEssai{100};
-        Database archive = Database::open(m_archive, parEssai);
+    const std::optional<DbError> echec = tente(m_env, [this] {
+        Database archive = ouvreArchive();
         Database carnet = m_env.ouvreCarnetPourEcrire();
         m_purge->deplaceLot(carnet, archive);
     });
@@ -152,8 +151,9 @@ void FrmPurger::deplaceLot() {
         echoue(*echec);
         return;
     }
+    ui->Progression->setMaximum(std::max(1, m_purge->total()));
     ui->Progression->setValue(m_purge->vus());
-    QTimer::singleShot(pauseEntreLots, Qt::PreciseTimer, this, &FrmPurger::deplaceLot);
+    QTimer::singleShot(0, this, &FrmPurger::deplaceLot);
 }
 
 void FrmPurger::echoue(const DbError &echec) {
@@ -166,6 +166,17 @@ void FrmPurger::echoue(const DbError &echec) {
 void FrmPurger::abandonne() {
     if (m_archiveCreee && !m_purge->entamee()) {
         QFile::remove(m_archive);
+    } else if (m_archiveCreee) { // where this fails, some appointments are in both
+        tente(m_env, [this] {
+            Database archive = ouvreArchive();
+            Database carnet = m_env.ouvreCarnet();
+            m_purge->abandonne(carnet, archive);
+        });
     }
     QDialog::reject();
+}
+
+Database FrmPurger::ouvreArchive() const {
+    constexpr std::chrono::milliseconds parEssai{100}; // tente() goes on waiting
+    return Database::open(m_archive, parEssai);
 }

@@ -8,6 +8,7 @@
 namespace Ui {
 class FrmPurger;
 }
+class Database;
 class DbError;
 class Purge;
 struct Environnement;
@@ -40,6 +41,7 @@ class FrmPurger : public QDialog {
     void echoue(const DbError &echec);
     /// Closes before all were moved.
     void abandonne();
+    Database ouvreArchive() const;
 
     std::unique_ptr<Ui::FrmPurger> ui;
     const Environnement &m_env;

@@ -4,11 +4,11 @@
 #include "platform/db/DbError.h"
 
 #include <QFile>
+#include <algorithm>
 #include <filesystem>
+#include <thread>
 
 namespace {
-
-using Horloge = std::chrono::steady_clock;
 
 const QString tableRDV = QStringLiteral("RDV");
 
@@ -106,60 +106,89 @@ void Purge::cherche(Database &rdv) {
                 });
 }
 
-/// The key's place in the list decides which rows are read: without the "+ 0" the engine would go through all
-/// that are left to move, by their index.
-Records Purge::litLot(Database &rdv, const std::vector<qint64> &cles) const {
-    return rdv.query(SqlText("Select rowid as cle, RefRDV, Nom, Prenom, Telephone, Description, NumPatient, "
-                             "Date1, HeureDebut, HeureFin, NumPraticien, Professionnel, Present, DateInv "
-                             "from RDV Where rowid in ")
-                     << parmi(cles) << " and clng(NumPraticien) + 0 = " << nombre(m_praticien)
-                     << " and DateInv & '' < " << texte(InverseDate(m_jour))
-                     << " order by DateInv, HeureDebut");
-}
-
-/// Gives the identities that the archived rows have in the book.
-std::vector<qint64> Purge::archive(Database &base, const Records &rows) {
-    if (m_enSuspens) {
-        base.execute(SqlText("Delete from RDV Where RefRDV in ") << *m_enSuspens);
-    }
+/// Those that may leave the book. The list decides which rows are read: without the "+ 0" the engine would go
+/// through all that are left to move, by their index.
+std::vector<Purge::Rangee> Purge::litLot(Database &rdv, const std::vector<qint64> &cles) const {
+    const Records rows = rdv.query(
+        SqlText(
+            "Select rowid as cle, RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, "
+            "HeureDebut, HeureFin, NumPraticien, Professionnel, Present, DateInv from RDV Where rowid in ")
+        << parmi(cles) << " and clng(NumPraticien) + 0 = " << nombre(m_praticien) << " and DateInv & '' < "
+        << texte(InverseDate(m_jour)) << " order by rowid");
     const int jour = rows.field(u"Date1");
-    const int nombreDeChamps = int(champsArchives().size());
-    Fields champs;
-    for (const FieldDef &champ : champsArchives()) {
-        champs.emplace_back(champ.name, Value());
-    }
-    std::vector<qint64> cles;
-    std::vector<qint64> refs;
+    std::vector<Rangee> lot;
     for (int row = 0; row < rows.count(); ++row) {
         if (!EstAnterieur(rows.at(row, jour).toDate(), m_jour)) {
             continue;
         }
-        for (int i = 0; i < nombreDeChamps; ++i) {
-            champs[size_t(i)].second = rows.at(row, i + 1);
+        Rangee &rangee = lot.emplace_back(Rangee{rows.at(row, 0).toInteger(), {}});
+        rangee.champs.reserve(champsArchives().size());
+        int place = 0;
+        for (const FieldDef &champ : champsArchives()) {
+            rangee.champs.emplace_back(champ.name, rows.at(row, ++place));
         }
-        base.insert(tableRDV, champs);
-        cles.push_back(rows.at(row, 0).toInteger());
-        refs.push_back(rows.at(row, 1).toInteger());
     }
-    m_enSuspens = parmi(refs);
-    return cles;
+    return lot;
 }
 
-/// The archive's lock comes first: to wait for it costs nobody else anything.
+void Purge::archive(Database &base, const std::vector<Rangee> &lot) {
+    Transaction transaction(base);
+    if (!m_enSuspens.empty()) {
+        base.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enSuspens));
+    }
+    std::vector<qint64> refs;
+    for (const Rangee &rangee : lot) {
+        base.insert(tableRDV, rangee.champs);
+        refs.push_back(rangee.ref());
+    }
+    transaction.commit();
+    m_enSuspens = refs;
+}
+
+/// Takes those of the lot that are still what was archived. The others' copies are out of date.
+void Purge::retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees) {
+    Transaction transaction(rdv);
+    const auto debut = Horloge::now();
+    const std::vector<Rangee> relues = litLot(rdv, cles);
+    std::vector<qint64> partent;
+    std::vector<qint64> changees;
+    std::vector<qint64> perimees;
+    for (const Rangee &relue : relues) {
+        const bool archivee = std::ranges::binary_search(archivees, relue.cle, {}, &Rangee::cle) &&
+                              *std::ranges::lower_bound(archivees, relue.cle, {}, &Rangee::cle) == relue;
+        (archivee ? partent : changees).push_back(relue.cle);
+    }
+    for (const Rangee &archivee : archivees) {
+        if (!std::ranges::binary_search(partent, archivee.cle)) {
+            perimees.push_back(archivee.ref());
+        }
+    }
+    rdv.execute(SqlText("Delete from RDV Where rowid in ") << parmi(partent));
+    m_entamee = true; // a commit that fails may have been made all the same
+    transaction.commit();
+    m_libre = Horloge::now();
+    m_lot = LotSuivant(m_lot, std::chrono::duration_cast<std::chrono::milliseconds>(m_libre - debut));
+    m_enSuspens = perimees;
+    m_deplaces += int(partent.size());
+    m_cles.insert(m_cles.end(), changees.begin(), changees.end()); // their turn comes again
+}
+
+/// Only the second half keeps other writers out; they have the time of the first, and a pause at least, to
+/// come in.
 void Purge::deplaceLot(Database &rdv, Database &base) {
     const size_t fin = std::min(m_cles.size(), m_vus + size_t(m_lot));
-    const std::vector<qint64> lot(m_cles.begin() + ptrdiff_t(m_vus), m_cles.begin() + ptrdiff_t(fin));
-    Transaction archivage(base);
-    Transaction retrait(rdv);
-    const auto debut = Horloge::now();
-    const std::vector<qint64> archives = archive(base, litLot(rdv, lot));
-    archivage.commit();
-    rdv.execute(SqlText("Delete from RDV Where rowid in ") << parmi(archives));
-    m_entamee = true; // a commit that fails may have been made all the same
-    retrait.commit();
-    const auto duree = std::chrono::duration_cast<std::chrono::milliseconds>(Horloge::now() - debut);
-    m_enSuspens.reset();
-    m_deplaces += int(archives.size());
+    const std::vector<qint64> cles(m_cles.begin() + ptrdiff_t(m_vus), m_cles.begin() + ptrdiff_t(fin));
+    const std::vector<Rangee> lot = litLot(rdv, cles);
+    archive(base, lot);
+    std::this_thread::sleep_until(m_libre + pauseEntreLots);
+    retire(rdv, cles, lot);
     m_vus = fin;
-    m_lot = LotSuivant(m_lot, duree);
+}
+
+void Purge::abandonne(Database &rdv, Database &base) {
+    std::vector<qint64> restees;
+    rdv.forEach(SqlText("Select RefRDV from RDV Where RefRDV in ") << parmi(m_enSuspens),
+                [&](const RowView &row) { restees.push_back(row.integer(0)); });
+    base.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(restees));
+    m_enSuspens.clear();
 }

@@ -12,8 +12,8 @@
 void CreeArchive(const QString &modele, const QString &archive);
 
 /// Moves a practitioner's appointments of before a day into an archive, a lot at a time, between which other
-/// workstations use the book. A row leaves the book when it is in the archive and on the disk: a purge that
-/// is interrupted at any moment leaves it in one of them, or in both.
+/// workstations use the book. A row leaves the book when it is in the archive and on the disk, and still what
+/// was archived: a purge that is interrupted at any moment leaves it in one of them, or in both.
 class Purge {
   public:
     Purge(long praticien, QDate jour) : m_praticien(praticien), m_jour(jour) {}
@@ -21,10 +21,14 @@ class Purge {
     /// Looks which appointments there are to move.
     void cherche(Database &rdv);
     /// Moves the next of them as they are now; what has been moved to a later day, or deleted, since is left
-    /// alone. It may begin anew after a failure.
+    /// alone. It may begin anew after a failure. Keeps writers out of the book for a tenth of a second or so,
+    /// and waits until they had a moment of their own since the last lot.
     void deplaceLot(Database &rdv, Database &archive);
 
-    bool finie() const { return m_vus == m_cles.size(); }
+    /// Takes out of the archive what has not left the book: for a purge that goes no further.
+    void abandonne(Database &rdv, Database &archive);
+
+    bool finie() const { return m_vus == m_cles.size() && m_enSuspens.empty(); }
     int total() const { return int(m_cles.size()); }
     /// How many of the total were dealt with.
     int vus() const { return int(m_vus); }
@@ -33,9 +37,20 @@ class Purge {
     bool entamee() const { return m_entamee; }
 
   private:
+    using Horloge = std::chrono::steady_clock;
+
+    struct Rangee {
+        qint64 cle = 0; ///< the row's identity in the book
+        Fields champs;  ///< what the archive keeps, RefRDV first
+
+        qint64 ref() const { return champs.front().second.toInteger(); }
+        friend bool operator==(const Rangee &, const Rangee &) = default;
+    };
+
     SqlText condition() const;
-    Records litLot(Database &rdv, const std::vector<qint64> &cles) const;
-    std::vector<qint64> archive(Database &base, const Records &rows);
+    std::vector<Rangee> litLot(Database &rdv, const std::vector<qint64> &cles) const;
+    void archive(Database &base, const std::vector<Rangee> &lot);
+    void retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees);
 
     const long m_praticien;
     const QDate m_jour;
@@ -44,5 +59,6 @@ class Purge {
     int m_lot = premierLot;
     int m_deplaces = 0;
     bool m_entamee = false;
-    std::optional<SqlText> m_enSuspens; ///< what a lot that failed has put into the archive, by its RefRDV
+    std::vector<qint64> m_enSuspens; ///< RefRDV of what was archived and has not left the book
+    Horloge::time_point m_libre;     ///< since when the book is
 };

@@ -6,8 +6,8 @@
 
 /// How many appointments the first lot of a purge has.
 inline constexpr int premierLot = 200;
-/// How long the book stays free between two lots: longer than a program that waits for it sleeps between two
-/// looks, so that it is sure to come in.
+/// How long the book stays free between two lots at least: longer than a program that waits for it sleeps
+/// between two looks, so that it is sure to come in.
 inline constexpr std::chrono::milliseconds pauseEntreLots{35};
 
 /// The size of the next lot when one of `lot` appointments kept the book's writers out for `duree`: as many

@@ -14,6 +14,7 @@
 #include <QTextStream>
 #include <QThread>
 
+#include <optional>
 #include <random>
 #include <unistd.h>
 
@@ -63,12 +64,9 @@ void purge(const Livres &livres, const QString &archive) {
     }
     CreeArchive(livres.modele, archive);
     while (!purge.finie()) {
-        {
-            Database archives = Database::open(archive);
-            Database rdv = Database::open(livres.rdv);
-            purge.deplaceLot(rdv, archives);
-        }
-        QThread::msleep(pauseEntreLots.count());
+        Database archives = Database::open(archive);
+        Database rdv = Database::open(livres.rdv);
+        purge.deplaceLot(rdv, archives);
     }
 }
 
@@ -96,6 +94,7 @@ Contenus lit(const QString &fichier) {
 }
 
 struct Bilan {
+    int changes = 0;
     int interrompues = 0;
     int enPleineEcriture = 0;
     int deplaces = 0;
@@ -137,44 +136,94 @@ void verifie(Bilan &bilan, const Contenus &avant, const Livres &livres) {
     bilan.fautes += checkBook(livres.rdv).isEmpty() ? 0 : 1;
 }
 
-/// Lets a child purge for so long at most, then kills it; gives how long it took, in microseconds.
-qint64 tue(const QString &dossier, unsigned long microsecondes) {
-    QProcess enfant;
+void commence(QProcess &enfant, const QString &dossier) {
     enfant.setProcessChannelMode(QProcess::ForwardedErrorChannel);
     enfant.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--purge"), dossier});
     enfant.waitForReadyRead(patienceMs);
+}
+
+/// Lets a child purge to its end, and changes and postpones appointments meanwhile; `attendu` becomes what
+/// they are then.
+void dispute(const QString &dossier, Contenus &attendu, Bilan &bilan, std::mt19937 &hasard) {
+    const Livres livres(dossier);
+    const QList<qint64> refs = attendu.keys();
+    QProcess enfant;
+    commence(enfant, dossier);
+    while (!enfant.waitForFinished(1)) {
+        const qint64 ref = refs[qsizetype(hasard() % anciens)];
+        const bool reporte = hasard() % 2 == 0;
+        Database rdv = Database::open(livres.rdv);
+        const SqlText change =
+            reporte ? SqlText("Update RDV Set Date1 = '2030-01-01', DateInv = '20300101' Where RefRDV = ")
+                    : SqlText("Update RDV Set Prenom = 'Zoé' Where RefRDV = ");
+        if (rdv.execute(SqlText(change) << nombre(ref)) == 1) {
+            ++bilan.changes;
+            QStringList champs = attendu[ref].split(u'|');
+            champs[reporte ? 6 : 2] = reporte ? QStringLiteral("2030-01-01") : QStringLiteral("Zoé");
+            champs[12] = reporte ? QStringLiteral("20300101") : champs[12];
+            attendu[ref] = champs.join(u'|');
+        }
+    }
+}
+
+/// Lets a child purge for so long at most, then kills it; gives how long it took, in microseconds.
+qint64 tue(const QString &dossier, std::optional<unsigned long> microsecondes) {
+    QProcess enfant;
+    commence(enfant, dossier);
     QElapsedTimer duree;
     duree.start();
-    if (microsecondes > 0) {
-        QThread::usleep(microsecondes); // not a wait: the random moment of the kill
+    if (microsecondes) {
+        QThread::usleep(*microsecondes); // not a wait: the random moment of the kill
         enfant.kill();
     }
     enfant.waitForFinished(patienceMs);
     return duree.nsecsElapsed() / 1000;
 }
 
+/// A practice's books, whose appointments `avant` is made to hold.
+Livres prepare(const QTemporaryDir &dossier, Contenus &avant) {
+    Livres livres(dossier.path());
+    creeLivre(livres.rdv);
+    remplit(livres.rdv);
+    creeBase(livres.modele, schema(Base::ArchiveVide));
+    avant = lit(livres.rdv);
+    return livres;
+}
+
+/// Two purges that come to their end: one while the book is written into, one that is timed.
+qint64 laisseFinir(Bilan &bilan, std::mt19937 &hasard) {
+    qint64 duree = 0;
+    for (const bool disputee : {true, false}) {
+        const QTemporaryDir dossier;
+        Contenus avant;
+        const Livres livres = prepare(dossier, avant);
+        if (disputee) {
+            dispute(dossier.path(), avant, bilan, hasard);
+        } else {
+            duree = tue(dossier.path(), std::nullopt);
+        }
+        const Contenus carnet = lit(livres.rdv);
+        const Contenus archive = lit(livres.archive);
+        bilan.fautes += ecarts(avant, {carnet, archive});
+        bilan.fautes += carnet.size() + archive.size() == avant.size() ? 0 : 1;
+    }
+    return duree;
+}
+
 int dirige(int tours, unsigned graine) {
     std::mt19937 hasard(graine);
     Bilan bilan;
-    qint64 entiere = 0; // the first one comes to its end: how long that takes
-    for (int i = 0; i <= tours; ++i) {
+    const qint64 entiere = laisseFinir(bilan, hasard);
+    for (int i = 0; i < tours; ++i) {
         const QTemporaryDir dossier;
-        const Livres livres(dossier.path());
-        creeLivre(livres.rdv);
-        remplit(livres.rdv);
-        creeBase(livres.modele, schema(Base::ArchiveVide));
-        const Contenus avant = lit(livres.rdv);
-        if (entiere == 0) {
-            entiere = tue(dossier.path(), 0);
-            bilan.fautes += ecarts(avant, {lit(livres.rdv), lit(livres.archive)});
-            bilan.fautes += lit(livres.archive).size() == anciens ? 0 : 1;
-        } else {
-            tue(dossier.path(), 1 + hasard() % unsigned(entiere));
-            verifie(bilan, avant, livres);
-        }
+        Contenus avant;
+        const Livres livres = prepare(dossier, avant);
+        tue(dossier.path(), hasard() % unsigned(entiere));
+        verifie(bilan, avant, livres);
     }
     QTextStream(stdout) << "Arrêts : " << tours << " (graine " << graine
                         << ")\nPurges entamées et non finies : " << bilan.interrompues
+                        << "\nChangés pendant une purge : " << bilan.changes
                         << "\nFichiers en pleine écriture : " << bilan.enPleineEcriture
                         << "\nRendez-vous déplacés avant l'arrêt : " << bilan.deplaces
                         << "\nDans le carnet et dans l'archive : " << bilan.dansLesDeux

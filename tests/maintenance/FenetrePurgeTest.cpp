@@ -1,7 +1,7 @@
-#include "Comptes.h"
 #include "maintenance/FrmPurger.h"
 #include "platform/db/DbError.h"
 #include "support/CabinetDEssai.h"
+#include "support/Comptes.h"
 #include "support/Livre.h"
 #include "support/WaitUntil.h"
 
@@ -220,6 +220,7 @@ TEST_F(FenetrePurge, AFailureOnTheWayLosesNothing) {
               std::string::npos);
     comptee(purge(archives[0]));
     avant = comptes(livre.fichier());
+    EXPECT_EQ(avant.size(), nombreAnciens + 1 - fenetre->deplaces());
     sauve("1/3/2005", {purge(archives[1])});
     ASSERT_TRUE(entamee());
     QFile::remove(purge(archives[1])); // the stick is pulled out

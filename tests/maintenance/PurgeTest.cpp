@@ -1,6 +1,6 @@
-#include "Comptes.h"
 #include "maintenance/PurgeTables.h"
 #include "platform/db/DbError.h"
+#include "support/Comptes.h"
 #include "support/Livre.h"
 
 #include <QFile>
