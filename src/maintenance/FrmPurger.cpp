@@ -41,7 +41,8 @@ FrmPurger::FrmPurger(const Environnement &env, long praticien, const QString &li
       ui(std::make_unique<Ui::FrmPurger>()), m_env(env), m_praticien(praticien),
       m_modele(env.chemins.real(env.CheminFichiers + QStringLiteral("\\ZeroRDV.mdb"))) {
     ui->setupUi(this);
-    ui->LabelPraticien->setText(QStringLiteral("Carnet du %1, tous fauteuils compris.").arg(libelle));
+    ui->LabelPraticien->setText(
+        QStringLiteral("Carnet du %1, tous fauteuils compris.").arg(libelle.trimmed()));
     ui->DateFinPurge->setReader(LitDate, premiereDate, derniereDate);
     connect(ui->Command1, &QPushButton::clicked, this, &FrmPurger::Command1_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &FrmPurger::reject);

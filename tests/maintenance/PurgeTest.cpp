@@ -157,8 +157,8 @@ TEST_F(PurgeTest, AnArchiveThatCannotBeMadeLeavesNothing) {
 }
 
 TEST_F(PurgeTest, ALotFollowsTheSpeedOfTheDisk) {
-    const int cas[][3] = {{200, 10, 400}, {200, 110, 200}, {1000, 165, 666}, {1000, 9000, 500},
-                          {100, 0, 200},  {60, 9000, 50},  {7000, 55, 8000}};
+    const int cas[][3] = {{200, 10, 400}, {200, 90, 200}, {1000, 135, 666}, {1000, 9000, 500},
+                          {100, 0, 200},  {60, 9000, 50}, {5000, 45, 6000}};
     for (const auto &[lot, ms, suivant] : cas) {
         EXPECT_EQ(LotSuivant(lot, std::chrono::milliseconds(ms)), suivant) << lot << ' ' << ms;
     }
