@@ -131,14 +131,14 @@ std::vector<Purge::Rangee> Purge::litLot(Database &rdv, const std::vector<qint64
     return lot;
 }
 
-void Purge::archive(Database &base, const std::vector<Rangee> &lot) {
-    Transaction transaction(base);
+void Purge::archive(Database &archives, const std::vector<Rangee> &lot) {
+    Transaction transaction(archives);
     if (!m_enSuspens.empty()) {
-        base.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enSuspens));
+        archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enSuspens));
     }
     std::vector<qint64> refs;
     for (const Rangee &rangee : lot) {
-        base.insert(tableRDV, rangee.champs);
+        archives.insert(tableRDV, rangee.champs);
         refs.push_back(rangee.ref());
     }
     transaction.commit();
@@ -175,20 +175,20 @@ void Purge::retire(Database &rdv, const std::vector<qint64> &cles, const std::ve
 
 /// Only the second half keeps other writers out; they have the time of the first, and a pause at least, to
 /// come in.
-void Purge::deplaceLot(Database &rdv, Database &base) {
+void Purge::deplaceLot(Database &rdv, Database &archives) {
     const size_t fin = std::min(m_cles.size(), m_vus + size_t(m_lot));
     const std::vector<qint64> cles(m_cles.begin() + ptrdiff_t(m_vus), m_cles.begin() + ptrdiff_t(fin));
     const std::vector<Rangee> lot = litLot(rdv, cles);
-    archive(base, lot);
+    archive(archives, lot);
     std::this_thread::sleep_until(m_libre + pauseEntreLots);
     retire(rdv, cles, lot);
     m_vus = fin;
 }
 
-void Purge::abandonne(Database &rdv, Database &base) {
+void Purge::abandonne(Database &rdv, Database &archives) {
     std::vector<qint64> restees;
     rdv.forEach(SqlText("Select RefRDV from RDV Where RefRDV in ") << parmi(m_enSuspens),
                 [&](const RowView &row) { restees.push_back(row.integer(0)); });
-    base.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(restees));
+    archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(restees));
     m_enSuspens.clear();
 }

@@ -23,10 +23,10 @@ class Purge {
     /// Moves the next of them as they are now; what has been moved to a later day, or deleted, since is left
     /// alone. It may begin anew after a failure. Keeps writers out of the book for a tenth of a second or so,
     /// and waits until they had a moment of their own since the last lot.
-    void deplaceLot(Database &rdv, Database &archive);
+    void deplaceLot(Database &rdv, Database &archives);
 
     /// Takes out of the archive what has not left the book: for a purge that goes no further.
-    void abandonne(Database &rdv, Database &archive);
+    void abandonne(Database &rdv, Database &archives);
 
     bool finie() const { return m_vus == m_cles.size() && m_enSuspens.empty(); }
     int total() const { return int(m_cles.size()); }
@@ -49,7 +49,7 @@ class Purge {
 
     SqlText condition() const;
     std::vector<Rangee> litLot(Database &rdv, const std::vector<qint64> &cles) const;
-    void archive(Database &base, const std::vector<Rangee> &lot);
+    void archive(Database &archives, const std::vector<Rangee> &lot);
     void retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees);
 
     const long m_praticien;

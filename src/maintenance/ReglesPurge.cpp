@@ -6,8 +6,8 @@
 
 int LotSuivant(int lot, std::chrono::milliseconds duree) {
     constexpr int plusPetit = 50;
-    constexpr int plusGrand = 6000;
-    constexpr double dureeVoulue = 90; // ms
+    constexpr int plusGrand = 5000;
+    constexpr double dureeVoulue = 70; // ms; the worst of them takes twice as long
     const double facteur = dureeVoulue / std::max(double(duree.count()), 1.0);
     // one moment in which the disk is slow says little about the next
     return std::clamp(int(lot * std::clamp(facteur, 0.5, 2.0)), plusPetit, plusGrand);

@@ -22,7 +22,7 @@ namespace {
 
 constexpr int patienceMs = 60'000;
 constexpr int anciens = 4000;
-constexpr int autres = 200; // of another practitioner, and after the day
+constexpr int autres = 400; // of another practitioner, or after the day
 const QDate premierJour(2020, 1, 1);
 const QDate jourDePurge(2024, 1, 1);
 
@@ -40,7 +40,7 @@ struct Livres {
 void remplit(const QString &livre) {
     Database rdv = Database::open(livre);
     Transaction transaction(rdv);
-    for (int i = 0; i < anciens + 2 * autres; ++i) {
+    for (int i = 0; i < anciens + autres; ++i) {
         const bool apres = i >= anciens && i % 2 == 0;
         const QDate jour = apres ? jourDePurge.addDays(i) : premierJour.addDays(i % 1000);
         rdv.insert(QStringLiteral("RDV"),
@@ -126,13 +126,13 @@ void verifie(Bilan &bilan, const Contenus &avant, const Livres &livres) {
     const Contenus carnet = lit(livres.rdv);
     const Contenus archive = lit(livres.archive);
     bilan.fautes += ecarts(avant, {carnet, archive});
-    bilan.interrompues += carnet.size() > 2 * autres && carnet.size() < avant.size() ? 1 : 0;
+    bilan.interrompues += carnet.size() > autres && carnet.size() < avant.size() ? 1 : 0;
     bilan.deplaces += int(avant.size() - carnet.size());
     bilan.dansLesDeux += int(carnet.size() + archive.size() - avant.size());
     purge(livres, livres.seconde);
     const Contenus reste = lit(livres.rdv);
     bilan.fautes += ecarts(avant, {reste, archive, lit(livres.seconde)});
-    bilan.fautes += reste.size() == 2 * autres ? 0 : 1;
+    bilan.fautes += reste.size() == autres ? 0 : 1;
     bilan.fautes += checkBook(livres.rdv).isEmpty() ? 0 : 1;
 }
 

@@ -157,8 +157,8 @@ TEST_F(PurgeTest, AnArchiveThatCannotBeMadeLeavesNothing) {
 }
 
 TEST_F(PurgeTest, ALotFollowsTheSpeedOfTheDisk) {
-    const int cas[][3] = {{200, 10, 400}, {200, 90, 200}, {1000, 135, 666}, {1000, 9000, 500},
-                          {100, 0, 200},  {60, 9000, 50}, {5000, 45, 6000}};
+    const int cas[][3] = {{200, 10, 400}, {200, 70, 200}, {1000, 105, 666}, {1000, 9000, 500},
+                          {100, 0, 200},  {60, 9000, 50}, {4000, 35, 5000}};
     for (const auto &[lot, ms, suivant] : cas) {
         EXPECT_EQ(LotSuivant(lot, std::chrono::milliseconds(ms)), suivant) << lot << ' ' << ms;
     }
