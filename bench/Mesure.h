@@ -33,6 +33,7 @@ std::vector<Mesure> mesuresFrappe();
 std::vector<Mesure> mesuresRecherche();
 std::vector<Mesure> mesuresProcessus();
 std::vector<Mesure> mesuresCreneau();
+std::vector<Mesure> mesuresPurge();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

@@ -186,8 +186,8 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
-    for (const auto &mesures :
-         {mesuresSemaine(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(), mesuresProcessus()}) {
+    for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
+                                mesuresProcessus(), mesuresPurge()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

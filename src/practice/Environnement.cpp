@@ -40,6 +40,10 @@ Database Environnement::ouvreTransmission() const {
     return ouvre(CheminRacine + QStringLiteral("\\Fichiers\\PatientTavelin.mdb"));
 }
 
+Database Environnement::ouvreHistorique() const {
+    return ouvre(CheminRacine + QStringLiteral("\\fichiers\\ChangePatient.mdb"));
+}
+
 Database Environnement::ouvre(const QString &chemin) const {
     constexpr std::chrono::milliseconds parEssai{100}; // tente() goes on waiting, and the window with it
     return Database::open(chemins.realDatabase(chemin), parEssai);

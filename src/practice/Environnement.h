@@ -44,6 +44,7 @@ struct Environnement {
     Database ouvrePatientsCrees() const; ///< listing of the patients created here
     Database ouvreActes() const;
     Database ouvreTransmission() const; ///< what the suite hands over
+    Database ouvreHistorique() const;   ///< whose history the suite is asked to show
 
   private:
     Database ouvre(const QString &chemin) const;

@@ -17,6 +17,8 @@ class ActionsPatient : public QObject {
 
     void mnurechercher_Click();
     void mnuRDVlibre_Click();
+    /// Has the suite show the history of the selected patient, and gets out of its way.
+    void menuAllerHisto_Click();
 
   private:
     /// Shows the free slot behind, and books there or not. A place that is taken leaves the search open, its

@@ -27,7 +27,7 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRafraichir}) {
         active(action, true);
     }
-    active(m_ui.mnuPurger, avecConfig);
+    active(m_ui.mnuPurger, ecrit && avecConfig);
     active(m_ui.mnuSauver, ecrit);
     active(m_ui.menuSuppConfig, ecrit);
     active(m_ui.mnuAjouter, ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));

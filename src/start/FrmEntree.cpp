@@ -2,22 +2,18 @@
 
 #include "ui_FrmEntree.h"
 
-#include "config/FrmJourExclure.h"
-#include "config/FrmSauvegarde.h"
-#include "config/FrmTrancheHoraire.h"
-#include "config/SuppConfig.h"
 #include "grid/FrmMois.h"
 #include "grid/Vues.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Environnement.h"
+#include "start/ActionsOptions.h"
 #include "start/ActionsPatient.h"
 #include "start/ActionsSelection.h"
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
 #include "start/FrmAPropos.h"
-#include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
 
@@ -56,6 +52,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_actions(new ActionsSelection(env, m_carnet, *this)),
       m_patient(new ActionsPatient(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
+      m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
     Timer1.setObjectName(QStringLiteral("Timer1"));
@@ -102,6 +99,7 @@ void FrmEntree::relieMenus() {
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
     relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
+    relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
@@ -109,10 +107,11 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
-    relie(ui->mnutranche, &FrmEntree::mnutranche_Click);
-    relie(ui->mnuexclure, &FrmEntree::mnuexclure_Click);
-    relie(ui->mnuSauver, &FrmEntree::mnuSauver_Click);
-    relie(ui->menuSuppConfig, &FrmEntree::menuSuppConfig_Click);
+    relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
+    relieA(m_options, ui->mnuexclure, &ActionsOptions::mnuexclure_Click);
+    relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);
+    relieA(m_options, ui->menuSuppConfig, &ActionsOptions::menuSuppConfig_Click);
+    relieA(m_options, ui->mnuPurger, &ActionsOptions::mnuPurger_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
 }
 
@@ -252,36 +251,6 @@ void FrmEntree::BtnRafraichir_Click() {
 void FrmEntree::mnuZoom_Click() {
     if (m_carnet.basculeZoom() && m_carnet.affichage().demande.VueSemaine) {
         m_vues->montreHeureCourante(m_carnet.affichage());
-    }
-}
-
-void FrmEntree::mnutranche_Click() {
-    FrmTrancheHoraire fenetre(m_env, m_carnet.reglages(), this);
-    if (fenetre.exec() == QDialog::Accepted) {
-        m_carnet.prendReglages(fenetre.configuration());
-    }
-}
-
-void FrmEntree::mnuexclure_Click() {
-    const Configuration avant = m_carnet.reglages();
-    FrmJourExclure fenetre(m_env, avant, this);
-    fenetre.exec();
-    if (fenetre.configuration() != avant) { // also a rest day that was chosen before cancelling
-        m_carnet.prendReglages(fenetre.configuration());
-    }
-}
-
-void FrmEntree::mnuSauver_Click() {
-    FrmSauvegarde fenetre(m_env, m_carnet.affichage().demande.PraticienCourant, m_carnet.reglages(), this);
-    if (fenetre.exec() == QDialog::Accepted) {
-        FrmQuit(this).exec();
-        close();
-    }
-}
-
-void FrmEntree::menuSuppConfig_Click() {
-    if (SuppConfig(m_env, m_carnet.affichage().demande.numPraticien(), this).exec() == QDialog::Accepted) {
-        close();
     }
 }
 

@@ -11,6 +11,7 @@
 namespace Ui {
 class FrmEntree;
 }
+class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
 class BarreEtat;
@@ -61,10 +62,6 @@ class FrmEntree : public QMainWindow {
     void BtnJour_Click();
     void BtnRafraichir_Click();
     void mnuZoom_Click();
-    void mnutranche_Click();
-    void mnuexclure_Click();
-    void mnuSauver_Click();
-    void menuSuppConfig_Click();
     void mnuAPropos_Click();
     void BtnMois_Click();
     void Timer1_Timer();
@@ -81,6 +78,7 @@ class FrmEntree : public QMainWindow {
     ActionsSelection *m_actions;
     ActionsPatient *m_patient;
     MenusPraticien *m_menus;
+    ActionsOptions *m_options;
     Surveillance *m_surveillance;
     QPushButton *BtnSemaine;
     QPushButton *BtnJour;

@@ -1,5 +1,6 @@
 #include "platform/ui/DatesFr.h"
 #include "support/CabinetDEssai.h"
+#include "support/Comptes.h"
 #include "support/Livre.h"
 #include "support/WaitUntil.h"
 
@@ -106,6 +107,38 @@ TEST(Programme, BooksAFreeSlotThatWasSearched) {
                   .count(),
               1)
         << "it lies on no other";
+}
+
+TEST(Programme, PurgesThePractice) {
+    const CabinetDEssai cabinet;
+    const QString carnet = cabinet.fichier(Base::RendezVous);
+    const Comptes avant = comptes(carnet);
+    Comptes attendu;
+    for (auto it = avant.cbegin(); it != avant.cend(); ++it) {
+        const bool part = it.value()[9].toInteger() == 1 && it.value()[12].toText() < q("20260309");
+        if (part) {
+            attendu.insert(it.key(), it.value());
+        }
+    }
+    ASSERT_GT(attendu.size(), 200);
+    Programme programme(sur(cabinet));
+    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
+    xdotool({q("key"), q("alt+o"), q("p")});
+    ASSERT_TRUE(programme.fenetre(" Purger"));
+    xdotool({q("type"), q("9/3/2026")});
+    xdotool({q("key"), q("Return")});
+    ASSERT_TRUE(programme.fenetre("Enregistrer sous ..."));
+    xdotool({q("type"), q("avant mars")});
+    xdotool({q("key"), q("Return")});
+    ASSERT_TRUE(programme.fenetre("Quitter"));
+    xdotool({q("key"), q("Return")});
+    EXPECT_EQ(programme.code(), 0);
+    EXPECT_EQ(comptes(cabinet.dossier() + q("/Base/Fichiers/Purge/avant mars.mdb")), attendu);
+    Comptes reste = avant;
+    for (const qint64 ref : attendu.keys()) {
+        reste.remove(ref);
+    }
+    EXPECT_EQ(comptes(carnet), reste);
 }
 
 TEST(Programme, CommandLine) {

@@ -3,7 +3,7 @@
 
 BEGIN {
     core = "^([a-z0-9_]+|Q(ByteArray|CommandLineParser|Date|DateTime|Dir|File|FileInfo|Hash|List|Locale|Map|"
-    core = core "RegularExpression|Set|StandardPaths|String.*|Time|Variant))$"
+    core = core "RegularExpression|Set|StandardPaths|String.*|Time|Variant|tGlobal))$"
 }
 
 function stem(path) {

@@ -115,6 +115,7 @@ TEST_F(CreneauChoisiTest, ADayThatTheWeekLeavesOut) {
     livre.execute(SqlText("delete from Config where Fauteuil = 2"));
     EXPECT_EQ(choisit("21/03/2026", 0, reserve), -1);
     EXPECT_EQ(etat(), "docteur UN 0 0 ---- 21 mars 2026") << "his only chair has no day view";
-    EXPECT_EQ(dits(), "Le rendez-vous est enregistré au samedi 21 mars 2026, de 08:00 à 09:00 : il n'est pas "
-                      "dans ce qui est affiché.");
+    EXPECT_EQ(dits(),
+              "Le rendez-vous du samedi 21 mars 2026, de 08:00 à 09:00, n'est montré ni par la semaine "
+              "ni par le jour.");
 }

@@ -1,5 +1,7 @@
 #include "support/Fenetre.h"
+#include "maintenance/FrmPurger.h"
 #include "support/Gestes.h"
+#include "support/WaitUntil.h"
 
 #include <QCalendarWidget>
 #include <QFile>
@@ -251,4 +253,100 @@ TEST_F(FenetreTest, SettingsAreKeptForTheWeek) {
     joue("BtnSemaine | | 12x7 lundi 09 mars: [1,3-1,3]\nmnuZoom");
     pendant("mnutranche", [](QWidget &f) { ::joue(f, q(">Option1;>BtnOK")); });
     joue("mnuZoom | | 122x7 lundi 09 mars: [1,3-12,3]"); // five minutes by choice: nothing to come back to
+}
+
+TEST_F(FenetreTest, TheSuiteIsAskedForTheHistory) {
+    const QString fichier = cabinet.fichier(Base::Historique);
+    const auto demande = [&] {
+        return cabinet.ouvre(Base::Historique)
+            .query(SqlText("Select * from Carnet"))
+            .first()
+            .at(0)
+            .toInteger();
+    };
+    const qint64 avant = demande();
+    livre.rdv();
+    livre.rdv({.nom = "SANS", .debut = "11:00:00", .fin = "12:00:00"});
+    livre.execute(SqlText("update RDV set Prenom = 'Zoé', NumPatient = 7041 where Nom = 'ROUX'"));
+    ouvre();
+    for (const char *geste : {"mnuRafraichir", "clic 6,3", "clic 4,3"}) { // nothing, nobody, somebody
+        fait(q(geste));
+        fait(q("menuAllerHisto"));
+        EXPECT_EQ(dits(), "Le patient ne possède pas de numéro Belmor !\nActin Impossible à exécuter.")
+            << geste;
+        EXPECT_FALSE(fenetre->isMinimized());
+    }
+    fait(q("clic 2,3"));
+    const std::pair<const char *, std::function<void()>> pannes[] = {
+        {"Tavelin.mdb", [&] { disparait(); }},
+        {"ChangePatient.mdb", [&] { QFile::remove(fichier); }},
+        {"ChangePatient.mdb", [&] { QFile::resize(fichier, 0); }},
+        {"ChangePatient.mdb", [&] { ecrit(Base::Historique, SqlText("Drop table Carnet")); }},
+        {"ChangePatient.mdb", [&] { QFile::setPermissions(fichier, QFile::ReadOwner); }},
+    };
+    QFile::copy(fichier, fichier + u'x');
+    for (const auto &[quoi, casse] : pannes) {
+        casse();
+        fait(q("menuAllerHisto"));
+        EXPECT_NE(dits().find(quoi), std::string::npos);
+        EXPECT_FALSE(fenetre->isMinimized());
+        revient();
+        QFile::setPermissions(fichier, QFile::ReadOwner | QFile::WriteOwner);
+        QFile::remove(fichier);
+        QFile::copy(fichier + u'x', fichier);
+    }
+    {
+        Database occupe = cabinet.ouvre(Base::Historique);
+        const Transaction verrou(occupe);
+        fait(q("menuAllerHisto"));
+        EXPECT_NE(dits().find("ChangePatient.mdb"), std::string::npos);
+    }
+    EXPECT_EQ(demande(), avant);
+    livre.execute(SqlText("delete from RDV where Nom = 'SANS'"));
+    fait(q("menuAllerHisto"));
+    EXPECT_EQ(dits(), "");
+    EXPECT_EQ(demande(), 7041);
+    EXPECT_TRUE(fenetre->isMinimized());
+    fenetre->showNormal();
+    ecrit(Base::Historique, SqlText("delete from Carnet"));
+    fait(q("menuAllerHisto"));
+    EXPECT_EQ(dits(), "");
+    EXPECT_TRUE(fenetre->isMinimized());
+}
+
+TEST_F(FenetreTest, ACancelledPurgeIsDrawn) {
+    const auto permise = [this] { return objet<QAction>("mnuPurger").isEnabled(); };
+    livre.rdv({.nom = "PREMIER", .debut = "08:00:00", .fin = "09:00:00", .jour = "2026-03-09"});
+    {
+        Database carnet = livre.ouvre(); // more than one lot, at the other chair
+        Transaction transaction(carnet);
+        for (int i = 0; i < 500; ++i) {
+            carnet.insert(q("RDV"), {{q("NumPraticien"), 1},
+                                     {q("DateInv"), q("20260309")},
+                                     {q("Fauteuil"), 2},
+                                     {q("HeureDebut"), q("10:00:00")}});
+        }
+        transaction.commit();
+    }
+    ouvre();
+    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 1,1 PREMIER");
+    pendant("mnuPurger", [&](QWidget &fenetrePurge) {
+        auto &purger = dynamic_cast<FrmPurger &>(fenetrePurge);
+        EXPECT_EQ(purger.findChild<QLabel *>(q("LabelPraticien"))->text(),
+                  q("Carnet du docteur UN, tous fauteuils compris."));
+        purger.demandeNom = [](const QString &dossier) { return dossier + q("/a"); };
+        ::joue(purger, q("DateFinPurge=10/3/2026;>Command1"));
+        waitUntil([&] { return purger.deplaces() > 0; });
+        ::joue(purger, q(">BtnAnnuler"));
+        waitUntil([&] { return !purger.isVisible(); });
+    });
+    EXPECT_EQ(grilles(), "12x7 lundi 09 mars:");
+    EXPECT_NE(dits().find("La purge est annulée. 200 rendez-vous ont été déplacés"), std::string::npos);
+    EXPECT_TRUE(permise());
+    fait(q("docteur 2"));
+    EXPECT_FALSE(permise()) << "no configuration";
+    fait(q("docteur 0"));
+    *cabinet.environnement().lectureSeule = q("abîmé");
+    fait(q("mnuRafraichir"));
+    EXPECT_FALSE(permise());
 }

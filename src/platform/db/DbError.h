@@ -26,11 +26,14 @@ class DbError : public std::exception {
     const QString &file() const { return m_file; }
     /// A complete French sentence that names the file; ready for a message box.
     const QString &message() const { return m_message; }
+    /// What is wrong alone, for an action that goes in steps: from "le fichier" on, with a full stop.
+    const QString &cause() const { return m_cause; }
     const char *what() const noexcept override { return m_what.constData(); }
 
   private:
     Kind m_kind;
     QString m_file;
+    QString m_cause;
     QString m_message;
     QByteArray m_what;
 };

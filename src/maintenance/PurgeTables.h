@@ -1,0 +1,64 @@
+#pragma once
+
+#include "maintenance/ReglesPurge.h"
+#include "platform/db/Database.h"
+
+#include <optional>
+#include <vector>
+
+/// Makes the file `archive`, a copy of `modele` or, where there is none, a database with an empty RDV of the
+/// fields that a purge keeps. Throws DbError when the template is of no use, the archive exists already or
+/// cannot be written; nothing is left of it then.
+void CreeArchive(const QString &modele, const QString &archive);
+
+/// Moves a practitioner's appointments of before a day into an archive, a lot at a time, between which other
+/// workstations use the book. A row leaves the book when it is in the archive and on the disk, and still what
+/// was archived: a purge that is interrupted at any moment leaves it in one of them, or in both.
+class Purge {
+  public:
+    Purge(long praticien, QDate jour) : m_praticien(praticien), m_jour(jour) {}
+
+    /// Looks which appointments there are to move.
+    void cherche(Database &rdv);
+    /// Moves the next of them as they are now; what has been moved to a later day, or deleted, since is left
+    /// alone. It may begin anew after a failure. Keeps writers out of the book for a tenth of a second or so,
+    /// and waits until they had a moment of their own since the last lot.
+    void deplaceLot(Database &rdv, Database &archives);
+
+    /// Takes out of the archive what has not left the book: for a purge that goes no further.
+    void abandonne(Database &rdv, Database &archives);
+
+    bool finie() const { return m_vus == m_cles.size() && m_enSuspens.empty(); }
+    int total() const { return int(m_cles.size()); }
+    /// How many of the total were dealt with.
+    int vus() const { return int(m_vus); }
+    int deplaces() const { return m_deplaces; }
+    /// Appointments may have left the book.
+    bool entamee() const { return m_entamee; }
+
+  private:
+    using Horloge = std::chrono::steady_clock;
+
+    struct Rangee {
+        qint64 cle = 0; ///< the row's identity in the book
+        Fields champs;  ///< what the archive keeps, RefRDV first
+
+        qint64 ref() const { return champs.front().second.toInteger(); }
+        friend bool operator==(const Rangee &, const Rangee &) = default;
+    };
+
+    SqlText condition() const;
+    std::vector<Rangee> litLot(Database &rdv, const std::vector<qint64> &cles) const;
+    void archive(Database &archives, const std::vector<Rangee> &lot);
+    void retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees);
+
+    const long m_praticien;
+    const QDate m_jour;
+    std::vector<qint64> m_cles; ///< the rows' identities, oldest day first
+    size_t m_vus = 0;
+    int m_lot = premierLot;
+    int m_deplaces = 0;
+    bool m_entamee = false;
+    std::vector<qint64> m_enSuspens; ///< RefRDV of what was archived and has not left the book
+    Horloge::time_point m_libre;     ///< since when the book is
+};

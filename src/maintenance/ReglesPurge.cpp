@@ -1,0 +1,33 @@
+#include "maintenance/ReglesPurge.h"
+
+#include <QDir>
+
+#include <algorithm>
+
+int LotSuivant(int lot, std::chrono::milliseconds duree) {
+    constexpr int plusPetit = 50;
+    constexpr int plusGrand = 5000;
+    constexpr double dureeVoulue = 70; // ms; the worst of them takes twice as long
+    const double facteur = dureeVoulue / std::max(double(duree.count()), 1.0);
+    // one moment in which the disk is slow says little about the next
+    return std::clamp(int(lot * std::clamp(facteur, 0.5, 2.0)), plusPetit, plusGrand);
+}
+
+bool EstAnterieur(QDate Date1, QDate jour) {
+    return !Date1.isValid() || Date1 < jour;
+}
+
+QString NomArchive(const QString &saisi) {
+    const QString extension = QStringLiteral(".mdb");
+    return saisi.endsWith(extension, Qt::CaseInsensitive) ? saisi : saisi + extension;
+}
+
+QString BilanPurge(int deplaces, const QString &archive) {
+    if (deplaces == 0) {
+        return QStringLiteral("Aucun rendez-vous n'a été déplacé : tous sont restés dans le carnet.");
+    }
+    const QString combien = deplaces == 1 ? QStringLiteral("1 rendez-vous a été déplacé")
+                                          : QStringLiteral("%1 rendez-vous ont été déplacés").arg(deplaces);
+    return combien + QStringLiteral(" dans l'archive « %1 », les autres sont restés dans le carnet.")
+                         .arg(QDir::toNativeSeparators(archive));
+}
