@@ -78,13 +78,13 @@ class Gestes:
             juste = apres.cle == pris[0] if pris else apres.contours == [(nom, 1, n, 1, 1)]
             return [f"jour entier : {apres.contours} {apres.cle}"] * (not juste)
         pris = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
-        cles = [x.cle() for x in pris]
+        cles, refs = [x.cle() for x in pris], [x.ref for x in pris]
         retour = fois == 2 and apres.cle in cles  # what was chosen before keeps its outline
         if faux := self.sur(apres, nom, r, c) * (not retour):
             return faux
-        meme = avant.rdv and (avant.nom, avant.jour) == (nom, apres.jour) and avant.cle in cles
+        meme = avant.rdv and (avant.nom, avant.jour) == (nom, apres.jour) and avant.rdv.ref in refs
         if pris and not self.a_ecrit:
-            rang = (cles.index(avant.cle) + 2 - fois) % len(pris) if meme else 0
+            rang = (refs.index(avant.rdv.ref) + 2 - fois) % len(pris) if meme else 0
             if apres.cle != cles[rang] or fois == 1 and (apres.rang, apres.nombre) != (rang + 1, len(pris)):
                 return [f"choisi {apres.panneaux} au lieu de {cles[rang]}, {rang + 1} parmi {cles}"]
         return self.ouvre("mnuEditer" if pris else "mnuAjouter", apres) if fois == 2 else []
