@@ -249,8 +249,13 @@ void FrmEntree::BtnRafraichir_Click() {
 }
 
 void FrmEntree::mnuZoom_Click() {
-    if (m_carnet.basculeZoom() && m_carnet.affichage().demande.VueSemaine) {
+    if (!m_carnet.basculeZoom() || !m_carnet.affichage().demande.VueSemaine) {
+        return;
+    }
+    if (m_carnet.selection().vide()) {
         m_vues->montreHeureCourante(m_carnet.affichage());
+    } else {
+        m_vues->montreContour(); // what the keys act on stays in sight
     }
 }
 
