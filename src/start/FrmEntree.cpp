@@ -249,12 +249,8 @@ void FrmEntree::BtnRafraichir_Click() {
 }
 
 void FrmEntree::mnuZoom_Click() {
-    if (!m_carnet.basculeZoom() || !m_carnet.affichage().demande.VueSemaine) {
-        return;
-    }
-    if (m_carnet.selection().vide()) {
+    if (m_carnet.basculeZoom() && m_carnet.affichage().demande.VueSemaine) {
         m_vues->montreHeureCourante(m_carnet.affichage());
-    } else {
         m_vues->montreContour(); // what the keys act on stays in sight
     }
 }

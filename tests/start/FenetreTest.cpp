@@ -143,7 +143,7 @@ TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {
     ouvre();
     joue("clic 2,3\nmnuZoom | docteur UN 0 0 -ESP 11 mars 2026 09:30 / 10:30 ROUX | 122x7 lundi 09 mars: "
          "19,3 ROUX [19,3-30,3]");
-    EXPECT_EQ(grille().rowAt(0), 24) << "two rows above 10:05";
+    EXPECT_EQ(grille().rowAt(0), 19) << "the hour, and what is selected";
     joue(R"(
         BtnSuivant    |
         BtnPrecedent  | | 122x7 lundi 09 mars: 19,3 ROUX
