@@ -6,7 +6,5 @@
 /// many of them would be taller than the screen.
 inline QString plainTip(const QString &text) {
     constexpr int longest = 400; // characters: more would be taller than the screen
-    return text.isEmpty()
-               ? text
-               : QStringLiteral("<span>%1</span>").arg(text.left(longest).toHtmlEscaped());
+    return text.isEmpty() ? text : QStringLiteral("<span>%1</span>").arg(text.left(longest).toHtmlEscaped());
 }
