@@ -45,10 +45,14 @@ QDate jourDe(Database &carnet) {
 
 /// Another practitioner's appointment on a day that nothing stands on yet; gives how long that takes, ms.
 double reserve(const Environnement &env, int numero) {
-    NouveauRDV nouveau{.saisie = {.Nom = QStringLiteral("ATTENTE"),
-                                  .Date1 = QDate(2200, 1, 1).addDays(numero),
-                                  .HeureDebut = QTime(9, 0),
-                                  .HeureFin = QTime(9, 30)},
+    NouveauRDV nouveau{.saisie = {QStringLiteral("ATTENTE"),
+                                  {},
+                                  {},
+                                  {},
+                                  {},
+                                  QDate(2200, 1, 1).addDays(numero),
+                                  QTime(9, 0),
+                                  QTime(9, 30)},
                        .NumPraticien = QStringLiteral("02"),
                        .Fauteuil = QStringLiteral("1")};
     std::optional<DbError> echec;
