@@ -86,8 +86,8 @@ void FrmPurger::Command1_Click() {
 std::optional<QString> FrmPurger::choisitArchive() {
     for (;;) {
         const std::optional<QString> nom = demandeNom(dossierDesPurges(m_env));
-        if (!nom || nom->isEmpty()) {
-            return nom;
+        if (!nom || QFileInfo(*nom).fileName().trimmed().isEmpty()) {
+            return nom ? std::optional(QString()) : std::nullopt;
         }
         const QString archive = m_env.chemins.real(NomArchive(*nom));
         if (!existe(archive)) {

@@ -5,7 +5,7 @@
 
 #include <QFile>
 #include <algorithm>
-#include <filesystem>
+#include <map>
 #include <thread>
 
 namespace {
@@ -41,10 +41,6 @@ SqlText parmi(const std::vector<qint64> &cles) {
     return liste << ")";
 }
 
-std::filesystem::path chemin(const QString &fichier) {
-    return QFile::encodeName(fichier).toStdString();
-}
-
 /// A template that lacks a field would refuse each row.
 void verifieModele(const QString &modele) {
     Database base = Database::open(modele);
@@ -57,32 +53,46 @@ void verifieModele(const QString &modele) {
     }
 }
 
-/// The template may be write-protected; its copy is written to.
-void copieModele(const QString &modele, const QString &archive) {
-    verifieModele(modele);
-    std::error_code echec;
-    std::filesystem::copy_file(chemin(modele), chemin(archive), echec);
-    if (echec) {
-        const bool plein = echec == std::errc::no_space_on_device;
-        throw DbError(plein ? DbError::Kind::DiskFull : DbError::Kind::Other, archive,
-                      QStringLiteral("il ne peut pas être créé"), QByteArray::fromStdString(echec.message()));
+/// The archive exists, and is this call's own.
+void copieModele(const QString &modele, QFile &archive) {
+    QFile source(modele);
+    if (!source.open(QIODevice::ReadOnly)) {
+        throw DbError(DbError::Kind::Other, modele, QStringLiteral("il ne peut pas être lu"));
     }
-    using std::filesystem::perms;
-    std::filesystem::permissions(chemin(archive), perms::owner_read | perms::owner_write,
-                                 std::filesystem::perm_options::add, echec);
+    const QByteArray contenu = source.readAll(); // an empty database
+    if (contenu.size() != source.size() || archive.write(contenu) != contenu.size() || !archive.flush()) {
+        throw DbError(DbError::Kind::DiskFull, archive.fileName());
+    }
+}
+
+bool memeValeur(const Value &a, const Value &b) {
+    return a.isNull() == b.isNull() && a.toText() == b.toText();
+}
+
+/// Text that is not text comes back as another one.
+bool estLisible(const Fields &champs) {
+    return std::ranges::none_of(champs, [](const auto &champ) {
+        return champ.second.toText().contains(QChar::ReplacementCharacter);
+    });
 }
 
 } // namespace
 
 void CreeArchive(const QString &modele, const QString &archive) {
-    if (QFile::exists(archive)) {
-        throw DbError(DbError::Kind::Other, archive, QStringLiteral("il existe déjà"));
+    const bool avecModele = QFile::exists(modele);
+    if (avecModele) {
+        verifieModele(modele);
     }
+    Database vide = Database::create(archive); // from here on the file is this call's own
     try {
-        if (QFile::exists(modele)) {
-            copieModele(modele, archive);
+        if (avecModele) {
+            QFile fichier(archive);
+            if (!fichier.open(QIODevice::ReadWrite)) {
+                throw DbError(DbError::Kind::Other, archive, QStringLiteral("il ne peut pas être créé"));
+            }
+            copieModele(modele, fichier);
         } else {
-            Database::create(archive).createTable(tableRDV, champsArchives());
+            vide.createTable(tableRDV, champsArchives());
         }
     } catch (...) {
         QFile::remove(archive);
@@ -121,11 +131,14 @@ std::vector<Purge::Rangee> Purge::litLot(Database &rdv, const std::vector<qint64
         if (!EstAnterieur(rows.at(row, jour).toDate(), m_jour)) {
             continue;
         }
-        Rangee &rangee = lot.emplace_back(Rangee{rows.at(row, 0).toInteger(), {}});
+        Rangee rangee{rows.at(row, 0).toInteger(), {}};
         rangee.champs.reserve(champsArchives().size());
         int place = 0;
         for (const FieldDef &champ : champsArchives()) {
             rangee.champs.emplace_back(champ.name, rows.at(row, ++place));
+        }
+        if (estLisible(rangee.champs)) {
+            lot.push_back(std::move(rangee));
         }
     }
     return lot;
@@ -141,8 +154,37 @@ void Purge::archive(Database &archives, const std::vector<Rangee> &lot) {
         archives.insert(tableRDV, rangee.champs);
         refs.push_back(rangee.ref());
     }
+    verifieArchive(archives, lot, refs);
     transaction.commit();
     m_enSuspens = refs;
+}
+
+/// What a template does to the rows that it is given is seen by reading them only.
+void Purge::verifieArchive(Database &archives, const std::vector<Rangee> &lot,
+                           const std::vector<qint64> &refs) {
+    size_t pareilles = 0;
+    const Records lues = archives.query(
+        SqlText(
+            "Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, HeureFin, "
+            "NumPraticien, Professionnel, Present, DateInv from RDV Where RefRDV in ")
+        << parmi(refs));
+    std::map<qint64, int> places;
+    for (int row = 0; row < lues.count(); ++row) {
+        places[lues.at(row, 0).toInteger()] = row;
+    }
+    for (const Rangee &rangee : lot) {
+        const auto place = places.find(rangee.ref());
+        bool pareille = place != places.end();
+        for (int champ = 0; pareille && champ < int(rangee.champs.size()); ++champ) {
+            pareille = memeValeur(lues.at(place->second, champ), rangee.champs[size_t(champ)].second);
+        }
+        pareilles += pareille ? 1 : 0;
+    }
+    if (pareilles != lot.size() || lues.count() != int(lot.size())) {
+        throw DbError(
+            DbError::Kind::Other, archives.path(),
+            QStringLiteral("l'archive ne rend pas les rendez-vous tels qu'ils lui ont été confiés"));
+    }
 }
 
 /// Takes those of the lot that are still what was archived. The others' copies are out of date.

@@ -49,6 +49,8 @@ class Purge {
 
     SqlText condition() const;
     std::vector<Rangee> litLot(Database &rdv, const std::vector<qint64> &cles) const;
+    static void verifieArchive(Database &archives, const std::vector<Rangee> &lot,
+                               const std::vector<qint64> &refs);
     void archive(Database &archives, const std::vector<Rangee> &lot);
     void retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees);
 

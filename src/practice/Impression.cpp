@@ -42,7 +42,8 @@ Fichier enregistre(const Environnement &env, const QByteArray &pdf, const QStrin
                 return {chemin, {}};
             }
             const QString erreur = raison(fichier);
-            fichier.remove();
+            fichier.close(); // what cannot be closed, remove() would leave
+            QFile::remove(fichier.fileName());
             return {chemin, erreur};
         }
         if (!fichier.exists()) {

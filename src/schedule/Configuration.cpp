@@ -13,7 +13,7 @@ QString DefautConfiguration(const Configuration &config) {
     if (config.Intervalle < 1) {
         return QStringLiteral("la durée d'un créneau doit être d'au moins une minute");
     }
-    if (config.Intervalle * 60 > config.HeureMatDebut.secsTo(config.HeurePMFin)) {
+    if (qint64{config.Intervalle} * 60 > config.HeureMatDebut.secsTo(config.HeurePMFin)) {
         return QStringLiteral("un créneau dure plus que la journée");
     }
     if (config.NbJours < 1) {

@@ -1,6 +1,7 @@
 #include "search/CreneauxLibresTables.h"
 
 #include "grid/RendezVousTables.h"
+#include "platform/db/DbError.h"
 
 #include <algorithm>
 
@@ -11,7 +12,16 @@ std::optional<int> intervalle(Database &carnet, const DemandeCreneau &demande) {
     const Records rows = carnet.query(SqlText("Select Intervalle from Config where clng(NumPraticien) =")
                                       << nombre(demande.numPraticien())
                                       << " and Fauteuil = " << nombre(demande.numFauteuil()));
-    return rows.isEmpty() ? std::nullopt : std::optional(int(rows.first()[u"Intervalle"].toInteger()));
+    if (rows.isEmpty()) {
+        return std::nullopt;
+    }
+    constexpr qint64 minutesDuJour = 24 * 60;
+    const qint64 pas = rows.first()[u"Intervalle"].toInteger();
+    if (pas < 1 || pas >= minutesDuJour) {
+        throw DbError(DbError::Kind::Structure, carnet.path(),
+                      QStringLiteral("un créneau de %1 minutes").arg(pas));
+    }
+    return int(pas);
 }
 
 QList<RendezVous> duJour(const QList<RendezVous> &lus, QDate jour) {

@@ -4,6 +4,7 @@
 #include "platform/db/Engine.h"
 #include "platform/db/SqliteEngine.h"
 
+#include <QFile>
 #include <QFileInfo>
 
 namespace {
@@ -36,9 +37,13 @@ Database Database::open(const QString &path, std::chrono::milliseconds wait) {
 }
 
 Database Database::create(const QString &path) {
-    if (QFileInfo::exists(path)) {
-        throw DbError(DbError::Kind::Other, path, QStringLiteral("il existe déjà"));
+    QFile file(path);
+    if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) { // at once: another may be about to create it
+        throw DbError(DbError::Kind::Other, path,
+                      file.exists() ? QStringLiteral("il existe déjà")
+                                    : QStringLiteral("il ne peut pas être créé"));
     }
+    file.close();
     return {path, SqliteEngine::create(path)};
 }
 

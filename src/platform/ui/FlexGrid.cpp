@@ -250,10 +250,10 @@ void FlexGrid::paintFrame() {
     const QRect frame = visualRect(m_cells.index(m_outline->row, m_outline->col))
                             .united(visualRect(m_cells.index(m_outline->rowSel, m_outline->colSel)));
     QPainter painter(viewport());
-    painter.setPen(QPen(palette().color(QPalette::Text), 2));
-    painter.drawRect(frame.adjusted(1, 1, -2, -2));
+    painter.setPen(palette().color(QPalette::Text)); // no thicker: the accents of capitals come next
+    painter.drawRect(frame.adjusted(0, 0, -1, -1));
     painter.setPen(palette().color(QPalette::Base));
-    painter.drawRect(frame.adjusted(2, 2, -3, -3));
+    painter.drawRect(frame.adjusted(1, 1, -2, -2));
 }
 
 bool FlexGrid::viewportEvent(QEvent *event) {
