@@ -133,7 +133,7 @@ TEST_F(FenetrePurge, AFailureBeforeTheFirstRowLeavesNothing) {
         const rlimit nouvelle{octets, limite.rlim_max};
         setrlimit(RLIMIT_FSIZE, &nouvelle);
     };
-    const auto avant = std::signal(SIGXFSZ, SIG_IGN);
+    const auto signal = std::signal(SIGXFSZ, SIG_IGN);
     const std::tuple<const char *, std::function<void()>, std::function<void()>> pannes[] = {
         {"est occupé par un autre programme.", [&] { verrou.emplace(autre); }, [&] { verrou.reset(); }},
         {"est ouvert en lecture seule.", [&] { *cabinet.environnement().lectureSeule = q("Il est abîmé."); },
@@ -152,7 +152,7 @@ TEST_F(FenetrePurge, AFailureBeforeTheFirstRowLeavesNothing) {
             << dits;
         intact(q(cause));
     }
-    (void)std::signal(SIGXFSZ, avant);
+    (void)std::signal(SIGXFSZ, signal);
 }
 
 TEST_F(FenetrePurge, AFailureOnTheWayLosesNothing) {

@@ -75,17 +75,19 @@ TEST_F(PurgeTest, TakesTheRowsAsTheyAreWhenTheirLotComes) {
         Nom      | NumPraticien | Date1      | DateInv
         REPORTE  | 01           | 2005-01-05 | 20050105
         AUTRE    | 01           | 2005-01-05 | 20050105
+        JOUR     | 01           | 2005-01-05 | 20050105
         CHANGE   | 01           | 2005-01-05 | 20050105
         SUPPRIME | 01           | 2005-01-05 | 20050105)");
     commence();
     livre.execute(SqlText("Update RDV Set Date1 = '2005-03-02', DateInv = '20050302' Where Nom = 'REPORTE'"));
     livre.execute(SqlText("Update RDV Set NumPraticien = '2' Where Nom = 'AUTRE'"));
+    livre.execute(SqlText("Update RDV Set Date1 = '2005-03-02' Where Nom = 'JOUR'"));
     livre.execute(SqlText("Update RDV Set Nom = 'NOUVEAU' Where Nom = 'CHANGE'"));
     livre.execute(SqlText("Delete from RDV Where Nom = 'SUPPRIME'"));
     EXPECT_EQ(acheve(), 1);
-    EXPECT_EQ(comptes(livre.fichier()).keys(), refs.first(2));
-    EXPECT_EQ(comptes(archive).keys(), refs.sliced(2, 1));
-    EXPECT_EQ(comptes(archive)[refs[2]][1], Value(q("NOUVEAU")));
+    EXPECT_EQ(comptes(livre.fichier()).keys(), refs.first(3));
+    EXPECT_EQ(comptes(archive).keys(), refs.sliced(3, 1));
+    EXPECT_EQ(comptes(archive)[refs[3]][1], Value(q("NOUVEAU")));
 }
 
 TEST_F(PurgeTest, ALotThatBeginsAnewIsArchivedOnce) {

@@ -16,7 +16,10 @@ namespace {
 /// minutes.
 class FrmRDVlibreTest : public testing::Test {
   protected:
-    FrmRDVlibreTest() { livre.config(rang); }
+    FrmRDVlibreTest() {
+        livre.config({.nom = "Autre", .fauteuil = 2, .intervalle = 5});
+        livre.config(rang);
+    }
     void ouvre(const Configuration &config) {
         fenetre = std::make_unique<FrmRDVlibre>(env, q("01"), config);
         fenetre->show();
@@ -65,7 +68,6 @@ class FrmRDVlibreTest : public testing::Test {
 } // namespace
 
 TEST_F(FrmRDVlibreTest, DaysAndLengths) {
-    livre.config({.nom = "Autre", .fauteuil = 2, .intervalle = 5});
     for (const int autre : {0, 2}) {
         livre.rdv({.debut = "07:00:00", .fin = "19:00:00", .fauteuil = autre});
     }
