@@ -2,19 +2,18 @@
 // archive, as it was, and a second purge must bring the rest into an archive of its own.
 #include "Schema.h"
 #include "maintenance/PurgeTables.h"
-#include "platform/db/DbError.h"
 #include "start/MiseANiveauTables.h"
+#include "support/Comptes.h"
 
 #include <QCoreApplication>
+#include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
-#include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTextStream>
 #include <QThread>
 
-#include <optional>
 #include <random>
 #include <unistd.h>
 
@@ -26,213 +25,143 @@ constexpr int autres = 400; // of another practitioner, or after the day
 const QDate premierJour(2020, 1, 1);
 const QDate jourDePurge(2024, 1, 1);
 
-struct Livres {
-    explicit Livres(const QString &dossier)
-        : rdv(dossier + QStringLiteral("/Tavelin.mdb")), modele(dossier + QStringLiteral("/ZeroRDV.mdb")),
-          archive(dossier + QStringLiteral("/archive.mdb")),
-          seconde(dossier + QStringLiteral("/seconde.mdb")) {}
-    QString rdv;
-    QString modele;
-    QString archive;
-    QString seconde;
-};
+// each round has a folder of its own, which is the current one
+const QString livre = QStringLiteral("Tavelin.mdb");
+const QString modele = QStringLiteral("ZeroRDV.mdb");
+const QString premiere = QStringLiteral("archive.mdb");
+const QString seconde = QStringLiteral("seconde.mdb");
 
-void remplit(const QString &livre) {
+Comptes lit(const QString &fichier) { // empty: killed while the archive was made
+    return QFileInfo(fichier).size() == 0 ? Comptes() : comptes(fichier);
+}
+
+/// Gives what the appointments are.
+Comptes prepare(const QTemporaryDir &dossier) {
+    QDir::setCurrent(dossier.path());
+    creeBase(livre, schema(Base::RendezVous));
+    creeBase(modele, schema(Base::ArchiveVide));
     Database rdv = Database::open(livre);
+    MetANiveau(rdv);
     Transaction transaction(rdv);
     for (int i = 0; i < anciens + autres; ++i) {
         const bool apres = i >= anciens && i % 2 == 0;
         const QDate jour = apres ? jourDePurge.addDays(i) : premierJour.addDays(i % 1000);
-        rdv.insert(QStringLiteral("RDV"),
-                   {{QStringLiteral("Nom"), QStringLiteral("L'HER %1").arg(i)},
-                    {QStringLiteral("Description"), QString(100, u'é')},
-                    {QStringLiteral("NumPatient"), i},
-                    {QStringLiteral("Date1"), Value::date(jour)},
-                    {QStringLiteral("DateInv"), jour.toString(QStringLiteral("yyyyMMdd"))},
-                    {QStringLiteral("NumPraticien"), QString::number(i < anciens || apres ? 1 : 2)},
-                    {QStringLiteral("Present"), -(i % 2)}});
+        rdv.insert(q("RDV"), {{q("Nom"), q("L'HER %1").arg(i)},
+                              {q("Description"), QString(100, u'é')},
+                              {q("Date1"), Value::date(jour)},
+                              {q("DateInv"), jour.toString(q("yyyyMMdd"))},
+                              {q("NumPraticien"), QString::number(i < anciens || apres ? 1 : 2)}});
     }
     transaction.commit();
+    return comptes(livre);
 }
 
-/// The child, which may be killed: a purge as the window does it, to its end.
-void purge(const Livres &livres, const QString &archive) {
+/// A purge as the window does it, to its end.
+void purge(const QString &archive) {
     Purge purge(1, jourDePurge);
     {
-        Database rdv = Database::open(livres.rdv);
+        Database rdv = Database::open(livre);
         purge.cherche(rdv);
     }
-    CreeArchive(livres.modele, archive);
+    CreeArchive(modele, archive);
     while (!purge.finie()) {
         Database archives = Database::open(archive);
-        Database rdv = Database::open(livres.rdv);
+        Database rdv = Database::open(livre);
         purge.deplaceLot(rdv, archives);
     }
 }
 
-/// What an appointment's fields were, by its RefRDV. One that stands there twice is no appointment.
-using Contenus = QMap<qint64, QString>;
-
-Contenus lit(const QString &fichier) {
-    Contenus tous;
-    if (QFileInfo(fichier).size() == 0) { // killed while the archive was made
-        return tous;
-    }
-    Database base = Database::open(fichier);
-    const Records rows = base.query(SqlText(
-        "Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, HeureFin, "
-        "NumPraticien, Professionnel, Present, DateInv from RDV"));
-    for (int row = 0; row < rows.count(); ++row) {
-        QStringList champs;
-        for (int i = 0; i < rows.fields().size(); ++i) {
-            champs << (rows.at(row, i).isNull() ? QStringLiteral("Null") : rows.at(row, i).toText());
-        }
-        QString &contenu = tous[rows.at(row, 0).toInteger()];
-        contenu = contenu.isEmpty() ? champs.join(u'|') : QStringLiteral("deux fois");
-    }
-    return tous;
-}
-
-struct Bilan {
-    int changes = 0;
-    int interrompues = 0;
-    int enPleineEcriture = 0;
-    int deplaces = 0;
-    int dansLesDeux = 0;
-    int fautes = 0;
-};
-
-/// Every row is in one of the files, and no file has another.
-int ecarts(const Contenus &avant, const QList<Contenus> &fichiers) {
-    int faux = 0;
-    for (auto it = avant.cbegin(); it != avant.cend(); ++it) {
-        faux += std::ranges::any_of(
-                    fichiers, [&](const Contenus &fichier) { return fichier.value(it.key()) == it.value(); })
-                    ? 0
-                    : 1;
-    }
-    for (const Contenus &fichier : fichiers) {
-        for (auto it = fichier.cbegin(); it != fichier.cend(); ++it) {
-            faux += avant.value(it.key()) == it.value() ? 0 : 1;
-        }
-    }
-    return faux;
-}
-
-void verifie(Bilan &bilan, const Contenus &avant, const Livres &livres) {
-    for (const QString &fichier : {livres.rdv, livres.archive}) {
-        bilan.enPleineEcriture += QFileInfo(fichier + QStringLiteral("-journal")).size() > 0 ? 1 : 0;
-    }
-    const Contenus carnet = lit(livres.rdv);
-    const Contenus archive = lit(livres.archive);
-    bilan.fautes += ecarts(avant, {carnet, archive});
-    bilan.interrompues += carnet.size() > autres && carnet.size() < avant.size() ? 1 : 0;
-    bilan.deplaces += int(avant.size() - carnet.size());
-    bilan.dansLesDeux += int(carnet.size() + archive.size() - avant.size());
-    purge(livres, livres.seconde);
-    const Contenus reste = lit(livres.rdv);
-    bilan.fautes += ecarts(avant, {reste, archive, lit(livres.seconde)});
-    bilan.fautes += reste.size() == autres ? 0 : 1;
-    bilan.fautes += checkBook(livres.rdv).isEmpty() ? 0 : 1;
-}
-
-void commence(QProcess &enfant, const QString &dossier) {
+/// The same in a process of its own, which may be killed.
+void commence(QProcess &enfant) {
     enfant.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-    enfant.start(QCoreApplication::applicationFilePath(), {QStringLiteral("--purge"), dossier});
+    enfant.start(QCoreApplication::applicationFilePath(), {q("--purge")});
     enfant.waitForReadyRead(patienceMs);
 }
 
-/// Lets a child purge to its end, and changes and postpones appointments meanwhile; `attendu` becomes what
-/// they are then.
-void dispute(const QString &dossier, Contenus &attendu, Bilan &bilan, std::mt19937 &hasard) {
-    const Livres livres(dossier);
+/// Every row is in one of the files, as it was, and none has another.
+bool comptees(const Comptes &avant, const QStringList &fichiers) {
+    Comptes ensemble;
+    for (const QString &fichier : fichiers) {
+        const Comptes lus = lit(fichier);
+        Comptes avec = avant;
+        avec.insert(lus);
+        if (avec != avant) {
+            return false;
+        }
+        ensemble.insert(lus);
+    }
+    return ensemble == avant;
+}
+
+/// Appointments are changed and postponed while a purge comes to its end: it takes them as they are then,
+/// once.
+bool dispute(std::mt19937 &hasard) {
+    const QTemporaryDir dossier;
+    Comptes attendu = prepare(dossier);
     const QList<qint64> refs = attendu.keys();
     QProcess enfant;
-    commence(enfant, dossier);
+    commence(enfant);
     while (!enfant.waitForFinished(1)) {
         const qint64 ref = refs[qsizetype(hasard() % anciens)];
         const bool reporte = hasard() % 2 == 0;
-        Database rdv = Database::open(livres.rdv);
         const SqlText change =
             reporte ? SqlText("Update RDV Set Date1 = '2030-01-01', DateInv = '20300101' Where RefRDV = ")
                     : SqlText("Update RDV Set Prenom = 'Zoé' Where RefRDV = ");
-        if (rdv.execute(SqlText(change) << nombre(ref)) == 1) {
-            ++bilan.changes;
-            QStringList champs = attendu[ref].split(u'|');
-            champs[reporte ? 6 : 2] = reporte ? QStringLiteral("2030-01-01") : QStringLiteral("Zoé");
-            champs[12] = reporte ? QStringLiteral("20300101") : champs[12];
-            attendu[ref] = champs.join(u'|');
+        if (Database::open(livre).execute(SqlText(change) << nombre(ref)) == 1) {
+            std::vector<Value> &champs = attendu[ref];
+            champs[reporte ? 6 : 2] = reporte ? q("2030-01-01") : q("Zoé");
+            champs[12] = reporte ? Value(q("20300101")) : champs[12];
         }
     }
+    const auto reportes = std::ranges::count_if(
+        attendu, [](const std::vector<Value> &champs) { return champs[12] == Value(q("20300101")); });
+    return comptees(attendu, {livre, premiere}) && lit(livre).size() == autres + reportes &&
+           lit(premiere).size() == anciens - reportes;
 }
 
-/// Lets a child purge for so long at most, then kills it; gives how long it took, in microseconds.
-qint64 tue(const QString &dossier, std::optional<unsigned long> microsecondes) {
+/// How long a purge takes that nothing disturbs.
+unsigned dureeEntiere() {
+    const QTemporaryDir dossier;
+    prepare(dossier);
     QProcess enfant;
-    commence(enfant, dossier);
+    commence(enfant);
     QElapsedTimer duree;
     duree.start();
-    if (microsecondes) {
-        QThread::usleep(*microsecondes); // not a wait: the random moment of the kill
-        enfant.kill();
-    }
     enfant.waitForFinished(patienceMs);
-    return duree.nsecsElapsed() / 1000;
+    return unsigned(duree.nsecsElapsed() / 1000);
 }
 
-/// A practice's books, whose appointments `avant` is made to hold.
-Livres prepare(const QTemporaryDir &dossier, Contenus &avant) {
-    Livres livres(dossier.path());
-    creeBase(livres.rdv, schema(Base::RendezVous));
-    {
-        Database rdv = Database::open(livres.rdv);
-        MetANiveau(rdv);
-    }
-    remplit(livres.rdv);
-    creeBase(livres.modele, schema(Base::ArchiveVide));
-    avant = lit(livres.rdv);
-    return livres;
-}
-
-/// Two purges that come to their end: one while the book is written into, one that is timed.
-qint64 laisseFinir(Bilan &bilan, std::mt19937 &hasard) {
-    qint64 duree = 0;
-    for (const bool disputee : {true, false}) {
-        const QTemporaryDir dossier;
-        Contenus avant;
-        const Livres livres = prepare(dossier, avant);
-        if (disputee) {
-            dispute(dossier.path(), avant, bilan, hasard);
-        } else {
-            duree = tue(dossier.path(), std::nullopt);
-        }
-        const Contenus carnet = lit(livres.rdv);
-        const Contenus archive = lit(livres.archive);
-        bilan.fautes += ecarts(avant, {carnet, archive});
-        bilan.fautes += carnet.size() + archive.size() == avant.size() ? 0 : 1;
-    }
-    return duree;
+/// Whether a purge that is killed after so long leaves all that the next one needs.
+bool survit(unsigned microsecondes, int &interrompues) {
+    const QTemporaryDir dossier;
+    const Comptes avant = prepare(dossier);
+    QProcess enfant;
+    commence(enfant);
+    QThread::usleep(microsecondes); // not a wait: the random moment of the kill
+    enfant.kill();
+    enfant.waitForFinished(patienceMs);
+    const bool sains = comptees(avant, {livre, premiere});
+    const qsizetype reste = lit(livre).size();
+    interrompues += reste > autres && reste < avant.size() ? 1 : 0;
+    purge(seconde);
+    return sains && comptees(avant, {livre, premiere, seconde}) && lit(livre).size() == autres &&
+           checkBook(livre).isEmpty();
 }
 
 int dirige(int tours, unsigned graine) {
     std::mt19937 hasard(graine);
-    Bilan bilan;
-    const qint64 entiere = laisseFinir(bilan, hasard);
+    int interrompues = 0;
+    int fautes = dispute(hasard) ? 0 : 1;
+    const unsigned entiere = dureeEntiere();
     for (int i = 0; i < tours; ++i) {
-        const QTemporaryDir dossier;
-        Contenus avant;
-        const Livres livres = prepare(dossier, avant);
-        tue(dossier.path(), hasard() % unsigned(entiere));
-        verifie(bilan, avant, livres);
+        fautes += survit(unsigned(hasard() % entiere), interrompues) ? 0 : 1;
     }
-    QTextStream(stdout) << "Arrêts : " << tours << " (graine " << graine
-                        << ")\nPurges entamées et non finies : " << bilan.interrompues
-                        << "\nChangés pendant une purge : " << bilan.changes
-                        << "\nFichiers en pleine écriture : " << bilan.enPleineEcriture
-                        << "\nRendez-vous déplacés avant l'arrêt : " << bilan.deplaces
-                        << "\nDans le carnet et dans l'archive : " << bilan.dansLesDeux
-                        << "\nFautes : " << bilan.fautes << '\n';
-    return bilan.interrompues > 0 && bilan.fautes == 0 ? 0 : 1;
+    QTextStream(stdout) << q("Arrêts : %1 (graine %2), au milieu : %3, fautes : %4\n")
+                               .arg(tours)
+                               .arg(graine)
+                               .arg(interrompues)
+                               .arg(fautes);
+    return interrompues > 0 && fautes == 0 ? 0 : 1;
 }
 
 } // namespace
@@ -242,14 +171,13 @@ int main(int argc, char **argv) {
     const QStringList arguments = QCoreApplication::arguments();
     try {
         if (arguments.value(1) == QLatin1StringView("--purge")) {
-            const Livres livres(arguments.value(2));
             if (write(STDOUT_FILENO, "\n", 1) == 1) {
-                purge(livres, livres.archive);
+                purge(premiere);
             }
             return 0;
         }
         const QString graine = arguments.value(2, QString::number(std::random_device()()));
-        return dirige(arguments.value(1, QStringLiteral("20")).toInt(), graine.toUInt());
+        return dirige(arguments.value(1, q("20")).toInt(), graine.toUInt());
     } catch (const std::exception &erreur) {
         QTextStream(stderr) << erreur.what() << '\n';
         return 1;

@@ -19,6 +19,15 @@ QString xdotool(const QStringList &arguments) {
     return QString::fromUtf8(processus.readAllStandardOutput()).trimmed();
 }
 
+void presse(const char *touches) {
+    xdotool(QStringList{q("key")} + q(touches).split(u' '));
+}
+void tape(const char *texte) {
+    xdotool({q("type"), q("--delay"), q("30"), q(texte)});
+}
+
+const char *const carnetOuvert = "Carnet de rendez-vous du docteur L'HERMITE Hélène";
+
 /// The program as it is shipped, running by itself.
 class Programme {
   public:
@@ -73,28 +82,26 @@ TEST(Programme, OpensOnAFolderWithBlanksAndAccentsAndEndsWithoutWriting) {
     }
     EXPECT_GT(bleus, 50);
     const QStringList avant = cabinet.empreintes();
-    for (const QStringList &fin : {QStringList{q("ctrl+q")}, QStringList{q("alt+p"), q("q")}}) {
+    for (const char *fin : {"ctrl+q", "alt+p q"}) {
         Programme programme(sur(cabinet));
-        ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"))
-            << programme.erreurs();
-        xdotool(QStringList{q("key")} + fin);
-        EXPECT_EQ(programme.code(), 0) << fin.first().toStdString();
+        ASSERT_TRUE(programme.fenetre(carnetOuvert)) << programme.erreurs();
+        presse(fin);
+        EXPECT_EQ(programme.code(), 0) << fin;
         EXPECT_EQ(cabinet.empreintes(), avant);
     }
 }
 
 TEST(Programme, BooksAFreeSlotThatWasSearched) {
     const CabinetDEssai cabinet;
-    const char *const livre = "Carnet de rendez-vous du docteur L'HERMITE Hélène";
     Programme programme(sur(cabinet));
-    ASSERT_TRUE(programme.fenetre(livre));
-    xdotool({q("key"), q("ctrl+l")});
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    presse("ctrl+l");
     ASSERT_TRUE(programme.fenetre(" Horaire libre"));
-    xdotool({q("key"), q("Return")});
+    presse("Return");
     xdotool(q("getwindowfocus mousemove --window %1 60 90 click 1").split(u' ')); // the second entry
     ASSERT_TRUE(programme.fenetre(" Ajouter un rendez-vous"));
-    xdotool({q("key"), q("alt+a")}); // for the patient whom the suite hands over
-    ASSERT_TRUE(programme.fenetre(livre));
+    presse("alt+a"); // for the patient whom the suite hands over
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
     Database base = cabinet.ouvre(Base::RendezVous);
     const Records ecrit =
         base.query(SqlText("select * from RDV where RefRDV > ") << nombre(CabinetDEssai::options().rdv));
@@ -112,32 +119,27 @@ TEST(Programme, BooksAFreeSlotThatWasSearched) {
 TEST(Programme, PurgesThePractice) {
     const CabinetDEssai cabinet;
     const QString carnet = cabinet.fichier(Base::RendezVous);
-    const Comptes avant = comptes(carnet);
+    Comptes reste = comptes(carnet);
     Comptes attendu;
-    for (auto it = avant.cbegin(); it != avant.cend(); ++it) {
-        const bool part = it.value()[9].toInteger() == 1 && it.value()[12].toText() < q("20260309");
-        if (part) {
-            attendu.insert(it.key(), it.value());
+    for (const auto &[ref, champs] : reste.toStdMap()) {
+        if (champs[9].toInteger() == 1 && champs[12].toText() < q("20260309")) {
+            attendu[ref] = reste.take(ref);
         }
     }
     ASSERT_GT(attendu.size(), 200);
     Programme programme(sur(cabinet));
-    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
-    xdotool({q("key"), q("alt+o"), q("p")});
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    presse("alt+o p");
     ASSERT_TRUE(programme.fenetre(" Purger"));
-    xdotool({q("type"), q("9/3/2026")});
-    xdotool({q("key"), q("Return")});
+    tape("9/3/2026");
+    presse("Return");
     ASSERT_TRUE(programme.fenetre("Enregistrer sous ..."));
-    xdotool({q("type"), q("avant mars")});
-    xdotool({q("key"), q("Return")});
+    tape("avant mars");
+    presse("Return");
     ASSERT_TRUE(programme.fenetre("Quitter"));
-    xdotool({q("key"), q("Return")});
+    presse("Return");
     EXPECT_EQ(programme.code(), 0);
     EXPECT_EQ(comptes(cabinet.dossier() + q("/Base/Fichiers/Purge/avant mars.mdb")), attendu);
-    Comptes reste = avant;
-    for (const qint64 ref : attendu.keys()) {
-        reste.remove(ref);
-    }
     EXPECT_EQ(comptes(carnet), reste);
 }
 
@@ -174,7 +176,7 @@ TEST(Programme, EndsWhenThePathDatabaseIsOfNoUse) {
         const QStringList avant = cabinet.empreintes();
         Programme programme(sur(cabinet));
         ASSERT_TRUE(programme.fenetre("Erreur")) << nom;
-        xdotool({q("key"), q("Return")});
+        presse("Return");
         EXPECT_EQ(programme.code(), 1) << nom;
         EXPECT_EQ(cabinet.empreintes(), avant) << nom;
     }
@@ -188,19 +190,18 @@ TEST(Programme, SearchesShowsAndPrintsACard) {
                 "(select RefRDV from RDV where Date1 > '2026-04-01' and clng(NumPraticien) = 1 order by "
                 "Date1 limit 2)"));
     Programme programme(sur(cabinet));
-    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
-    xdotool({q("key"), q("ctrl+f")});
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    presse("ctrl+f");
     ASSERT_TRUE(programme.fenetre(" Rechercher"));
-    const auto tape = [](const char *texte) { xdotool({q("type"), q("--delay"), q("30"), q(texte)}); };
-    xdotool({q("key"), q("Tab"), q("Tab"), q("Tab")}); // past the lookup
+    presse("Tab Tab Tab"); // past the lookup
     tape("d'angélo");
-    xdotool({q("key"), q("Tab")});
+    presse("Tab");
     tape("zoé");
-    xdotool({q("key"), q("Return")});
+    presse("Return");
     ASSERT_TRUE(programme.fenetre(" Résultat de la recherche"));
-    xdotool({q("key"), q("Tab"), q("Return")}); // Imprimer
+    presse("Tab Return"); // Imprimer
     ASSERT_TRUE(programme.fenetre("Tavelin")) << "where the file is";
-    xdotool({q("key"), q("Return")});
+    presse("Return");
     ASSERT_TRUE(programme.fenetre(" Résultat de la recherche"));
 
     const QDir mots(cabinet.dossier() + q("/Donnees/Word"));
@@ -219,9 +220,9 @@ TEST(Programme, SearchesShowsAndPrintsACard) {
     }
     EXPECT_EQ(carte, attendue);
 
-    xdotool({q("key"), q("shift+Tab"), q("Return")}); // the first appointment
-    ASSERT_TRUE(programme.fenetre("Carnet de rendez-vous du docteur L'HERMITE Hélène"));
-    xdotool({q("key"), q("Return")});
+    presse("shift+Tab Return"); // the first appointment
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    presse("Return");
     EXPECT_TRUE(programme.fenetre(" Édition d'un rendez-vous")) << "it is selected";
 }
 

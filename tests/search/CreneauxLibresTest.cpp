@@ -30,22 +30,20 @@ Configuration configuration(const std::array<QTime, 4> &bornes, int grise) {
 QList<QTime> pointParPoint(const Configuration &c, int grise, int duree, int pas,
                            const QList<RendezVous> &jour) {
     const auto minute = [](QTime t) { return t.msecsSinceStartOfDay() / 60000; };
-    const auto occupe = [&](int point) {
-        return std::ranges::any_of(jour, [&](const RendezVous &r) {
-            return r.HeureDebut.isValid() && minute(r.HeureDebut) <= point && minute(r.HeureFin) > point;
-        });
-    };
+    const int midi = minute(c.HeureMatFin);
+    const int reprise = minute(c.HeurePMDebut);
+    const int fin = grise == 2 ? midi : minute(c.HeurePMFin);
     QList<QTime> debuts;
-    const int e = minute(grise == 2 ? c.HeureMatFin : c.HeurePMFin);
-    int t = minute(grise == 1 ? c.HeurePMDebut : c.HeureMatDebut);
-    for (; grise != 3 && e - t >= 1 && t + duree <= e; t += pas) {
-        if ((t >= minute(c.HeureMatFin) && t < minute(c.HeurePMDebut)) ||
-            (t + duree > minute(c.HeureMatFin) && t + duree <= minute(c.HeurePMDebut))) {
-            t = minute(c.HeurePMDebut);
+    for (int t = grise == 1 ? reprise : minute(c.HeureMatDebut); t < fin && t + duree <= fin; t += pas) {
+        if ((t >= midi && t < reprise) || (t + duree > midi && t + duree <= reprise)) {
+            t = reprise;
         }
         bool libre = true;
-        for (int reste = duree, point = t; reste > 0; reste -= pas, point += pas) {
-            libre = libre && !occupe(point % 1440);
+        for (int point = t; point < t + duree; point += pas) {
+            libre = libre && std::ranges::none_of(jour, [&](const RendezVous &r) {
+                        return r.HeureDebut.isValid() && minute(r.HeureDebut) <= point % 1440 &&
+                               minute(r.HeureFin) > point % 1440;
+                    });
         }
         if (libre) {
             debuts << QTime(t / 60, t % 60);
@@ -89,7 +87,7 @@ TEST(CreneauxLibres, AnyDayIsSearchedAsPointByPoint) {
         std::array<QTime, 4> bornes;
         std::ranges::generate(bornes, [&] { return QTime(entre(0, 23), entre(0, 11) * 5); });
         std::ranges::sort(bornes);
-        const int grise = entre(0, 3);
+        const int grise = entre(0, 2);
         QList<RendezVous> jour(entre(0, 12));
         for (RendezVous &r : jour) {
             r.HeureDebut = entre(0, 20) == 0 ? QTime() : QTime(entre(0, 23), entre(0, 59), entre(0, 59));
@@ -112,6 +110,7 @@ TEST(CreneauxLibres, ArrowsAndPlaces) {
         15 | 00:45 | 01:00 | 00:30
         20 | 00:20 | 00:40 | 00:20
         20 | 23:20 | 23:20 | 23:00
+        15 | 23:15 | 23:30 | 23:00
         15 | 23:30 | 23:30 | 23:15)")) {
         EXPECT_EQ(DureePlusLongue(h(cas[1]), cas[0].toInt()), h(cas[2])) << cas[1].toStdString();
         EXPECT_EQ(DureePlusCourte(h(cas[1]), cas[0].toInt()), h(cas[3])) << cas[1].toStdString();

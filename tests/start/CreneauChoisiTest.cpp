@@ -1,11 +1,9 @@
 #include "support/Fenetre.h"
+#include "support/Gestes.h"
 #include "support/WaitUntil.h"
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPushButton>
-#include <QTest>
 #include <gtest/gtest.h>
 
 namespace {
@@ -18,20 +16,16 @@ class CreneauChoisiTest : public testing::Test, public Fenetre {
         cabinet.ouvre(Base::PatientTransmis).execute(SqlText("delete from LePatient"));
         cabinet.ouvre(Base::Parametres)
             .execute(SqlText("update Praticien set PreNom = '', nom = 'UN' where codeprat = 1"));
-        livre.config(rang);
+        livre.config({.grise = {0, 0, 0, 0, 0, 0, 3}});
         livre.config({.nom = "Cabinet2", .fauteuil = 2, .defaut = false});
-    }
-    static void saisit(QWidget &dialogue, const char *champ, const char *texte, const char *puis) {
-        dialogue.findChild<QLineEdit *>(q(champ))->setText(q(texte));
-        dialogue.findChild<QPushButton *>(q(puis))->click();
     }
     /// Opens the search, looks from `jour` on and picks an entry; `ajouter` happens in the add window. Gives
     /// how many entries the search is left with, -1 when it was closed.
     int choisit(const char *jour, int entree, const std::function<void(QWidget &)> &ajouter) {
         int reste = -1;
         pendant("mnuRDVlibre", [&](QWidget &recherche) {
-            auto &liste = *recherche.findChild<QListWidget *>(q("List1"));
-            saisit(recherche, "DTPicker1", jour, "BtnOK");
+            auto &liste = controle<QListWidget>(recherche, q("List1"));
+            ::joue(recherche, q("DTPicker1=%1;>BtnOK").arg(q(jour)));
             EXPECT_TRUE(waitUntil([&] { return liste.count() > entree; }));
             bool vu = false;
             QTimer::singleShot(0, qApp, [&] {
@@ -49,12 +43,7 @@ class CreneauChoisiTest : public testing::Test, public Fenetre {
         });
         return reste;
     }
-    /// How many rows of RDV fulfil that.
-    int lignes(const SqlText &condition) const {
-        return livre.ouvre().query(SqlText("select * from RDV where ") << condition).count();
-    }
-
-    RangConfig rang{.grise = {0, 0, 0, 0, 0, 0, 3}};
+    static void reserve(const QWidget &ajouter) { ::joue(ajouter, q("Text1=MARTIN;>BtnAjouter")); }
 };
 
 } // namespace
@@ -63,20 +52,24 @@ TEST_F(CreneauChoisiTest, IsShownBehindAndBooked) {
     livre.rdv();
     livre.execute(SqlText("update RDV set NumPatient = 41, Description = 'Pose bague'"));
     ouvre();
-    joue("clic 2,3 | docteur UN 0 0 -ESP 11 mars 2026 09:00 / 10:00 ROUX [ Pose bague ]");
+    fait(q("clic 2,3"));
     EXPECT_EQ(choisit("18/03/2026", 3,
                       [&](QWidget &ajouter) {
                           EXPECT_EQ(etat(), "docteur UN 0 0 A--- 18 mars 2026 11:00 / 12:00");
                           EXPECT_EQ(grilles(), "12x7 lundi 16 mars: [4,3-4,3]");
-                          saisit(ajouter, "Text1", "MARTIN", "BtnAjouter");
+                          reserve(ajouter);
                       }),
               -1);
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 18 mars 2026 11:00 / 12:00 MARTIN");
-    EXPECT_EQ(
-        lignes(SqlText("Nom = 'MARTIN' and Date1 = #03 18 2026# and HeureDebut = #11:00# and HeureFin = "
-                       "#12:00# and Professionnel = True and NumPatient = 0 and Description = ''")),
-        1)
-        << "nothing of the one selected before";
+    const Records ecrit = livre.ouvre().query(
+        SqlText("select Date1, HeureDebut, HeureFin, Professionnel, NumPatient, Description from RDV where "
+                "Nom = 'MARTIN'"));
+    ASSERT_EQ(ecrit.count(), 1);
+    QStringList champs;
+    for (int i = 0; i < ecrit.fields().size(); ++i) {
+        champs << ecrit.at(0, i).toText();
+    }
+    EXPECT_EQ(champs.join(u'|'), q("2026-03-18|11:00:00|12:00:00|1|0|")) << "nothing of the one before";
     EXPECT_EQ(choisit("19/03/2026", 0, [](QWidget &) {}), -1) << "closed, though nothing was booked";
     EXPECT_EQ(etat(), "docteur UN 0 0 A--- 19 mars 2026 08:00 / 09:00");
     EXPECT_EQ(dits(), "");
@@ -86,23 +79,21 @@ TEST_F(CreneauChoisiTest, TakenMeanwhile) {
     ouvre();
     const auto prise = [&](QWidget &ajouter) {
         livre.rdv({.debut = "08:00:00", .fin = "10:00:00"});
-        saisit(ajouter, "Text1", "MARTIN", "BtnAjouter");
+        reserve(ajouter);
         EXPECT_TRUE(ajouter.isVisible());
         EXPECT_EQ(dits().find("Vous ne pouvez ajouter de rendez-vous à cet endroit."), 0U);
     };
     EXPECT_EQ(choisit("11/03/2026", 1, prise), 6) << "the list made anew: 10:00, 11:00 and the afternoon";
     EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 1,3 ROUX");
-    EXPECT_EQ(lignes(SqlText("Nom = 'MARTIN'")), 0);
 }
 
 TEST_F(CreneauChoisiTest, ADayThatTheWeekLeavesOut) {
     ouvre();
-    const auto reserve = [](QWidget &ajouter) { saisit(ajouter, "Text1", "MARTIN", "BtnAjouter"); };
     EXPECT_EQ(choisit("14/03/2026", 0, reserve), -1);
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 14 mars 2026 08:00 / 09:00 MARTIN");
     EXPECT_EQ(grilles(),
               "12x2 samedi 14 mars Fauteuil 1: 1,1 MARTIN [1,1-1,1]; 12x2 samedi 14 mars Fauteuil 2:");
-    joue("clic 3,1 2");
+    fait(q("clic 3,1 2"));
     EXPECT_EQ(choisit("16/03/2026", 0,
                       [&](QWidget &) {
                           EXPECT_EQ(grilles(),
@@ -111,7 +102,7 @@ TEST_F(CreneauChoisiTest, ADayThatTheWeekLeavesOut) {
                       }),
               -1)
         << "the chair of the selected grid";
-    joue("BtnSemaine");
+    fait(q("BtnSemaine"));
     livre.execute(SqlText("delete from Config where Fauteuil = 2"));
     EXPECT_EQ(choisit("21/03/2026", 0, reserve), -1);
     EXPECT_EQ(etat(), "docteur UN 0 0 ---- 21 mars 2026") << "his only chair has no day view";

@@ -45,6 +45,20 @@ qint64 Livre::rdv(const RangRDV &rang) const {
                                      {q("Present"), Value::boolean(rang.present)}});
 }
 
+QList<qint64> Livre::rdvs(const char *rangees) const {
+    const QList<QStringList> lignes = tableau(rangees);
+    QList<qint64> refs;
+    for (const QStringList &ligne : lignes.sliced(1)) {
+        Fields champs;
+        for (int i = 0; i < ligne.size(); ++i) {
+            const QString mot = QString(ligne[i]).replace(u'·', u' ');
+            champs.emplace_back(lignes[0][i], mot == q("-") ? Value() : Value(mot));
+        }
+        refs << ouvre().insert(q("RDV"), champs);
+    }
+    return refs;
+}
+
 void Livre::config(const RangConfig &rang) const {
     Fields champs{{q("NomConfig"), q(rang.nom)},     {q("NumPraticien"), q(rang.praticien)},
                   {q("Fauteuil"), rang.fauteuil},    {q("DefaultConfig"), Value::boolean(rang.defaut)},

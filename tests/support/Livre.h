@@ -46,6 +46,8 @@ class Livre {
     void execute(const SqlText &sql) const { ouvre().execute(sql); }
     /// Gives RefRDV.
     qint64 rdv(const RangRDV &rang = {}) const;
+    /// The same for a row a line, the fields' names first; "-" is Null, "·" a blank.
+    QList<qint64> rdvs(const char *rangees) const;
     void config(const RangConfig &rang = {}) const;
     /// "name practitioner chair", and a star for a default, of every row of Config in table order.
     std::string configs() const;
