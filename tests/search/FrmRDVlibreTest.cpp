@@ -45,7 +45,7 @@ class FrmRDVlibreTest : public testing::Test {
             joue(*fenetre, rangee[0]);
             waitUntil([this] { return !cherche(); });
             EXPECT_EQ(etat(), rangee[1]) << rangee[0];
-            EXPECT_EQ(cabinet.messages.taken().section(q(": "), 1), rangee.value(2)) << rangee[0];
+            EXPECT_EQ(cabinet.messages.taken().section(q(": "), -1), rangee.value(2)) << rangee[0];
         }
     }
     /// Every appointment once more, so many days later.
@@ -112,7 +112,7 @@ TEST_F(FrmRDVlibreTest, WhatIsShownAndWhatIsStored) {
             "affiché : le carnet montrera ce jour après l'ajout.");
     livre.execute(SqlText("update Config set Intervalle = 0"));
     rangees(
-        ">BtnOK | mercredi 11 mars 2026 00:05 | Aucun horaire libre de 00:05 du 11/03/2026 au 11/03/2027.");
+        ">BtnOK | mercredi 11 mars 2026 00:05 | un créneau de 0 minutes.");
     livre.execute(SqlText("delete from Config"));
     rangees(">BtnOK | mercredi 11 mars 2026 00:05 Ce praticien n'a pas de configuration pour ce fauteuil.");
     zoomee.JourGrise.fill(3);
