@@ -25,15 +25,17 @@ BIZARRES = ({"HeureDebut": "09:10:30", "HeureFin": "09:40:20"}, {"Nom": None, "P
             {"HeureDebut": "08:00:00", "HeureFin": "19:40:00"},
             {"HeureDebut": "11:40:00", "HeureFin": "14:20:00"},
             {"HeureDebut": "09:04:00", "HeureFin": "09:07:00"})
+RDV = ("RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, "
+       "Description TEXT, NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, "
+       "NumPraticien TEXT, Professionnel INTEGER, Present INTEGER, DateInv TEXT")
 TABLES = {
     "Base/Fichiers/Tavelin.mdb": {
-        "RDV": "RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, "
-               "Description TEXT, NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, "
-               "NumPraticien TEXT, Professionnel INTEGER, Present INTEGER, DateInv TEXT, Fauteuil INTEGER",
+        "RDV": RDV + ", Fauteuil INTEGER",
         "Config": "NomConfig TEXT, NumPraticien TEXT, DefaultConfig INTEGER, NbJours INTEGER, "
                   + "".join(f"{j}Affich INTEGER, {j}Grise INTEGER, " for j in JOURS)
                   + "JourRepos INTEGER, Intervalle INTEGER, HeureMatDebut TEXT, HeureMatFin TEXT, "
                     "HeurePMDebut TEXT, HeurePMFin TEXT, Fauteuil INTEGER"},
+    "Base/Fichiers/ZeroRDV.mdb": {"RDV": RDV},
     "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, nom TEXT, PreNom TEXT, Word INTEGER"},
     "Base/Fichiers/Patient.mdb": {"TabPat": "cptid INTEGER PRIMARY KEY AUTOINCREMENT, nom TEXT, PreNom TEXT, "
                                             "DateNais TEXT, RDVNonHonoré TEXT"},
@@ -42,6 +44,7 @@ TABLES = {
     "Donnees/Fichiers/PatientTavelin.mdb": {
         "LePatient": "NomPatient TEXT, PrenomPatient TEXT, NumPatient INTEGER",
         "LePraticien": "NumPraticien TEXT"},
+    "Donnees/Fichiers/ChangePatient.mdb": {"Carnet": "NumPatient INTEGER"},
     "CheminBelmor.mdb": {"Chemin": "LeChemin TEXT, CheminBase TEXT"},
 }
 
@@ -115,6 +118,8 @@ def cree(dossier, h):
     if h.random() < 0.7:
         ajoute(transmis, "LePatient", NomPatient=nom, PrenomPatient=prenom, NumPatient=17)
     ajoute(transmis, "LePraticien", NumPraticien=f"0{prat}")
+    for numero in (5, 6):
+        ajoute(bases["ChangePatient.mdb"], "Carnet", NumPatient=numero)
     ajoute(chemins, "Chemin", LeChemin=dossier + "/Donnees", CheminBase=dossier + "/Base")
     for base in bases.values():
         base.commit()
