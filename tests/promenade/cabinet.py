@@ -150,12 +150,15 @@ class Tiers:
         os.rename(self.cache, self.fichier)
         self.lisible = True
 
-    def ecrit(self, refs, jour, prat, fauteuil):
+    def ecrit(self, prat, refs=(0,), jour=MAINTENANT.date(), fauteuil=0, quoi=None, debut=0):
         """One change, on one of the appointments `refs`, at this place, or on a configuration; says what."""
         h, ref = self.h, self.h.choice(refs)
-        quoi = h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present", "nom",
+        quoi = quoi or h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present", "nom",
                          "config"))
         with sqlite3.connect(self.fichier, timeout=5) as lien:
+            if quoi == "prend":
+                ajoute(lien, "RDV", **rendez_vous(h, jour, debut, prat, fauteuil))
+                return f"prend {debut}"
             jour += datetime.timedelta(h.randrange(7) - jour.weekday())
             if quoi == "ajoute":
                 ajoute(lien, "RDV", **rendez_vous(h, jour, h.randrange(450, 1120, 5), prat, fauteuil))

@@ -250,10 +250,11 @@ class Gestes:
     def menu_surgi(self):
         offerts = [a for a in self.etat.surgis if a["enabled"] and (
             a["objectName"] in (*OUVRE, *AUTRES, *LANCE) or a["menu"] in ("mnuPraticien", "menuFaut"))]
-        if not offerts or self.h.random() < 0.1:
+        if not offerts or not self.presse and self.h.random() < 0.1:
             self.dit("Échap dans le menu")
             return self.prog.frappe("Escape")
-        action = self.h.choice(offerts)
+        action = next((a for a in offerts if self.presse and a["objectName"] == "mnuPresent"), None) \
+            or self.h.choice(offerts)
         nom = action["objectName"]
         self.dit(f"menu → {nom} « {action['text']} »")
         vue = None

@@ -202,8 +202,9 @@ class Montre:
             self._ajoute(livre, "GrilleRDV02", config, config.horaire(0, 1), [vue.jour], None, "Matin")
             self._ajoute(livre, "GrilleRDV03", config, config.horaire(2, 3), [vue.jour], None, "Après-midi")
         elif nb < 2 or not choisie:
-            self._ajoute(livre, "GrilleRDV02", repli, Horaire(), [vue.jour], None, "Matin")
-            self._ajoute(livre, "GrilleRDV03", repli, Horaire(), [vue.jour], None, "Après-midi")
+            aucune = Config("", 0, [False] * 7, [0] * 7, 0, [None] * 4)
+            self._ajoute(livre, "GrilleRDV02", aucune, Horaire(), [vue.jour], None, "Matin")
+            self._ajoute(livre, "GrilleRDV03", aucune, Horaire(), [vue.jour], None, "Après-midi")
         else:
             premier = 0 if nb == 2 else self.coche
             for nom, c in zip(GRILLES[1:], (self.configs[premier], self.configs[(premier + 1) % nb])):

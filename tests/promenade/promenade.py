@@ -61,7 +61,7 @@ class Promenade(Recherches, Gestes, Fenetres):
     def commence(self, *fait):
         self.fait, self.suite, self.vues, self.boite = [*fait], None, [self.vue], None
         self.numeros = None
-        self.frais, self.peut, self.a_ecrit, self.duree = False, False, False, 0
+        self.frais, self.peut, self.a_ecrit, self.presse, self.duree = False, False, False, False, 0
         self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
             self.boite = self.etat.texte("qt_msgbox_label")
@@ -110,20 +110,34 @@ class Promenade(Recherches, Gestes, Fenetres):
             if self.h.random() < 0.4:
                 self.dit("le carnet est rapporté")
                 self.tiers.rapporte()
+        elif devance := self.devance():
+            self.tiers_ecrit(**devance)
         elif quoi == "ecrit":
             refs = [ref for ref, r in self.livre.rdv.items()
                     if entier(r.ligne["NumPraticien"]) == self.vue.prat] or [0]
             vise = [self.ctx.rdv.ref] if self.ctx.rdv and self.h.random() < 0.7 else refs
             fauteuil = next(iter(self.ctx.grilles.values())).fauteuil
-            self.dit("tiers : " + self.tiers.ecrit(vise, self.fixe.jour, self.vue.prat, fauteuil))
-            self.livre, self.a_ecrit = Livre(self.lit()), True
-            self.photos = [*self.photos, self.livre]
+            self.tiers_ecrit(refs=vise, jour=self.fixe.jour, fauteuil=fauteuil)
         elif quoi == "verrou":
             return self.tiers.verrou()
         elif quoi and self.etat.dessus == "FrmEntree":
             self.dit(f"le carnet est {quoi}")
             self.tiers.emporte(quoi == "tronque")
         return None
+
+    def devance(self):
+        """The other workstation does first what is about to be done here."""
+        if self.libre and "FrmAjouter" in self.etat.par_nom and self.h.random() < 0.1:
+            jour, debut, _ = self.libre.place
+            return {"quoi": "prend", "jour": jour, "fauteuil": self.libre.config.fauteuil, "debut": debut}
+        self.presse = self.ctx.rdv and any(a["objectName"] == "mnuPresent" and a["enabled"]
+                                           for a in self.etat.surgis) and self.h.random() < 0.3
+        return {"quoi": "present", "refs": [self.ctx.rdv.ref]} if self.presse else None
+
+    def tiers_ecrit(self, **quoi):
+        self.dit("tiers : " + self.tiers.ecrit(prat=self.vue.prat, **quoi))
+        self.livre, self.a_ecrit = Livre(self.lit()), True
+        self.photos = [*self.photos, self.livre]
 
     def sous_verrou(self, lien):
         """The program answers all the while; then the lock goes."""

@@ -332,7 +332,7 @@ class Recherches:
             raise Faute(etat.texte("LabelPraticien"))
         self.prog.clic(centre(etat.objet("DateFinPurge")))
         self.prog.tape(f"{jour:%d/%m/%Y}")
-        self.dit("tiers : " + self.tiers.ecrit(list(self.livre.rdv), jour, self.vue.prat, 0))
+        self.dit("tiers : " + self.tiers.ecrit(self.vue.prat, list(self.livre.rdv), jour))
         avant = Livre(self.lit())
         self.prog.clic(centre(etat.objet("Command1")))
         for nom in ("Tavelin", "archive 1"):
