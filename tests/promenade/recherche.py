@@ -78,7 +78,7 @@ class Recherches:
         if self.numeros:
             fenetre = self.prog.x.create_resource_object("window", self.prog.fenetre)
             fermee = attends(lambda: (self.prog.etat().dessus == "QMessageBox" and "dit")
-                             or (fenetre.get_wm_state() or {}).get("state") == 3 and "réduit", 8, "l'historique")
+                             or getattr(fenetre.get_wm_state(), "state", 0) == 3 and "réduit", 8, "l'historique")
             carnet, connu = self.transmis(), self.histo
             if fermee == "réduit":
                 connu = connu | {1: connu[1] | {"NumPatient": carnet[1]["NumPatient"]}}
