@@ -153,8 +153,8 @@ class Tiers:
     def ecrit(self, prat, refs=(0,), jour=MAINTENANT.date(), fauteuil=0, quoi=None, debut=0):
         """One change, on one of the appointments `refs`, at this place, or on a configuration; says what."""
         h, ref = self.h, self.h.choice(refs)
-        quoi = quoi or h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present", "nom",
-                         "config"))
+        quoi = quoi or h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present",
+                                 "nom", "config"))
         with sqlite3.connect(self.fichier, timeout=5) as lien:
             if quoi == "prend":
                 ajoute(lien, "RDV", **rendez_vous(h, jour, debut, prat, fauteuil))

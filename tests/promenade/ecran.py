@@ -101,8 +101,8 @@ class Programme:
     def ramene(self):
         """The window that the program has minimised."""
         racine, atome = self.x.screen().root, self.x.intern_atom("_NET_ACTIVE_WINDOW")
-        racine.send_event(event.ClientMessage(window=self.fenetre, client_type=atome, data=(32, [2, 0, 0, 0, 0])),
-                          X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        demande = event.ClientMessage(window=self.fenetre, client_type=atome, data=(32, [2, 0, 0, 0, 0]))
+        racine.send_event(demande, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.x.sync()
 
     # ---- What the witness says

@@ -19,7 +19,7 @@ class Gestes:
 
     GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 7, ("fleche",): 8, ("menu",): 14,
               ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
-              ("raccourci",): 6, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
+              ("raccourci",): 12, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
 
     # ---- The grids
 
@@ -239,7 +239,7 @@ class Gestes:
 
     def menu(self):
         voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),
-                               (6, 4, 3, 6, 2))[0]
+                               (6, 4, 3, 9, 2))[0]
         titre = next((m for m in self.etat.actions if m["objectName"] == voulu and m["visible"]), None)
         if not titre:
             return self.clic()
@@ -254,7 +254,7 @@ class Gestes:
             self.dit("Échap dans le menu")
             return self.prog.frappe("Escape")
         action = next((a for a in offerts if self.presse and a["objectName"] == "mnuPresent"), None) \
-            or self.h.choice(offerts)
+            or self.h.choices(offerts, [1 + 2 * (a["objectName"] in LANCE) for a in offerts])[0]
         nom = action["objectName"]
         self.dit(f"menu → {nom} « {action['text']} »")
         vue = None

@@ -131,7 +131,7 @@ class Promenade(Recherches, Gestes, Fenetres):
             jour, debut, _ = self.libre.place
             return {"quoi": "prend", "jour": jour, "fauteuil": self.libre.config.fauteuil, "debut": debut}
         self.presse = self.ctx.rdv and any(a["objectName"] == "mnuPresent" and a["enabled"]
-                                           for a in self.etat.surgis) and self.h.random() < 0.3
+                                           for a in self.etat.surgis) and self.h.random() < 0.6
         return {"quoi": "present", "refs": [self.ctx.rdv.ref]} if self.presse else None
 
     def tiers_ecrit(self, **quoi):

@@ -7,7 +7,8 @@ from types import SimpleNamespace
 import cabinet
 from ecran import Faute, attends, centre
 from fenetres import MESSAGES, norme
-from oracle import MOIS_COURTS, SEMAINE, Livre, Montre, Vue, dans, entier, hhmm, lit_base, lit_jour, minutes
+from oracle import (MOIS_COURTS, SEMAINE, Livre, Montre, Vue, dans, debuts_libres, entier, hhmm, lit_base,
+                    lit_jour, minutes)
 
 LANCE = {"mnurechercher": "FrmRecherche", "mnuRDVlibre": "FrmRDVlibre", "menuAllerHisto": None}
 REPOS = "sur votre jour de repos"
@@ -28,21 +29,6 @@ def en_lettres(jour):
     return f"{jour.day:02} {MOIS_COURTS[jour.month - 1]} {jour.year}"
 
 
-def debuts(config, pas, jour, duree, pris):
-    """The free starts of a day in minutes, tried one by one."""
-    (t, repas, reprise, fin), grise, libres = config.heures, config.grise[jour.weekday()], []
-    t, fin = (reprise if grise == 1 else t), (repas if grise == 2 else fin)
-    while grise != 3 and t < fin and t + duree <= fin:
-        if repas <= t < reprise or repas < t + duree <= reprise:
-            t = reprise
-        points = range(t, t + duree, pas)
-        if not any(r.debut is not None and r.fin is not None and r.debut <= p < r.fin
-                   for p in points for r in pris):
-            libres.append(t)
-        t += pas
-    return libres
-
-
 class Recherches:
     """A part of the walk, which holds the state."""
 
@@ -60,15 +46,13 @@ class Recherches:
         if LANCE[action]:
             self.suite = lambda *_: [f"{action} n'ouvre rien"] * (self.etat.dessus != LANCE[action])
             return
-        qui = self.noms_de(self.ctx.rdv)
-        lignes = [x.ligne for x in self.livre.rdv.values() if None not in self.noms_de(x)
-                  and [n.upper() for n in self.noms_de(x)] == [n.upper() for n in qui]]
+        lignes = [x.ligne for x in self.livre.du_nom(*self.noms())]
         dernier = max((x["DateInv"] or "" for x in lignes), default="")
         self.numeros = {entier(x["NumPatient"]) for x in lignes if (x["DateInv"] or "") == dernier} or {0}
 
-    @staticmethod
-    def noms_de(rdv):
-        return (rdv.ligne["Nom"], rdv.ligne["Prenom"]) if rdv else ("", "")
+    def noms(self):
+        """Of the patient who is selected."""
+        return [self.ctx.rdv and self.ctx.rdv.ligne[champ] or "" for champ in ("Nom", "Prenom")]
 
     def transmis(self):
         return lit_base(self.chemin_histo)["Carnet"]
@@ -77,17 +61,18 @@ class Recherches:
         """A hand-off is over when something is said or the window is away; it is brought back then."""
         if self.numeros:
             fenetre = self.prog.x.create_resource_object("window", self.prog.fenetre)
-            fermee = attends(lambda: (self.prog.etat().dessus == "QMessageBox" and "dit")
-                             or getattr(fenetre.get_wm_state(), "state", 0) == 3 and "réduit", 8, "l'historique")
+            reduite = "réduite"
+            fin = attends(lambda: self.prog.etat().dessus == "QMessageBox" and "dite"
+                          or getattr(fenetre.get_wm_state(), "state", 0) == 3 and reduite, 8, "l'historique")
             carnet, connu = self.transmis(), self.histo
-            if fermee == "réduit":
+            if fin == reduite:
                 connu = connu | {1: connu[1] | {"NumPatient": carnet[1]["NumPatient"]}}
                 self.prog.ramene()
                 if carnet[1]["NumPatient"] not in self.numeros - {0} or not self.tiers.lisible:
                     raise Faute(f"historique de {carnet[1]['NumPatient']} au lieu de {self.numeros}")
             if carnet != connu:
                 raise Faute(f"historique : {carnet} au lieu de {connu}")
-            self.histo, self.numeros = carnet, self.numeros if fermee == "dit" else None
+            self.histo = carnet
 
     def vues_de(self, rdv):
         """What shows this appointment, the nearest to what is shown first."""
@@ -156,9 +141,10 @@ class Recherches:
 
     def dans_libre(self):
         liste, libre, config = self.etat.grille("List1"), self.libre, self.libre.config
-        lignes, jour = self.en_vue(liste), lit_jour(self.etat.texte("DTPicker1"))
+        lignes, jour = self.en_vue(liste), self.depart()
         nom = self.bouton_de(
-            ("ligne", "Return", "BtnOK", "cmdJourSuivant", "Augmenter", "Diminuer", "date", "BtnAnnuler", "Escape"),
+            ("ligne", "Return", "BtnOK", "cmdJourSuivant", "Augmenter", "Diminuer", "date", "BtnAnnuler",
+             "Escape"),
             (9 if lignes else 0, 5 if liste["focus"] and lignes else 0, 6, 4 if jour else 0, 6, 3, 3, 1, 1))
         libre.saute, libre.revient = False, False
         if nom in ("Augmenter", "Diminuer"):
@@ -176,7 +162,7 @@ class Recherches:
                 self.commence_le(voulu)
         elif nom == "BtnOK":
             libre.cherche = bool(jour)
-        elif nom == "ligne" or nom == "Return":
+        elif nom in ("ligne", "Return"):
             r = self.h.choice(lignes) if nom == "ligne" else liste["selection"][0]
             self.choisit(r, liste["cellules"][r][0][0])
             if nom == "ligne":
@@ -187,9 +173,11 @@ class Recherches:
         while grise[jour.weekday()] == 3 and set(grise) != {3}:
             jour += datetime.timedelta(1)
         libre.saute = jour != voulu
-        self.suite = lambda *_: [f"recherche du {self.etat.texte('DTPicker1', 'FrmRDVlibre')}, pas {jour}"] * (
-            lit_jour(self.etat.texte("DTPicker1", "FrmRDVlibre")) != jour
-            or libre.saute and self.etat.dessus != "QMessageBox")
+        self.suite = lambda *_: [f"recherche du {self.depart()}, pas du {jour}"] * (
+            self.depart() != jour or libre.saute and self.etat.dessus != "QMessageBox")
+
+    def depart(self):
+        return lit_jour(self.etat.texte("DTPicker1", "FrmRDVlibre"))
 
     def choisit(self, r, texte):
         """The slot of this row is shown and outlined; the add window carries it."""
@@ -207,7 +195,8 @@ class Recherches:
                 return [f"créneau choisi, ouvert {self.etat.dessus}"]
             for nom, g in apres.grilles.items():
                 h, c = g.horaire, next((c for c, (j, _) in enumerate(g.colonnes, 1) if j == jour), 0)
-                if c and h.n and h.debut <= debut and fin <= h.heure(h.n + 1) and g.fauteuil == config.fauteuil:
+                dedans = c and h.n and h.debut <= debut and fin <= h.heure(h.n + 1)
+                if dedans and g.fauteuil == config.fauteuil:
                     haut, bas = (debut - h.debut) // h.pas + 1, -((h.debut - fin) // h.pas)
                     pris = dans(g.colonnes[c - 1][1], h.heure(haut), h.heure(bas + 1))
                     voulu = [] if pris else [(nom, haut, bas, c, c)]
@@ -229,7 +218,7 @@ class Recherches:
         if "FrmRDVlibre" not in etat.par_nom:
             self.libre = None
         if etat.dessus == "FrmRecherche" and self.dessus == "FrmEntree":
-            qui = [n or "" for n in self.noms_de(ctx.rdv)]
+            qui = self.noms()
             champs = [etat.texte(n) for n in ("Text1", "Text2")]
             juste = champs == qui and lit_jour(etat.texte("DTPicker1")) == cabinet.MAINTENANT.date()
             return [f"FrmRecherche : {champs} au lieu de {qui}"] * (not juste)
@@ -238,7 +227,7 @@ class Recherches:
             duree = config.pas if 0 <= config.pas <= DERNIER else 0
             self.libre = SimpleNamespace(config=config, duree=duree, montres=[[]], cherche=False, saute=False,
                                          revient=False, ajoute=False, refuse=False, ecrit=False)
-            return self.liste() or ["départ"] * (lit_jour(etat.texte("DTPicker1")) != cabinet.MAINTENANT.date())
+            return self.liste() or [f"départ {self.depart()}"] * (self.depart() != cabinet.MAINTENANT.date())
         if etat.dessus == "FrmAjouter" and self.dessus == "FrmRDVlibre":
             jour, debut, fin = libre.place
             self.place, self.visees = libre.config.fauteuil, []
@@ -255,9 +244,7 @@ class Recherches:
         nom, prenom, depuis = (etat.texte(n, "FrmRecherche") for n in ("Text1", "Text2", "DTPicker1"))
         jour = lit_jour(depuis)
         if self.dessus == "FrmRecherche":
-            siens = [x for x in self.livre.rdv.values() if x.ligne["Date1"] and x.jour >= jour
-                     and None not in self.noms_de(x)
-                     and [n.upper() for n in self.noms_de(x)] == [nom.upper(), prenom.upper()]]
+            siens = [x for x in self.livre.du_nom(nom, prenom) if x.ligne["Date1"] and x.jour >= jour]
             self.trouves = sorted((x for x in siens if x.ligne["Professionnel"]), key=lambda x: (
                 x.jour, (x.ligne["HeureDebut"] or "")[-8:], x.ref))
             self.perdu = len(siens) - len(self.trouves)
@@ -272,11 +259,12 @@ class Recherches:
 
     def creneaux(self):
         """The entries of the first day that has one, from the day that the window says."""
-        config, jour = self.libre.config, lit_jour(self.etat.texte("DTPicker1", "FrmRDVlibre"))
-        pas = next((c.pas for p, c in self.livre.configs if (p, c.fauteuil) == (self.fixe.prat, config.fauteuil)), 0)
-        for jour in [jour + datetime.timedelta(n) for n in range(JOURS_CHERCHES * (pas > 0 < config.horaire().n))]:
+        config, ici = self.libre.config, (self.fixe.prat, self.libre.config.fauteuil)
+        pas = next((c.pas for prat, c in self.livre.configs if (prat, c.fauteuil) == ici), 0)
+        for n in range(JOURS_CHERCHES if pas > 0 and config.horaire().n else 0):
+            jour = self.depart() + datetime.timedelta(n)
             pris = self.livre.jour(jour, self.fixe.prat, config.fauteuil)
-            if libres := debuts(config, pas, jour, self.libre.duree, pris):
+            if libres := debuts_libres(config, pas, jour, self.libre.duree, pris):
                 return [f"Horaire Libre le {jour:%d/%m/%Y} à {hhmm(t)}:00" for t in libres]
         return []
 
@@ -287,7 +275,7 @@ class Recherches:
             libre.ajoute, libre.refuse = True, libre.refuse or "'est pas libre" in dit or "s'y trouve" in dit
             return []
         if "FrmRDVlibre" not in etat.par_nom:
-            return [f"la recherche s'est fermée sur un refus"] * (libre.refuse and not libre.ecrit)
+            return ["la recherche s'est fermée sur un refus"] * (libre.refuse and not libre.ecrit)
         if libre.ajoute and (libre.ecrit or not libre.refuse):
             return ["la recherche reste"]
         if etat.texte("Label3", "FrmRDVlibre").startswith("Recherche en cours"):
@@ -306,11 +294,14 @@ class Recherches:
             bool(cache) != ("n'est pas affiché" in etat.texte("Label3", "FrmRDVlibre")))
 
     def ecritures(self):
-        avant = self.livre
+        avant, photos = self.livre, self.photos
         faux = super().ecritures()
         if self.libre and self.livre is not avant:
             self.libre.ecrit = True
             self.amene(self.dernier)
+            if not self.vues_de(self.livre.rdv[self.dernier]):  # told, and the picture stays as it was
+                self.photos = self.anciennes = [*photos, self.livre]
+                self.frais = False
         return faux
 
     # ---- The purge
@@ -355,12 +346,11 @@ class Recherches:
         return attends(lambda: condition(self.prog.repos()), 10, "la purge")
 
     def compte(self, avant, jour):
-        partis = {ref for ref, x in avant.rdv.items() if entier(x.ligne["NumPraticien"]) == self.vue.prat
-                  and (x.ligne["DateInv"] or "9") < f"{jour:%Y%m%d}" and x.jour < jour}
+        partis = avant.avant(jour, self.vue.prat)
         archive = lit_base(self.bases + "archive 1.mdb")["RDV"].values()
         voulu = {ref: norme(x.ligne | {"Fauteuil": 0}) for ref, x in avant.rdv.items() if ref in partis}
         lu = {ligne["RefRDV"]: norme(ligne | {"Fauteuil": 0}) for ligne in archive}
         apres, reste = self.lit(), {r: x.ligne for r, x in avant.rdv.items() if r not in partis}
         if lu != voulu or len(archive) != len(lu) or apres != avant.tables | {"RDV": reste}:
-            raise Faute(f"purge : {len(lu)} archivés, {len(voulu)} attendus, {len(apres['RDV'])} restés, "
-                        f"{len(reste)} attendus ; {[*{*lu} ^ {*voulu}][:9]} {[*{*apres['RDV']} ^ {*reste}][:9]}")
+            raise Faute(f"purge : {len(lu)} archivés au lieu de {len(voulu)}, {len(apres['RDV'])} restés au "
+                        f"lieu de {len(reste)} ; {[*{*lu} ^ {*voulu}][:9]} {[*{*apres['RDV']} ^ {*reste}][:9]}")
