@@ -15,8 +15,8 @@ REPOS = "sur votre jour de repos"
 DERNIER = 23 * 60 + 30  # the longest slot
 JOURS_CHERCHES = 40  # the book is empty long before
 DE_RECHERCHE = {
-    "Cette date n'est pas valide": lambda p: p.promesse and not p.promesse["jour"] or not lit_jour(
-        p.etat.texte("DTPicker1", p.dessus)),
+    "Cette date n'est pas valide": lambda p: any(p.etat.objet("DTPicker1", f) and not lit_jour(
+        p.etat.texte("DTPicker1", f)) for f in p.etat.par_nom),
     REPOS: lambda p: p.libre.saute,
     "Tous les jours sont des jours de repos": lambda p: set(p.libre.config.grise) == {3},
     "La recherche n'est pas possible avec": lambda p: not p.libre.config.horaire().n,
@@ -277,14 +277,15 @@ class Recherches:
         if "FrmRDVlibre" not in etat.par_nom:
             return ["la recherche s'est fermée sur un refus"] * (libre.refuse and not libre.ecrit)
         if libre.ajoute and (libre.ecrit or not libre.refuse):
-            return ["la recherche reste"]
+            return ["la recherche reste"] * (not dit)
         if etat.texte("Label3", "FrmRDVlibre").startswith("Recherche en cours"):
             return ["cherche toujours"]
         if libre.ajoute or libre.cherche and REPOS not in dit:
-            libre.montres = [self.creneaux()] if self.tiers.lisible else [[]]
-            libre.montres += [[]] * (self.duree > 1)
+            if self.depart():
+                libre.montres = [self.creneaux()] if self.tiers.lisible else [[]]
+                libre.montres += [[]] * (self.duree > 1)
             libre.cherche = libre.ajoute = libre.refuse = False
-        elif libre.revient and not dit:  # the chair may have gone, and the list is made anew
+        elif libre.revient and not dit and self.depart():  # the chair may have gone, and the list is made anew
             libre.montres += [self.creneaux()] if self.tiers.lisible else [[]]
         montre = [ligne[0][0] for ligne in etat.grille("List1", "FrmRDVlibre")["cellules"]]
         if montre not in libre.montres or etat.texte("TextDuree", "FrmRDVlibre") != hhmm(libre.duree):
