@@ -25,15 +25,17 @@ BIZARRES = ({"HeureDebut": "09:10:30", "HeureFin": "09:40:20"}, {"Nom": None, "P
             {"HeureDebut": "08:00:00", "HeureFin": "19:40:00"},
             {"HeureDebut": "11:40:00", "HeureFin": "14:20:00"},
             {"HeureDebut": "09:04:00", "HeureFin": "09:07:00"})
+RDV = ("RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, "
+       "Description TEXT, NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, "
+       "NumPraticien TEXT, Professionnel INTEGER, Present INTEGER, DateInv TEXT")
 TABLES = {
     "Base/Fichiers/Tavelin.mdb": {
-        "RDV": "RefRDV INTEGER PRIMARY KEY AUTOINCREMENT, Nom TEXT, Prenom TEXT, Telephone TEXT, "
-               "Description TEXT, NumPatient INTEGER, Date1 TEXT, HeureDebut TEXT, HeureFin TEXT, "
-               "NumPraticien TEXT, Professionnel INTEGER, Present INTEGER, DateInv TEXT, Fauteuil INTEGER",
+        "RDV": RDV + ", Fauteuil INTEGER",
         "Config": "NomConfig TEXT, NumPraticien TEXT, DefaultConfig INTEGER, NbJours INTEGER, "
                   + "".join(f"{j}Affich INTEGER, {j}Grise INTEGER, " for j in JOURS)
                   + "JourRepos INTEGER, Intervalle INTEGER, HeureMatDebut TEXT, HeureMatFin TEXT, "
                     "HeurePMDebut TEXT, HeurePMFin TEXT, Fauteuil INTEGER"},
+    "Base/Fichiers/ZeroRDV.mdb": {"RDV": RDV},
     "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, nom TEXT, PreNom TEXT, Word INTEGER"},
     "Base/Fichiers/Patient.mdb": {"TabPat": "cptid INTEGER PRIMARY KEY AUTOINCREMENT, nom TEXT, PreNom TEXT, "
                                             "DateNais TEXT, RDVNonHonoré TEXT"},
@@ -42,6 +44,7 @@ TABLES = {
     "Donnees/Fichiers/PatientTavelin.mdb": {
         "LePatient": "NomPatient TEXT, PrenomPatient TEXT, NumPatient INTEGER",
         "LePraticien": "NumPraticien TEXT"},
+    "Donnees/Fichiers/ChangePatient.mdb": {"Carnet": "NumPatient INTEGER"},
     "CheminBelmor.mdb": {"Chemin": "LeChemin TEXT, CheminBase TEXT"},
 }
 
@@ -115,6 +118,8 @@ def cree(dossier, h):
     if h.random() < 0.7:
         ajoute(transmis, "LePatient", NomPatient=nom, PrenomPatient=prenom, NumPatient=17)
     ajoute(transmis, "LePraticien", NumPraticien=f"0{prat}")
+    for numero in (5, 6):
+        ajoute(bases["ChangePatient.mdb"], "Carnet", NumPatient=numero)
     ajoute(chemins, "Chemin", LeChemin=dossier + "/Donnees", CheminBase=dossier + "/Base")
     for base in bases.values():
         base.commit()
@@ -145,12 +150,15 @@ class Tiers:
         os.rename(self.cache, self.fichier)
         self.lisible = True
 
-    def ecrit(self, refs, jour, prat, fauteuil):
+    def ecrit(self, prat, refs=(0,), jour=MAINTENANT.date(), fauteuil=0, quoi=None, debut=0):
         """One change, on one of the appointments `refs`, at this place, or on a configuration; says what."""
         h, ref = self.h, self.h.choice(refs)
-        quoi = h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present", "nom",
-                         "config"))
+        quoi = quoi or h.choice(("ajoute", "ajoute", "deplace", "deplace", "reporte", "supprime", "present",
+                                 "nom", "config"))
         with sqlite3.connect(self.fichier, timeout=5) as lien:
+            if quoi == "prend":
+                ajoute(lien, "RDV", **rendez_vous(h, jour, debut, prat, fauteuil))
+                return f"prend {debut}"
             jour += datetime.timedelta(h.randrange(7) - jour.weekday())
             if quoi == "ajoute":
                 ajoute(lien, "RDV", **rendez_vous(h, jour, h.randrange(450, 1120, 5), prat, fauteuil))

@@ -98,6 +98,13 @@ class Programme:
         self.x.sync()
         self.dernier = (*ou, time.monotonic())
 
+    def ramene(self):
+        """The window that the program has minimised."""
+        racine, atome = self.x.screen().root, self.x.intern_atom("_NET_ACTIVE_WINDOW")
+        demande = event.ClientMessage(window=self.fenetre, client_type=atome, data=(32, [2, 0, 0, 0, 0]))
+        racine.send_event(demande, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
+        self.x.sync()
+
     # ---- What the witness says
 
     def vit(self):

@@ -166,9 +166,9 @@ class Fenetres:
         texte = self.etat.texte("qt_msgbox_label") if self.etat.dessus == "QMessageBox" else None
         if not texte or texte == self.boite:
             return []
-        self.boite, connu = texte, next((m for m in MESSAGES if re.search(m, texte)), None)
+        self.boite, connu = texte, next((m for m in self.messages if re.search(m, texte)), None)
         self.textes.add(connu)
-        if not connu or not MESSAGES[connu](self):
+        if not connu or not self.messages[connu](self):
             raise Faute(f"message hors de propos : {texte}\npromesse {self.promesse}"
                         f"\nvu {[x.ligne for x in self.visees]}")
         if "modifié" in connu:

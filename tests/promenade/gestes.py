@@ -5,6 +5,7 @@ from dataclasses import replace
 import cabinet
 from ecran import attends, centre
 from oracle import GRILLES, Vue, dans
+from recherche import LANCE
 
 DECALE = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
 OUVRE = {"mnuAjouter": "FrmAjouter", "mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer"}
@@ -18,7 +19,7 @@ class Gestes:
 
     GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 7, ("fleche",): 8, ("menu",): 14,
               ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
-              ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
+              ("raccourci",): 12, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
 
     # ---- The grids
 
@@ -238,7 +239,7 @@ class Gestes:
 
     def menu(self):
         voulu = self.h.choices(("mnuPraticien", "menuFaut", "menuAffichage", "mnupatient", "menuOptions"),
-                               (6, 4, 3, 3, 2))[0]
+                               (6, 4, 3, 9, 2))[0]
         titre = next((m for m in self.etat.actions if m["objectName"] == voulu and m["visible"]), None)
         if not titre:
             return self.clic()
@@ -248,11 +249,12 @@ class Gestes:
 
     def menu_surgi(self):
         offerts = [a for a in self.etat.surgis if a["enabled"] and (
-            a["objectName"] in (*OUVRE, *AUTRES) or a["menu"] in ("mnuPraticien", "menuFaut"))]
-        if not offerts or self.h.random() < 0.1:
+            a["objectName"] in (*OUVRE, *AUTRES, *LANCE) or a["menu"] in ("mnuPraticien", "menuFaut"))]
+        if not offerts or not self.presse and self.h.random() < 0.1:
             self.dit("Échap dans le menu")
             return self.prog.frappe("Escape")
-        action = self.h.choice(offerts)
+        action = next((a for a in offerts if self.presse and a["objectName"] == "mnuPresent"), None) \
+            or self.h.choices(offerts, [1 + 2 * (a["objectName"] in LANCE) for a in offerts])[0]
         nom = action["objectName"]
         self.dit(f"menu → {nom} « {action['text']} »")
         vue = None
@@ -263,6 +265,8 @@ class Gestes:
             vue = Vue(self.fixe.prat, self.fixe.jour, self.fixe.semaine, int(action["text"].split()[1]))
         elif nom in OUVRE:
             self.peut, self.suite = True, lambda _, apres: self.ouvre(nom, apres)
+        elif nom in LANCE:
+            self.lance(nom)
         elif nom == "mnuPresent":
             self.promet("present", Present=not action["checked"])
             self.visees, self.peut = [r for r in [self.ctx.rdv] if r], True

@@ -144,6 +144,20 @@ class Config:
         return 1 if fin <= mf else 0 if debut >= mf else 2
 
 
+def debuts_libres(config, pas, jour, duree, pris):
+    """The free starts of a day in minutes, tried one by one."""
+    (t, repas, reprise, fin), grise, libres = config.heures, config.grise[jour.weekday()], []
+    t, fin = (reprise if grise == 1 else t), (repas if grise == 2 else fin)
+    while grise != 3 and t < fin and t + duree <= fin:
+        if repas <= t < reprise or repas < t + duree <= reprise:
+            t = reprise
+        if not any(r.dessine and r.debut <= point < r.fin
+                   for point in range(t, t + duree, pas) for r in pris):
+            libres.append(t)
+        t += pas
+    return libres
+
+
 class Livre:
     """The appointment database as it was at one moment."""
 
@@ -159,6 +173,17 @@ class Livre:
                        if r.jour == jour and entier(r.ligne["NumPraticien"]) == prat
                        and (fauteuil is None or r.ligne["Fauteuil"] == fauteuil)),
                       key=lambda r: ((r.ligne["HeureDebut"] or "")[-8:], r.ref))
+
+    def du_nom(self, nom, prenom):
+        """Names are whole, in whatever case; one that is missing is nobody's."""
+        return [r for r in self.rdv.values() if all(
+            (r.ligne[champ] or "").upper() == voulu.upper() and r.ligne[champ] is not None
+            for champ, voulu in (("Nom", nom), ("Prenom", prenom)))]
+
+    def avant(self, jour, prat):
+        """What a purge up to this day takes: both of its dates lie before, where it has both."""
+        return {ref for ref, r in self.rdv.items() if entier(r.ligne["NumPraticien"]) == prat
+                and r.jour < jour and (r.ligne["DateInv"] or "9") < f"{jour:%Y%m%d}"}
 
 
 @dataclass
@@ -202,8 +227,9 @@ class Montre:
             self._ajoute(livre, "GrilleRDV02", config, config.horaire(0, 1), [vue.jour], None, "Matin")
             self._ajoute(livre, "GrilleRDV03", config, config.horaire(2, 3), [vue.jour], None, "Après-midi")
         elif nb < 2 or not choisie:
-            self._ajoute(livre, "GrilleRDV02", repli, Horaire(), [vue.jour], None, "Matin")
-            self._ajoute(livre, "GrilleRDV03", repli, Horaire(), [vue.jour], None, "Après-midi")
+            aucune = Config("", 0, [False] * 7, [0] * 7, 0, [None] * 4)
+            self._ajoute(livre, "GrilleRDV02", aucune, Horaire(), [vue.jour], None, "Matin")
+            self._ajoute(livre, "GrilleRDV03", aucune, Horaire(), [vue.jour], None, "Après-midi")
         else:
             premier = 0 if nb == 2 else self.coche
             for nom, c in zip(GRILLES[1:], (self.configs[premier], self.configs[(premier + 1) % nb])):

@@ -16,13 +16,15 @@ from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
 from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
+from recherche import Recherches
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
+PURGE = 0.5  # chance that the walk ends with one
 LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Gestes, Fenetres):
+class Promenade(Recherches, Gestes, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
@@ -30,6 +32,8 @@ class Promenade(Gestes, Fenetres):
         prat = cabinet.cree(dossier + "/cabinet", self.h)
         self.bases = dossier + "/cabinet/Base/Fichiers/"
         self.tiers = cabinet.Tiers(self.bases + "Tavelin.mdb", self.h)
+        self.chemin_histo = dossier + "/cabinet/Donnees/Fichiers/ChangePatient.mdb"
+        self.histo = self.transmis()
         depart = time.monotonic()
         arguments = ["--chemin", dossier + "/cabinet/CheminBelmor.mdb", "--maintenant"]
         self.prog = Programme(binaires, dossier, [*arguments, cabinet.MAINTENANT.isoformat()])
@@ -56,7 +60,8 @@ class Promenade(Gestes, Fenetres):
 
     def commence(self, *fait):
         self.fait, self.suite, self.vues, self.boite = [*fait], None, [self.vue], None
-        self.frais, self.peut, self.a_ecrit, self.duree = False, False, False, 0
+        self.numeros = None
+        self.frais, self.peut, self.a_ecrit, self.presse, self.duree = False, False, False, False, 0
         self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
             self.boite = self.etat.texte("qt_msgbox_label")
@@ -72,7 +77,7 @@ class Promenade(Gestes, Fenetres):
             self.un_pas()
             self.histoire = [*self.histoire, " ; ".join(self.fait)][-30:]
         self.etape = "fin"
-        self.prog.finit()
+        self.purge() if self.h.random() < PURGE else self.prog.finit()
 
     def un_pas(self):
         etat, config = self.etat, next(iter(self.ctx.grilles.values()))
@@ -105,20 +110,34 @@ class Promenade(Gestes, Fenetres):
             if self.h.random() < 0.4:
                 self.dit("le carnet est rapporté")
                 self.tiers.rapporte()
+        elif devance := self.devance():
+            self.tiers_ecrit(**devance)
         elif quoi == "ecrit":
             refs = [ref for ref, r in self.livre.rdv.items()
                     if entier(r.ligne["NumPraticien"]) == self.vue.prat] or [0]
             vise = [self.ctx.rdv.ref] if self.ctx.rdv and self.h.random() < 0.7 else refs
             fauteuil = next(iter(self.ctx.grilles.values())).fauteuil
-            self.dit("tiers : " + self.tiers.ecrit(vise, self.fixe.jour, self.vue.prat, fauteuil))
-            self.livre, self.a_ecrit = Livre(self.lit()), True
-            self.photos = [*self.photos, self.livre]
+            self.tiers_ecrit(refs=vise, jour=self.fixe.jour, fauteuil=fauteuil)
         elif quoi == "verrou":
             return self.tiers.verrou()
         elif quoi and self.etat.dessus == "FrmEntree":
             self.dit(f"le carnet est {quoi}")
             self.tiers.emporte(quoi == "tronque")
         return None
+
+    def devance(self):
+        """The other workstation does first what is about to be done here."""
+        if self.libre and "FrmAjouter" in self.etat.par_nom and self.h.random() < 0.1:
+            jour, debut, _ = self.libre.place
+            return {"quoi": "prend", "jour": jour, "fauteuil": self.libre.config.fauteuil, "debut": debut}
+        self.presse = self.ctx.rdv and any(a["objectName"] == "mnuPresent" and a["enabled"]
+                                           for a in self.etat.surgis) and self.h.random() < 0.6
+        return {"quoi": "present", "refs": [self.ctx.rdv.ref]} if self.presse else None
+
+    def tiers_ecrit(self, **quoi):
+        self.dit("tiers : " + self.tiers.ecrit(prat=self.vue.prat, **quoi))
+        self.livre, self.a_ecrit = Livre(self.lit()), True
+        self.photos = [*self.photos, self.livre]
 
     def sous_verrou(self, lien):
         """The program answers all the while; then the lock goes."""
@@ -134,6 +153,7 @@ class Promenade(Gestes, Fenetres):
 
     def regarde(self):
         """Until everything agrees, or for PATIENCE: what stays wrong is a fault."""
+        self.suit_historique()
         fin = time.monotonic() + PATIENCE
         while True:
             self.etat = self.prog.repos()

@@ -8,6 +8,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QPixmap>
 #include <QScreen>
@@ -78,6 +79,25 @@ QJsonObject grille(const QTableView &vue) {
     return tout;
 }
 
+/// A list as a grid of one column.
+QJsonObject liste(const QListWidget &vue) {
+    QJsonArray cellules;
+    QJsonArray lignes;
+    for (int ligne = 0; ligne < vue.count(); ++ligne) {
+        const QRect place = vue.visualItemRect(vue.item(ligne));
+        cellules << QJsonArray{QJsonArray{vue.item(ligne)->text()}};
+        lignes << QJsonArray{place.top(), place.height()};
+    }
+    const int choisie = vue.currentRow();
+    QJsonObject tout = dit(vue);
+    tout["cellules"] = cellules;
+    tout["lignes"] = lignes;
+    tout["colonnes"] = QJsonArray{QJsonArray{0, vue.viewport()->width()}};
+    tout["selection"] = choisie < 0 ? QJsonArray() : QJsonArray{choisie, choisie, 0, 0};
+    tout["surface"] = cadre(*vue.viewport(), vue.viewport()->rect());
+    return tout;
+}
+
 template <class Barre>
 void ajouteActions(QJsonArray &toutes, const Barre &barre) {
     for (QAction *action : barre.actions()) {
@@ -105,6 +125,8 @@ QJsonObject fenetre(const QWidget &dessus) {
         }
         if (vue != nullptr && vue->model() != nullptr) {
             grilles[vue->objectName()] = grille(*vue);
+        } else if (const auto *une = qobject_cast<const QListWidget *>(enfant)) {
+            grilles[une->objectName()] = liste(*une);
         } else if (enfant->property("text").isValid()) {
             QJsonObject un = dit(*enfant);
             un["cadre"] = cadre(*enfant, enfant->rect());
