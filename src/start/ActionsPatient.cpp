@@ -24,6 +24,11 @@ void ActionsPatient::mnurechercher_Click() {
 // ---- Free slots
 
 void ActionsPatient::mnuRDVlibre_Click() {
+    const Grille &montree = m_carnet.affichage().grilles.first();
+    if (montree.config == Configuration()) { // the day view, and no chair to show
+        m_env.messages->show(montree.empechement);
+        return;
+    }
     FrmRDVlibre recherche(m_env, m_carnet.affichage().demande.PraticienCourant, m_carnet.reglages(),
                           &m_fenetre);
     connect(&recherche, &FrmRDVlibre::creneauChoisi, this,

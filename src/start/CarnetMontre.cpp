@@ -190,9 +190,11 @@ QList<Demande> CarnetMontre::demandesPour(const RendezVous &rdv) const {
 
 void CarnetMontre::montreRDV(qint64 RefRDV) {
     std::optional<RendezVous> rdv;
+    Affichage relu; // what is shown, where nothing shows the appointment
     std::optional<Affichage> trouve;
     const auto lecture = [&](Database &carnet) {
         rdv = LitRDV(carnet, RefRDV);
+        relu = LitAffichage(carnet, m_affichage.suite(), m_env.maintenant());
         for (const Demande &demande : rdv ? demandesPour(*rdv) : QList<Demande>()) {
             const Affichage lu = LitAffichage(carnet, demande, m_env.maintenant());
             if (!SelectionneRDV(lu, RefRDV).vide()) {
@@ -204,8 +206,8 @@ void CarnetMontre::montreRDV(qint64 RefRDV) {
     if (!lit(lecture, Annonce::Toujours)) {
         return;
     }
+    prend(trouve.value_or(relu));
     if (trouve) {
-        prend(*trouve);
         selectionneRDV(RefRDV);
         emit selectionAMontrer();
     } else if (rdv) {

@@ -27,7 +27,7 @@ class CarnetMontre : public QObject {
 
     /// Shows what was read; the selection is found again on it.
     void prend(const Affichage &lu);
-    /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
+    /// Reads what is asked for, and shows it. False: the reading failed, and what is shown is read again.
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
     /// The same once more, everything kept.
     bool relit(Annonce annonce = Annonce::Toujours) { return montre(m_affichage.suite(), annonce); }
@@ -41,7 +41,7 @@ class CarnetMontre : public QObject {
     void rafraichit();
     // Elsewhere with the same chair and configuration
     void vaAu(QDate jour);
-    /// Goes to a free place and selects its hours. False: the reading failed, and all stays.
+    /// Goes to a free place and selects its hours. False: the reading failed, and what is shown is read again.
     bool montrePlace(const PlaceRDV &place);
     /// Says where the book ends.
     void decale(int jours);
@@ -57,7 +57,8 @@ class CarnetMontre : public QObject {
     /// Selects an appointment, if it is shown.
     bool selectionneRDV(qint64 RefRDV);
     /// Goes where an appointment lies now and selects it: in the view that is shown, or in the other one
-    /// where only that has its day. One that is gone, or that neither shows, is told, and all stays.
+    /// where only that has its day. One that is gone, or that neither shows, is told, and what is shown is
+    /// read again.
     void montreRDV(qint64 RefRDV);
     /// Reads again after a writing and selects what was written (RefRDV 0: nothing); tells where it lies when
     /// it is not shown.

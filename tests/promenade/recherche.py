@@ -21,6 +21,8 @@ DE_RECHERCHE = {
     "Tous les jours sont des jours de repos": lambda p: set(p.libre.config.grise) == {3},
     "La recherche n'est pas possible avec": lambda p: not p.libre.config.horaire().n,
     "Aucun horaire libre de": lambda p: not p.creneaux(),
+    "n'est choisi dans le menu Fauteuil|n'a qu'un fauteuil :":
+        lambda p: not any(g.horaire.n for g in p.ctx.grilles.values()),
     "n'est montré ni par la semaine ni par": lambda p: not p.vues_de(p.livre.rdv[p.vise]),
     "ne possède pas de numéro Belmor !\nActin": lambda p: 0 in p.numeros}
 
@@ -44,7 +46,8 @@ class Recherches:
     def lance(self, action):
         self.dit(action)
         if LANCE[action]:
-            self.suite = lambda *_: [f"{action} n'ouvre rien"] * (self.etat.dessus != LANCE[action])
+            self.suite = lambda *_: [f"{action} n'ouvre rien"] * (
+                self.etat.dessus not in (LANCE[action], "QMessageBox"))
             return
         lignes = [x.ligne for x in self.livre.du_nom(*self.noms())]
         dernier = max((x["DateInv"] or "" for x in lignes), default="")
@@ -295,14 +298,11 @@ class Recherches:
             bool(cache) != ("n'est pas affiché" in etat.texte("Label3", "FrmRDVlibre")))
 
     def ecritures(self):
-        avant, photos = self.livre, self.photos
+        avant = self.livre
         faux = super().ecritures()
         if self.libre and self.livre is not avant:
             self.libre.ecrit = True
             self.amene(self.dernier)
-            if not self.vues_de(self.livre.rdv[self.dernier]):  # told, and the picture stays as it was
-                self.photos = self.anciennes = [*photos, self.livre]
-                self.frais = False
         return faux
 
     # ---- The purge

@@ -45,7 +45,8 @@ class FrmRDVlibreTest : public testing::Test {
             joue(*fenetre, rangee[0]);
             waitUntil([this] { return !cherche(); });
             EXPECT_EQ(etat(), rangee[1]) << rangee[0];
-            EXPECT_EQ(cabinet.messages.taken().section(q(": "), -1), rangee.value(2)) << rangee[0];
+            const QString dit = cabinet.messages.taken().section(q(": "), 1);
+            EXPECT_EQ(QString(dit).replace(livre.fichier(), q("LIVRE")), rangee.value(2)) << rangee[0];
         }
     }
     /// Every appointment once more, so many days later.
@@ -111,8 +112,9 @@ TEST_F(FrmRDVlibreTest, WhatIsShownAndWhatIsStored) {
     rangees(">BtnOK | mercredi 11 mars 2026 00:05: 11/03/2026 14:00 15:00 Le mercredi 11 mars 2026 n'est pas "
             "affiché : le carnet montrera ce jour après l'ajout.");
     livre.execute(SqlText("update Config set Intervalle = 0"));
-    rangees(
-        ">BtnOK | mercredi 11 mars 2026 00:05 | un créneau de 0 minutes.");
+    rangees(">BtnOK | mercredi 11 mars 2026 00:05 | Le fichier « LIVRE » n'a pas la structure attendue : un "
+            "créneau de 0 "
+            "minutes.");
     livre.execute(SqlText("delete from Config"));
     rangees(">BtnOK | mercredi 11 mars 2026 00:05 Ce praticien n'a pas de configuration pour ce fauteuil.");
     zoomee.JourGrise.fill(3);
