@@ -27,7 +27,7 @@ class CarnetMontre : public QObject {
 
     /// Shows what was read; the selection is found again on it.
     void prend(const Affichage &lu);
-    /// Reads what is asked for, and shows it. False: the reading failed, and what is shown is read again.
+    /// Reads what is asked for, and shows it. False: the reading failed, and all stays.
     bool montre(const Demande &demande, Annonce annonce = Annonce::Toujours);
     /// The same once more, everything kept.
     bool relit(Annonce annonce = Annonce::Toujours) { return montre(m_affichage.suite(), annonce); }
@@ -41,7 +41,7 @@ class CarnetMontre : public QObject {
     void rafraichit();
     // Elsewhere with the same chair and configuration
     void vaAu(QDate jour);
-    /// Goes to a free place and selects its hours. False: the reading failed, and what is shown is read again.
+    /// Goes to a free place and selects its hours. False: the reading failed, and all stays.
     bool montrePlace(const PlaceRDV &place);
     /// Says where the book ends.
     void decale(int jours);
