@@ -15,7 +15,7 @@ std::optional<int> intervalle(Database &carnet, const DemandeCreneau &demande) {
     if (rows.isEmpty()) {
         return std::nullopt;
     }
-    constexpr qint64 minutesDuJour = 24 * 60;
+    constexpr int minutesDuJour = 24 * 60;
     const qint64 pas = rows.first()[u"Intervalle"].toInteger();
     if (pas < 1 || pas >= minutesDuJour) {
         throw DbError(DbError::Kind::Structure, carnet.path(),
