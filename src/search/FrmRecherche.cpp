@@ -28,7 +28,11 @@ FrmRecherche::FrmRecherche(const Environnement &env, const QString &nom, const Q
     ui->Text2->setText(prenom);
     ui->DTPicker1->setDate(env.maintenant().date());
     ui->recherchePatient->utilise(env);
-    ui->recherchePatient->setFocus();
+    if (nom.isEmpty()) {
+        ui->recherchePatient->setFocus();
+    } else { // Enter looks for the patient who is selected
+        ui->Text1->setFocus();
+    }
 }
 
 FrmRecherche::~FrmRecherche() = default;

@@ -54,7 +54,10 @@ void ActionsOptions::mnuPurger_Click() {
     FrmPurger fenetre(m_env, montree.numPraticien(), m_menus.libelle(montree.PraticienCourant), &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
         quitte();
-    } else if (fenetre.deplaces() > 0) {
+        return;
+    }
+    m_fenetre.activateWindow(); // a message and its window have closed together
+    if (fenetre.deplaces() > 0) {
         m_carnet.relit();
     }
 }
