@@ -1,5 +1,6 @@
 // The patient lookup on 100,000 patients: from a changed search text to the painted list, against the whole
 // query through the database's own interface, its file opened and closed as the lookup does.
+#include "LectureNue.h"
 #include "Livres.h"
 #include "Mesure.h"
 #include "patients/RecherchePatient.h"
@@ -9,7 +10,6 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QTableView>
-#include <sqlite3.h>
 
 namespace {
 
@@ -54,13 +54,7 @@ struct Recherche {
                         nullptr);
         registerSqliteFunctions(base);
         sqlite3_prepare_v2(base, sql.constData(), -1, &requete, nullptr);
-        int lignes = 0;
-        for (; sqlite3_step(requete) == SQLITE_ROW; ++lignes) {
-            for (int col = 0; col < sqlite3_column_count(requete); ++col) {
-                sqlite3_column_text(requete, col);
-            }
-        }
-        sqlite3_finalize(requete);
+        const int lignes = litNu(requete);
         sqlite3_close(base);
         return lignes;
     }

@@ -1,16 +1,15 @@
 // A patient's appointments among 500,000, against the same rows through the database's own interface; both
 // open and close the file.
+#include "LectureNue.h"
 #include "Livres.h"
 #include "Mesure.h"
 #include "search/RechercheTables.h"
 
-#include <sqlite3.h>
-
 namespace {
 
 /// Reads every column of every row; gives the number of rows.
-int litNu(const QByteArray &fichier, const QByteArray &nom, const QByteArray &prenom,
-          const QByteArray &depuis) {
+int litDuNom(const QByteArray &fichier, const QByteArray &nom, const QByteArray &prenom,
+             const QByteArray &depuis) {
     sqlite3 *base = nullptr;
     sqlite3_stmt *requete = nullptr;
     sqlite3_open_v2(fichier.constData(), &base, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
@@ -21,13 +20,7 @@ int litNu(const QByteArray &fichier, const QByteArray &nom, const QByteArray &pr
     sqlite3_bind_text(requete, 1, nom.constData(), -1, SQLITE_STATIC);
     sqlite3_bind_text(requete, 2, prenom.constData(), -1, SQLITE_STATIC);
     sqlite3_bind_text(requete, 3, depuis.constData(), -1, SQLITE_STATIC);
-    int lignes = 0;
-    for (; sqlite3_step(requete) == SQLITE_ROW; ++lignes) {
-        for (int col = 0; col < sqlite3_column_count(requete); ++col) {
-            sqlite3_column_text(requete, col);
-        }
-    }
-    sqlite3_finalize(requete);
+    const int lignes = litNu(requete);
     sqlite3_close(base);
     return lignes;
 }
@@ -46,7 +39,7 @@ Paire rechercheRDV() {
         return RendezVousDuPatient(base, critere);
     };
     const auto litLesMemes = [fichier, nom = critere.nom.toUtf8(), prenom = critere.prenom.toUtf8()] {
-        return litNu(fichier, nom, prenom, "1900-01-01");
+        return litDuNom(fichier, nom, prenom, "1900-01-01");
     };
     const RDVsTrouves trouves = cherche();
     const auto combien = int(trouves.liste.size()) + trouves.horsHoraires;

@@ -1,4 +1,5 @@
 // What is done on the week: drawing it, painting it, going to the next, selecting, booking.
+#include "LectureNue.h"
 #include "Livres.h"
 #include "Mesure.h"
 #include "booking/FrmAjouter.h"
@@ -12,7 +13,6 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
-#include <sqlite3.h>
 
 namespace {
 
@@ -82,17 +82,7 @@ class LectureNue {
         sqlite3_bind_text(requete, 2, m_premier.constData(), -1, SQLITE_STATIC);
         sqlite3_bind_text(requete, 3, m_dernier.constData(), -1, SQLITE_STATIC);
         sqlite3_bind_int64(requete, 4, m_fauteuil);
-        int lignes = 0;
-        for (; sqlite3_step(requete) == SQLITE_ROW; ++lignes) {
-            for (int col = 0; col < sqlite3_column_count(requete); ++col) {
-                if (sqlite3_column_type(requete, col) == SQLITE_INTEGER) {
-                    sqlite3_column_int64(requete, col);
-                } else {
-                    sqlite3_column_text(requete, col);
-                }
-            }
-        }
-        sqlite3_finalize(requete);
+        const int lignes = litNu(requete);
         sqlite3_close(base);
         return lignes;
     }

@@ -40,10 +40,13 @@ void ecritConfig(Database &base, const std::vector<HorairesDemo> &horaires, bool
             champs.emplace_back(QString::fromLatin1(heures[i]),
                                 Value::time(QTime(h.heures[i] / 60, h.heures[i] % 60)));
         }
+        constexpr int dimanche = 6;
+        constexpr int journee = 3; // a rest day is hidden and greyed
         for (int i = 0; i < 7; ++i) {
             const QString jour = QString::fromLatin1(jours[i]);
             champs.emplace_back(jour + QStringLiteral("Affich"), i < h.jours ? i + 1 : 0);
-            champs.emplace_back(jour + QStringLiteral("Grise"), h.grise[size_t(i)]);
+            champs.emplace_back(jour + QStringLiteral("Grise"),
+                                i == dimanche && h.jours < 7 ? journee : h.grise[size_t(i)]);
         }
         if (avecFauteuil) {
             champs.emplace_back(QStringLiteral("Fauteuil"), h.fauteuil);

@@ -86,8 +86,11 @@ void FrmPurger::Command1_Click() {
 std::optional<QString> FrmPurger::choisitArchive() {
     for (;;) {
         const std::optional<QString> nom = demandeNom(dossierDesPurges(m_env));
-        if (!nom || QFileInfo(*nom).fileName().trimmed().isEmpty()) {
-            return nom ? std::optional(QString()) : std::nullopt;
+        if (!nom) {
+            return std::nullopt;
+        }
+        if (QFileInfo(*nom).fileName().trimmed().isEmpty()) {
+            return QString();
         }
         const QString archive = m_env.chemins.real(NomArchive(*nom));
         if (!existe(archive)) {

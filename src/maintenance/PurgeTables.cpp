@@ -5,7 +5,6 @@
 
 #include <QFile>
 #include <algorithm>
-#include <map>
 #include <thread>
 
 namespace {
@@ -32,13 +31,33 @@ const std::vector<FieldDef> &champsArchives() {
     return champs;
 }
 
+qint64 refDe(const Fields &rangee) {
+    return rangee.front().second.toInteger();
+}
+
 /// "(1,2,3)"
-SqlText parmi(const std::vector<qint64> &cles) {
+SqlText parmi(const std::vector<qint64> &refs) {
     SqlText liste("(");
-    for (size_t i = 0; i < cles.size(); ++i) {
-        liste << (i > 0 ? SqlText(",") : SqlText("")) << nombre(cles[i]);
+    for (size_t i = 0; i < refs.size(); ++i) {
+        liste << (i > 0 ? SqlText(",") : SqlText("")) << nombre(refs[i]);
     }
     return liste << ")";
+}
+
+/// What an archive keeps of the appointments that fulfil `condition`, by RefRDV.
+std::vector<Fields> lit(Database &base, const SqlText &condition) {
+    const Records rows = base.query(
+        SqlText("Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, "
+                "HeureFin, NumPraticien, Professionnel, Present, DateInv from RDV Where ")
+        << condition << " order by RefRDV");
+    std::vector<Fields> rangees(size_t(rows.count()));
+    for (int row = 0; row < rows.count(); ++row) {
+        int place = 0;
+        for (const FieldDef &champ : champsArchives()) {
+            rangees[size_t(row)].emplace_back(champ.name, rows.at(row, place++));
+        }
+    }
+    return rangees;
 }
 
 /// A template that lacks a field would refuse each row.
@@ -53,25 +72,30 @@ void verifieModele(const QString &modele) {
     }
 }
 
-/// The archive exists, and is this call's own.
-void copieModele(const QString &modele, QFile &archive) {
+/// Into the empty file that `archive` is.
+void copieModele(const QString &modele, const QString &archive) {
     QFile source(modele);
+    QFile copie(archive);
     if (!source.open(QIODevice::ReadOnly)) {
         throw DbError(DbError::Kind::Other, modele, QStringLiteral("il ne peut pas être lu"));
     }
     const QByteArray contenu = source.readAll(); // an empty database
-    if (contenu.size() != source.size() || archive.write(contenu) != contenu.size() || !archive.flush()) {
-        throw DbError(DbError::Kind::DiskFull, archive.fileName());
+    if (!copie.open(QIODevice::ReadWrite) || contenu.size() != source.size() ||
+        copie.write(contenu) != contenu.size() || !copie.flush()) {
+        throw DbError(DbError::Kind::DiskFull, archive);
     }
 }
 
-bool memeValeur(const Value &a, const Value &b) {
-    return a.isNull() == b.isNull() && a.toText() == b.toText();
+/// The same to whoever reads them: an archive may store as text what the book has as a number.
+bool pareilles(const Fields &a, const Fields &b) {
+    return std::ranges::equal(a, b, [](const auto &x, const auto &y) {
+        return x.second.isNull() == y.second.isNull() && x.second.toText() == y.second.toText();
+    });
 }
 
 /// Text that is not text comes back as another one.
-bool estLisible(const Fields &champs) {
-    return std::ranges::none_of(champs, [](const auto &champ) {
+bool estLisible(const Fields &rangee) {
+    return std::ranges::none_of(rangee, [](const auto &champ) {
         return champ.second.toText().contains(QChar::ReplacementCharacter);
     });
 }
@@ -83,17 +107,15 @@ void CreeArchive(const QString &modele, const QString &archive) {
     if (avecModele) {
         verifieModele(modele);
     }
-    Database vide = Database::create(archive); // from here on the file is this call's own
+    Database base = Database::create(archive); // from here on the file is this call's own
     try {
         if (avecModele) {
-            QFile fichier(archive);
-            if (!fichier.open(QIODevice::ReadWrite)) {
-                throw DbError(DbError::Kind::Other, archive, QStringLiteral("il ne peut pas être créé"));
-            }
-            copieModele(modele, fichier);
+            copieModele(modele, archive);
         } else {
-            vide.createTable(tableRDV, champsArchives());
+            base.createTable(tableRDV, champsArchives());
         }
+        // each lot is read back, and must not read all those before it for that
+        base.tableDef(tableRDV).createIndex({QStringLiteral("RDVParRef"), SqlText("RefRDV")});
     } catch (...) {
         QFile::remove(archive);
         throw;
@@ -107,123 +129,84 @@ SqlText Purge::condition() const {
 }
 
 void Purge::cherche(Database &rdv) {
-    m_cles.clear();
-    rdv.forEach(SqlText("Select rowid as cle, Date1 from RDV Where ") << condition() << " order by DateInv",
+    m_refs.clear();
+    rdv.forEach(SqlText("Select RefRDV, Date1 from RDV Where ") << condition() << " order by DateInv",
                 [this](const RowView &row) {
                     if (EstAnterieur(row.date(1), m_jour)) {
-                        m_cles.push_back(row.integer(0));
+                        m_refs.push_back(row.integer(0));
                     }
                 });
 }
 
 /// Those that may leave the book. The list decides which rows are read: without the "+ 0" the engine would go
 /// through all that are left to move, by their index.
-std::vector<Purge::Rangee> Purge::litLot(Database &rdv, const std::vector<qint64> &cles) const {
-    const Records rows = rdv.query(
-        SqlText(
-            "Select rowid as cle, RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, "
-            "HeureDebut, HeureFin, NumPraticien, Professionnel, Present, DateInv from RDV Where rowid in ")
-        << parmi(cles) << " and clng(NumPraticien) + 0 = " << nombre(m_praticien) << " and DateInv & '' < "
-        << texte(InverseDate(m_jour)) << " order by rowid");
-    const int jour = rows.field(u"Date1");
-    std::vector<Rangee> lot;
-    for (int row = 0; row < rows.count(); ++row) {
-        if (!EstAnterieur(rows.at(row, jour).toDate(), m_jour)) {
-            continue;
-        }
-        Rangee rangee{rows.at(row, 0).toInteger(), {}};
-        rangee.champs.reserve(champsArchives().size());
-        int place = 0;
-        for (const FieldDef &champ : champsArchives()) {
-            rangee.champs.emplace_back(champ.name, rows.at(row, ++place));
-        }
-        if (estLisible(rangee.champs)) {
-            lot.push_back(std::move(rangee));
-        }
-    }
+std::vector<Fields> Purge::litLot(Database &rdv, const std::vector<qint64> &refs) const {
+    constexpr size_t date1 = 6;
+    std::vector<Fields> lot = lit(
+        rdv, SqlText("RefRDV in ") << parmi(refs) << " and clng(NumPraticien) + 0 = " << nombre(m_praticien)
+                                   << " and DateInv & '' < " << texte(InverseDate(m_jour)));
+    std::erase_if(lot, [this](const Fields &rangee) {
+        return !EstAnterieur(rangee[date1].second.toDate(), m_jour) || !estLisible(rangee);
+    });
     return lot;
 }
 
-void Purge::archive(Database &archives, const std::vector<Rangee> &lot) {
+void Purge::archive(Database &archives, const std::vector<Fields> &lot) {
     Transaction transaction(archives);
     if (!m_enSuspens.empty()) {
         archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enSuspens));
     }
     std::vector<qint64> refs;
-    for (const Rangee &rangee : lot) {
-        archives.insert(tableRDV, rangee.champs);
-        refs.push_back(rangee.ref());
+    for (const Fields &rangee : lot) {
+        archives.insert(tableRDV, rangee);
+        refs.push_back(refDe(rangee));
     }
-    verifieArchive(archives, lot, refs);
-    transaction.commit();
-    m_enSuspens = refs;
-}
-
-/// What a template does to the rows that it is given is seen by reading them only.
-void Purge::verifieArchive(Database &archives, const std::vector<Rangee> &lot,
-                           const std::vector<qint64> &refs) {
-    size_t pareilles = 0;
-    const Records lues = archives.query(
-        SqlText(
-            "Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, HeureFin, "
-            "NumPraticien, Professionnel, Present, DateInv from RDV Where RefRDV in ")
-        << parmi(refs));
-    std::map<qint64, int> places;
-    for (int row = 0; row < lues.count(); ++row) {
-        places[lues.at(row, 0).toInteger()] = row;
-    }
-    for (const Rangee &rangee : lot) {
-        const auto place = places.find(rangee.ref());
-        bool pareille = place != places.end();
-        for (int champ = 0; pareille && champ < int(rangee.champs.size()); ++champ) {
-            pareille = memeValeur(lues.at(place->second, champ), rangee.champs[size_t(champ)].second);
-        }
-        pareilles += pareille ? 1 : 0;
-    }
-    if (pareilles != lot.size() || lues.count() != int(lot.size())) {
+    // what a template does to the rows that it is given is seen by reading them only
+    if (!std::ranges::equal(lit(archives, SqlText("RefRDV in ") << parmi(refs)), lot, pareilles)) {
         throw DbError(
             DbError::Kind::Other, archives.path(),
             QStringLiteral("l'archive ne rend pas les rendez-vous tels qu'ils lui ont été confiés"));
     }
+    transaction.commit();
+    m_enSuspens = refs;
 }
 
 /// Takes those of the lot that are still what was archived. The others' copies are out of date.
-void Purge::retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees) {
+void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees) {
     Transaction transaction(rdv);
     const auto debut = Horloge::now();
-    const std::vector<Rangee> relues = litLot(rdv, cles);
     std::vector<qint64> partent;
     std::vector<qint64> changees;
     std::vector<qint64> perimees;
-    for (const Rangee &relue : relues) {
-        const bool archivee = std::ranges::binary_search(archivees, relue.cle, {}, &Rangee::cle) &&
-                              *std::ranges::lower_bound(archivees, relue.cle, {}, &Rangee::cle) == relue;
-        (archivee ? partent : changees).push_back(relue.cle);
+    for (const Fields &relue : litLot(rdv, refs)) {
+        const auto archivee = std::ranges::lower_bound(archivees, refDe(relue), {}, refDe);
+        const bool pareille = archivee != archivees.end() && *archivee == relue;
+        (pareille ? partent : changees).push_back(refDe(relue));
     }
-    for (const Rangee &archivee : archivees) {
-        if (!std::ranges::binary_search(partent, archivee.cle)) {
-            perimees.push_back(archivee.ref());
+    for (const Fields &archivee : archivees) {
+        if (!std::ranges::binary_search(partent, refDe(archivee))) {
+            perimees.push_back(refDe(archivee));
         }
     }
-    rdv.execute(SqlText("Delete from RDV Where rowid in ") << parmi(partent));
+    rdv.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(partent));
     m_entamee = true; // a commit that fails may have been made all the same
     transaction.commit();
     m_libre = Horloge::now();
     m_lot = LotSuivant(m_lot, std::chrono::duration_cast<std::chrono::milliseconds>(m_libre - debut));
     m_enSuspens = perimees;
     m_deplaces += int(partent.size());
-    m_cles.insert(m_cles.end(), changees.begin(), changees.end()); // their turn comes again
+    m_refs.insert(m_refs.end(), changees.begin(), changees.end()); // their turn comes again
 }
 
 /// Only the second half keeps other writers out; they have the time of the first, and a pause at least, to
 /// come in.
 void Purge::deplaceLot(Database &rdv, Database &archives) {
-    const size_t fin = std::min(m_cles.size(), m_vus + size_t(m_lot));
-    const std::vector<qint64> cles(m_cles.begin() + ptrdiff_t(m_vus), m_cles.begin() + ptrdiff_t(fin));
-    const std::vector<Rangee> lot = litLot(rdv, cles);
+    const size_t fin = std::min(m_refs.size(), m_vus + size_t(m_lot));
+    const std::vector<qint64> refs(m_refs.begin() + ptrdiff_t(m_vus), m_refs.begin() + ptrdiff_t(fin));
+    const std::vector<Fields> lot = litLot(rdv, refs);
     archive(archives, lot);
     std::this_thread::sleep_until(m_libre + pauseEntreLots);
-    retire(rdv, cles, lot);
+    retire(rdv, refs, lot);
     m_vus = fin;
 }
 

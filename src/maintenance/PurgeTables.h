@@ -28,8 +28,8 @@ class Purge {
     /// Takes out of the archive what has not left the book: for a purge that goes no further.
     void abandonne(Database &rdv, Database &archives);
 
-    bool finie() const { return m_vus == m_cles.size() && m_enSuspens.empty(); }
-    int total() const { return int(m_cles.size()); }
+    bool finie() const { return m_vus == m_refs.size() && m_enSuspens.empty(); }
+    int total() const { return int(m_refs.size()); }
     /// How many of the total were dealt with.
     int vus() const { return int(m_vus); }
     int deplaces() const { return m_deplaces; }
@@ -39,28 +39,19 @@ class Purge {
   private:
     using Horloge = std::chrono::steady_clock;
 
-    struct Rangee {
-        qint64 cle = 0; ///< the row's identity in the book
-        Fields champs;  ///< what the archive keeps, RefRDV first
-
-        qint64 ref() const { return champs.front().second.toInteger(); }
-        friend bool operator==(const Rangee &, const Rangee &) = default;
-    };
-
+    // rows of the fields that the archive keeps, by RefRDV, which comes first
     SqlText condition() const;
-    std::vector<Rangee> litLot(Database &rdv, const std::vector<qint64> &cles) const;
-    static void verifieArchive(Database &archives, const std::vector<Rangee> &lot,
-                               const std::vector<qint64> &refs);
-    void archive(Database &archives, const std::vector<Rangee> &lot);
-    void retire(Database &rdv, const std::vector<qint64> &cles, const std::vector<Rangee> &archivees);
+    std::vector<Fields> litLot(Database &rdv, const std::vector<qint64> &refs) const;
+    void archive(Database &archives, const std::vector<Fields> &lot);
+    void retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees);
 
     const long m_praticien;
     const QDate m_jour;
-    std::vector<qint64> m_cles; ///< the rows' identities, oldest day first
+    std::vector<qint64> m_refs; ///< oldest day first
     size_t m_vus = 0;
     int m_lot = premierLot;
     int m_deplaces = 0;
     bool m_entamee = false;
-    std::vector<qint64> m_enSuspens; ///< RefRDV of what was archived and has not left the book
+    std::vector<qint64> m_enSuspens; ///< what was archived and has not left the book
     Horloge::time_point m_libre;     ///< since when the book is
 };

@@ -50,7 +50,7 @@ void FrmRecherche::BtnOK_Click() {
     if (!depuis) {
         m_env.messages->show(
             QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
-            QStringLiteral("Erreur"));
+            QStringLiteral("Erreur !"));
         ui->DTPicker1->setFocus();
         return;
     }

@@ -171,17 +171,21 @@ QList<Demande> CarnetMontre::demandesPour(const RendezVous &rdv) const {
     if (!rdv.Date1.isValid()) {
         return {};
     }
-    QList<Demande> demandes;
     Demande autreFauteuil = courante();
-    if (autreFauteuil.numPraticien() == rdv.NumPraticien) {
-        demandes << m_affichage.suite(); // zoom and unsaved settings kept
-    } else {
+    const bool lui = autreFauteuil.numPraticien() == rdv.NumPraticien;
+    if (!lui) {
         autreFauteuil.PraticienCourant = Praticien{rdv.NumPraticien, {}, {}}.numero();
     }
     autreFauteuil.fauteuil = rdv.Fauteuil;
     Demande autreVue = autreFauteuil;
     autreVue.VueSemaine = !autreVue.VueSemaine;
-    demandes << autreFauteuil << autreVue;
+    QList<Demande> demandes{autreFauteuil, autreVue};
+    if (lui && CLng(reglages().FauteuilCourant) == rdv.Fauteuil) { // settings hide it: the other view first
+        demandes = {autreVue, autreFauteuil};
+    }
+    if (lui) {
+        demandes.prepend(m_affichage.suite()); // zoom and unsaved settings kept
+    }
     for (Demande &demande : demandes) {
         demande.jour = rdv.Date1;
     }
@@ -190,27 +194,29 @@ QList<Demande> CarnetMontre::demandesPour(const RendezVous &rdv) const {
 
 void CarnetMontre::montreRDV(qint64 RefRDV) {
     std::optional<RendezVous> rdv;
-    Affichage relu; // what is shown, where nothing shows the appointment
-    std::optional<Affichage> trouve;
+    Affichage lu;
+    Selection trouvee;
     const auto lecture = [&](Database &carnet) {
         rdv = LitRDV(carnet, RefRDV);
-        relu = LitAffichage(carnet, m_affichage.suite(), m_env.maintenant());
         for (const Demande &demande : rdv ? demandesPour(*rdv) : QList<Demande>()) {
-            const Affichage lu = LitAffichage(carnet, demande, m_env.maintenant());
-            if (!SelectionneRDV(lu, RefRDV).vide()) {
-                trouve = lu;
+            lu = LitAffichage(carnet, demande, m_env.maintenant());
+            trouvee = SelectionneRDV(lu, RefRDV);
+            if (!trouvee.vide()) {
                 return;
             }
         }
+        lu = LitAffichage(carnet, m_affichage.suite(), m_env.maintenant()); // told on a fresh picture
     };
     if (!lit(lecture, Annonce::Toujours)) {
         return;
     }
-    prend(trouve.value_or(relu));
-    if (trouve) {
-        selectionneRDV(RefRDV);
+    if (!trouvee.vide()) {
+        prend(lu, trouvee);
         emit selectionAMontrer();
-    } else if (rdv) {
+        return;
+    }
+    prend(lu);
+    if (rdv) {
         m_env.messages->show(
             QStringLiteral("Le rendez-vous du %1, de %2 à %3, n'est montré ni par la semaine ni par le jour.")
                 .arg(DatesFr::jourComplet(rdv->Date1), DatesFr::heure(rdv->HeureDebut),

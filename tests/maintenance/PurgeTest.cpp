@@ -5,6 +5,7 @@
 
 #include <QFile>
 #include <gtest/gtest.h>
+#include <sqlite3.h>
 
 namespace {
 
@@ -23,6 +24,14 @@ class PurgeTest : public testing::Test {
             purge->deplaceLot(carnet, *archives);
         }
         return purge->deplaces();
+    }
+
+    /// What the book's own dialect has no words for.
+    static void sqlite(const QString &fichier, const char *sql) {
+        sqlite3 *base = nullptr;
+        sqlite3_open(fichier.toUtf8().constData(), &base);
+        EXPECT_EQ(sqlite3_exec(base, sql, nullptr, nullptr, nullptr), SQLITE_OK) << sql;
+        sqlite3_close(base);
     }
 
     QTemporaryDir dossier;
@@ -106,6 +115,31 @@ TEST_F(PurgeTest, ALotThatBeginsAnewIsArchivedOnce) {
     EXPECT_EQ(acheve(), 2);
     EXPECT_EQ(comptes(livre.fichier()), Comptes());
     EXPECT_EQ(comptes(archive), avant);
+}
+
+TEST_F(PurgeTest, WhatAnArchiveDoesNotGiveBackStaysInTheBook) {
+    livre.rdvs(R"(
+        Nom   | Telephone  | NumPraticien | Date1      | DateInv
+        UN    | 0612345678 | 01           | 2005-01-05 | 20050105
+        DEUX  | 0612345679 | 01           | 2005-01-05 | 20050105)");
+    const Comptes avant = comptes(livre.fichier());
+    for (const char *piege : {"create trigger piege after insert on RDV begin update RDV set Telephone = "
+                              "Telephone + 0; end",
+                              "create trigger piege before insert on RDV when new.Nom = 'UN' begin select "
+                              "raise(ignore); end"}) {
+        sqlite(modele, "drop trigger if exists piege");
+        sqlite(modele, piege);
+        QFile::remove(archive);
+        commence();
+        EXPECT_THROW(acheve(), DbError) << piege;
+        EXPECT_EQ(comptes(livre.fichier()), avant) << piege;
+        EXPECT_EQ(comptes(archive), Comptes()) << piege;
+    }
+    sqlite(modele, "drop trigger piege");
+    sqlite(livre.fichier(), "update RDV set Nom = cast(x'41e9' as text) where Nom = 'UN'");
+    QFile::remove(archive);
+    commence();
+    EXPECT_EQ(acheve(), 1) << "bytes that are no text stay where they are";
 }
 
 TEST_F(PurgeTest, AnArchiveThatCannotBeMadeLeavesNothing) {

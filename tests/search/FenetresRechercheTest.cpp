@@ -126,7 +126,7 @@ TEST_F(FenetresRecherche, APickSearchesAtOnceAndAFailureLeavesTheWindow) {
     EXPECT_TRUE(cherche("+7;!", [](auto &) {}));
     EXPECT_EQ(texte(fenetre, "Text1") + texte(fenetre, "Text2"), q("ZOLAEva"));
     EXPECT_FALSE(cherche("DTPicker1=31/02/2005;>BtnOK", [](auto &) {}));
-    EXPECT_TRUE(cabinet.messages.taken().startsWith(q("Erreur: Cette date n'est pas valide.")));
+    EXPECT_TRUE(cabinet.messages.taken().startsWith(q("Erreur !: Cette date n'est pas valide.")));
     QFile::rename(livre.fichier(), livre.fichier() + u'x');
     EXPECT_FALSE(cherche("DTPicker1=1/2/2005;>BtnOK", [](auto &) {}));
     EXPECT_TRUE(cabinet.messages.taken().contains(q("Tavelin.mdb")));

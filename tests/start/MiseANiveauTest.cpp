@@ -1,5 +1,6 @@
 #include "start/MiseANiveauTables.h"
 
+#include "platform/db/DbError.h"
 #include "support/Livre.h"
 
 #include <QFile>
@@ -57,6 +58,13 @@ TEST_F(MiseANiveauTest, AnUpToDateBookIsOnlyLookedAt) {
     Database autre = Database::open(fichier);
     const Transaction ecriture(autre);
     EXPECT_EQ(metANiveau(), "") << "needs no writer's lock while another program writes";
+}
+
+TEST_F(MiseANiveauTest, ABookWhoseRowsHaveNoKeyIsNotChanged) {
+    execute(SqlText("alter table RDV rename to Ancien"));
+    execute(SqlText("create table RDV as select * from Ancien"));
+    EXPECT_THROW(metANiveau(), DbError);
+    EXPECT_FALSE(Database::open(fichier).tableDef(q("RDV")).hasField(q("DateInv")));
 }
 
 TEST_F(MiseANiveauTest, NamesTheTableThatCannotBeChanged) {

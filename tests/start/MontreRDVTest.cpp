@@ -44,6 +44,14 @@ TEST(MontreRDV, GoesWhereTheAppointmentLies) {
     }
     EXPECT_EQ(f.dits(), "");
 
+    carnet.montreRDV(cas[0].ref);
+    Configuration sansJeudi = carnet.reglages();
+    sansJeudi.JourAffich[3] = 0;
+    carnet.montreSemaine();
+    carnet.prendReglages(sansJeudi);
+    carnet.montreRDV(cas[0].ref);
+    EXPECT_FALSE(carnet.affichage().demande.VueSemaine) << "unsaved settings hide its day";
+    carnet.montreRDV(cas[6].ref);
     f.livre.execute(SqlText("update RDV set NumPraticien = '01', Fauteuil = 7 where RefRDV = ")
                     << nombre(cas[6].ref));
     carnet.montreRDV(cas[6].ref);

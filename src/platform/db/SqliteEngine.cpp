@@ -256,16 +256,9 @@ bool SqliteEngine::isUpdatable(const QString &table) {
 }
 
 bool SqliteEngine::isKey(const QString &table, const QString &field) {
-    const Statement statement(
-        prepared(QStringLiteral("SELECT 1 FROM pragma_table_info(?) WHERE pk = 1 AND lower(type) = 'integer' "
-                                "AND lower(name) = lower(?)")));
-    check(bindValue(statement, 1, Value(table)));
-    check(bindValue(statement, 2, Value(field)));
-    const int code = sqlite3_step(statement);
-    if (code != SQLITE_ROW && code != SQLITE_DONE) {
-        fail(code);
-    }
-    return code == SQLITE_ROW;
+    return finds(QStringLiteral("SELECT 1 FROM pragma_table_info(?) WHERE pk = 1 AND lower(type) = 'integer' "
+                                "AND lower(name) = lower(?)"),
+                 table, field);
 }
 
 QStringList SqliteEngine::fieldNames(const QString &table) {
@@ -329,10 +322,14 @@ void SqliteEngine::createIndex(const QString &table, const IndexDef &index) {
 }
 
 bool SqliteEngine::hasObject(const QString &type, const QString &name) {
-    const Statement statement(
-        prepared(QStringLiteral("SELECT 1 FROM sqlite_schema WHERE type = ? AND lower(name) = lower(?)")));
-    check(bindValue(statement, 1, Value(type)));
-    check(bindValue(statement, 2, Value(name)));
+    return finds(QStringLiteral("SELECT 1 FROM sqlite_schema WHERE type = ? AND lower(name) = lower(?)"),
+                 type, name);
+}
+
+bool SqliteEngine::finds(const QString &nativeSql, const QString &first, const QString &second) {
+    const Statement statement(prepared(nativeSql));
+    check(bindValue(statement, 1, Value(first)));
+    check(bindValue(statement, 2, Value(second)));
     const int code = sqlite3_step(statement);
     if (code != SQLITE_ROW && code != SQLITE_DONE) {
         fail(code);

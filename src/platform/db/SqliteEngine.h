@@ -53,6 +53,8 @@ class SqliteEngine : public Engine {
     void run(const QString &nativeSql, const Fields &values, const qint64 *key = nullptr);
     /// Whether the schema has an object of that type and name, letter case ignored.
     bool hasObject(const QString &type, const QString &name);
+    /// Whether a query that takes two texts gives a row.
+    bool finds(const QString &nativeSql, const QString &first, const QString &second);
     void check(int resultCode);
     [[noreturn]] void fail(int resultCode);
 
