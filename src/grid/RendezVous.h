@@ -27,3 +27,5 @@ struct RendezVous {
     }
     friend bool operator==(const RendezVous &, const RendezVous &) = default;
 };
+// as its members are: a growing list copies bytes
+Q_DECLARE_TYPEINFO(RendezVous, Q_RELOCATABLE_TYPE);

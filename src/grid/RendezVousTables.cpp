@@ -56,9 +56,11 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
     });
     liste += decales;
     // sorted here: a start may be stored behind a date, whose text sorts elsewhere, and the database would
-    // copy every row to sort what its index gives nearly in this order
-    std::ranges::sort(liste, {},
-                      [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); });
+    // copy every row to sort what its index gives nearly always in this order
+    const auto place = [](const RendezVous &r) { return std::tuple(r.Date1, r.HeureDebut, r.RefRDV); };
+    if (!std::ranges::is_sorted(liste, {}, place)) {
+        std::ranges::sort(liste, {}, place);
+    }
     return liste;
 }
 
