@@ -147,7 +147,7 @@ QString FrmRDVlibre::ligneDe(const EtapeCreneau &etape) const {
     if (etape.debuts.isEmpty() || Dans(Jour(etape.jour), m_recherche->demande().config.JourAffich)) {
         return {};
     }
-    return QStringLiteral("Le %1 n'est pas affiché : le carnet montrera ce jour après l'ajout.")
+    return QStringLiteral("La semaine n'affiche pas le %1 : après l'ajout, le carnet montrera ce jour.")
         .arg(DatesFr::jourComplet(etape.jour));
 }
 

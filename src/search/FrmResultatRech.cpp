@@ -19,10 +19,11 @@ LigneResultat ligneDe(const RDVTrouve &rdv) {
             DatesFr::heure(rdv.HeureFin)};
 }
 
+/// A weekday that the week leaves out has no working hours either.
 QString phraseHorsHoraires(int combien) {
-    return combien == 1
-               ? QStringLiteral("1 rendez-vous hors des heures de travail n'est pas listé.")
-               : QStringLiteral("%1 rendez-vous hors des heures de travail ne sont pas listés.").arg(combien);
+    const QString ou = QStringLiteral("hors des heures de travail ou d'un jour non affiché");
+    return combien == 1 ? QStringLiteral("1 rendez-vous %1 n'est pas listé.").arg(ou)
+                        : QStringLiteral("%1 rendez-vous %2 ne sont pas listés.").arg(combien).arg(ou);
 }
 
 } // namespace

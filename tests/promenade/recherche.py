@@ -295,7 +295,7 @@ class Recherches:
             return [f"liste {montre}\nau lieu de {libre.montres}\nde {hhmm(libre.duree)} {libre.config}"]
         cache = montre and not libre.config.affich[lit_jour(montre[0][17:27]).weekday()]
         return [f"jour caché : {cache}, et la ligne ne convient pas"] * (
-            bool(cache) != ("n'est pas affiché" in etat.texte("Label3", "FrmRDVlibre")))
+            bool(cache) != ("La semaine n'affiche pas" in etat.texte("Label3", "FrmRDVlibre")))
 
     def ecritures(self):
         avant = self.livre

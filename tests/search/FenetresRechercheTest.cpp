@@ -74,7 +74,7 @@ TEST_F(FenetresRecherche, ShowsAndPrintsWhatIsFound) {
     livre.execute(SqlText("update RDV set HeureDebut = '1899-12-30 08:05:00' where Date1 = '2026-03-12'"));
     EXPECT_TRUE(cherche(">BtnOK", [&](FrmResultatRech &r) {
         EXPECT_EQ(vu(r), q("mercredi 11 mars 2026 09:00 10:00 8|1 rendez-vous hors des heures de travail "
-                           "n'est pas listé."));
+                           "ou d'un jour non affiché n'est pas listé."));
         EXPECT_EQ(controle<QLabel>(r, q("Label3")).text(), q(" ROUX")) << "as it was typed";
         joue(r, q(">BtnImprimer"));
         EXPECT_TRUE(r.isVisible());
@@ -93,7 +93,7 @@ TEST_F(FenetresRecherche, ShowsAndPrintsWhatIsFound) {
     livre.execute(SqlText("update RDV set Professionnel = 0"));
     EXPECT_TRUE(cherche(">BtnOK", [](FrmResultatRech &r) {
         EXPECT_EQ(vu(r), q("0|Aucun rendez-vous à ce nom à partir du mercredi 11 mars 2026.|9 rendez-vous "
-                           "hors des heures de travail ne sont pas listés."));
+                           "hors des heures de travail ou d'un jour non affiché ne sont pas listés."));
     }));
     EXPECT_EQ(LargeursResultat(4800), (std::array{1000, 2000, 750, 750}));
 }

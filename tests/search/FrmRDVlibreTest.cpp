@@ -109,8 +109,8 @@ TEST_F(FrmRDVlibreTest, WhatIsShownAndWhatIsStored) {
     zoomee.JourGrise = {0, 0, 1, 3, 3, 3, 3};
     zoomee.HeurePMFin = QTime(16, 0);
     ouvre(zoomee);
-    rangees(">BtnOK | mercredi 11 mars 2026 00:05: 11/03/2026 14:00 15:00 Le mercredi 11 mars 2026 n'est pas "
-            "affiché : le carnet montrera ce jour après l'ajout.");
+    rangees(">BtnOK | mercredi 11 mars 2026 00:05: 11/03/2026 14:00 15:00 La semaine n'affiche pas le "
+            "mercredi 11 mars 2026 : après l'ajout, le carnet montrera ce jour.");
     livre.execute(SqlText("update Config set Intervalle = 0"));
     rangees(">BtnOK | mercredi 11 mars 2026 00:05 | Le fichier « LIVRE » n'a pas la structure attendue : un "
             "créneau de 0 "

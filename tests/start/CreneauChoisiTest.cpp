@@ -85,6 +85,17 @@ TEST_F(CreneauChoisiTest, TakenMeanwhile) {
     };
     EXPECT_EQ(choisit("11/03/2026", 1, prise), 6) << "the list made anew: 10:00, 11:00 and the afternoon";
     EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 1,3 ROUX");
+
+    pendant("mnuRDVlibre", [&](QWidget &recherche) {
+        auto &liste = controle<QListWidget>(recherche, q("List1"));
+        ::joue(recherche, q("DTPicker1=12/03/2026;>BtnOK"));
+        EXPECT_TRUE(waitUntil([&] { return liste.count() > 0; }));
+        livre.execute(SqlText("update Config set Fauteuil = 7 where Fauteuil = 1"));
+        QTest::mouseClick(liste.viewport(), Qt::LeftButton, {}, liste.visualItemRect(liste.item(0)).center());
+        EXPECT_EQ(dits(), "Ce praticien n'a plus de configuration pour ce fauteuil.");
+        EXPECT_TRUE(waitUntil([&] { return recherche.findChild<QWidget *>(q("BtnOK"))->isEnabled(); }));
+        EXPECT_EQ(liste.count(), 0);
+    });
 }
 
 TEST_F(CreneauChoisiTest, ADayThatTheWeekLeavesOut) {

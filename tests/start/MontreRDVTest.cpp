@@ -1,5 +1,6 @@
 #include "start/CarnetMontre.h"
 #include "support/Fenetre.h"
+#include "support/Gestes.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,11 @@ TEST(MontreRDV, GoesWhereTheAppointmentLies) {
     EXPECT_EQ(f.dits(), "");
 
     carnet.montreRDV(cas[0].ref);
+    f.livre.execute(SqlText("update RDV set Prenom = 'Zoé' where RefRDV = ") << nombre(cas[0].ref));
+    f.fait(q("BtnRafraichir"));
+    f.pendant("mnurechercher", [](QWidget &recherche) {
+        EXPECT_EQ(texte(recherche, "Text1") + q(" ") + texte(recherche, "Text2"), q("ICI Zoé"));
+    });
     Configuration sansJeudi = carnet.reglages();
     sansJeudi.JourAffich[3] = 0;
     carnet.montreSemaine();
