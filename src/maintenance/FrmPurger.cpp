@@ -136,10 +136,9 @@ void FrmPurger::commence(QDate jour) {
 /// One after the other, the window and other workstations in between.
 void FrmPurger::deplaceLot() {
     if (m_arretDemande) {
-        m_env.messages->show(QStringLiteral("La purge est annulée. ") +
-                                 BilanPurge(m_purge->deplaces(), m_archive),
-                             titrePurger);
         abandonne();
+        m_env.messages->show(QStringLiteral("La purge est annulée. ") + bilan(), titrePurger);
+        QDialog::reject();
         return;
     }
     if (m_purge->finie()) {
@@ -161,23 +160,31 @@ void FrmPurger::deplaceLot() {
 }
 
 void FrmPurger::echoue(const DbError &echec) {
-    m_env.messages->error(QStringLiteral("La purge s'est arrêtée : ") + echec.cause() + u'\n' +
-                          BilanPurge(m_purge->deplaces(), m_archive));
     abandonne();
+    m_env.messages->error(QStringLiteral("La purge s'est arrêtée : ") + echec.cause() + u'\n' + bilan());
+    QDialog::reject();
 }
 
-/// The archive of a purge that took nothing from the book would only be in the way of the next one.
+/// What was moved is known afterwards, and the archive holds nothing else unless this fails. One that holds
+/// nothing at all would only be in the way of the next purge.
 void FrmPurger::abandonne() {
-    if (m_archiveCreee && !m_purge->entamee()) {
-        QFile::remove(m_archive);
-    } else if (m_archiveCreee) { // where this fails, some appointments are in both
-        tente(m_env, [this] {
-            Database archive = ouvreArchive();
-            Database carnet = m_env.ouvreCarnet();
-            m_purge->abandonne(carnet, archive);
-        });
+    if (!m_archiveCreee) {
+        return;
     }
-    QDialog::reject();
+    const bool regle = !m_purge->entamee() || !tente(m_env, [this] {
+        Database archive = ouvreArchive();
+        Database carnet = m_env.ouvreCarnet();
+        m_purge->abandonne(carnet, archive);
+    });
+    if (regle && m_purge->deplaces() == 0) {
+        QFile::remove(m_archive);
+        QFile::remove(m_archive + QStringLiteral("-journal"));
+        m_archiveCreee = false;
+    }
+}
+
+QString FrmPurger::bilan() const {
+    return BilanPurge(m_purge->deplaces(), m_archiveCreee ? m_purge->enTrop() : 0, m_archive);
 }
 
 Database FrmPurger::ouvreArchive() const {

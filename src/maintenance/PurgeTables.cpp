@@ -35,8 +35,11 @@ qint64 refDe(const Fields &rangee) {
     return rangee.front().second.toInteger();
 }
 
-/// "(1,2,3)"
+/// "(1,2,3)"; a list that holds nothing has Null in it, which nothing equals.
 SqlText parmi(const std::vector<qint64> &refs) {
+    if (refs.empty()) {
+        return SqlText("(null)");
+    }
     SqlText liste("(");
     for (size_t i = 0; i < refs.size(); ++i) {
         liste << (i > 0 ? SqlText(",") : SqlText("")) << nombre(refs[i]);
@@ -84,6 +87,10 @@ void copieModele(const QString &modele, const QString &archive) {
         copie.write(contenu) != contenu.size() || !copie.flush()) {
         throw DbError(DbError::Kind::DiskFull, archive);
     }
+}
+
+qint64 nombreArchive(Database &archives) {
+    return archives.query(SqlText("Select count(*) as nb from RDV")).first()[u"nb"].toInteger();
 }
 
 /// The same to whoever reads them: an archive may store as text what the book has as a number.
@@ -153,22 +160,23 @@ std::vector<Fields> Purge::litLot(Database &rdv, const std::vector<qint64> &refs
 
 void Purge::archive(Database &archives, const std::vector<Fields> &lot) {
     Transaction transaction(archives);
-    if (!m_enSuspens.empty()) {
-        archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enSuspens));
-    }
+    archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enTrop));
+    const qint64 avant = nombreArchive(archives);
     std::vector<qint64> refs;
     for (const Fields &rangee : lot) {
         archives.insert(tableRDV, rangee);
         refs.push_back(refDe(rangee));
     }
-    // what a template does to the rows that it is given is seen by reading them only
-    if (!std::ranges::equal(lit(archives, SqlText("RefRDV in ") << parmi(refs)), lot, pareilles)) {
+    // what a template does to the rows that it is given, and to those before, is seen by reading them only
+    if (!std::ranges::equal(lit(archives, SqlText("RefRDV in ") << parmi(refs)), lot, pareilles) ||
+        nombreArchive(archives) != avant + qint64(lot.size())) {
         throw DbError(
             DbError::Kind::Other, archives.path(),
             QStringLiteral("l'archive ne rend pas les rendez-vous tels qu'ils lui ont été confiés"));
     }
+    m_enTrop.insert(m_enTrop.end(), refs.begin(), refs.end()); // a commit that fails may have been made
     transaction.commit();
-    m_enSuspens = refs;
+    m_enTrop = refs;
 }
 
 /// Takes those of the lot that are still what was archived. The others' copies are out of date.
@@ -177,25 +185,40 @@ void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::ve
     const auto debut = Horloge::now();
     std::vector<qint64> partent;
     std::vector<qint64> changees;
-    std::vector<qint64> perimees;
     for (const Fields &relue : litLot(rdv, refs)) {
         const auto archivee = std::ranges::lower_bound(archivees, refDe(relue), {}, refDe);
         const bool pareille = archivee != archivees.end() && *archivee == relue;
         (pareille ? partent : changees).push_back(refDe(relue));
     }
-    for (const Fields &archivee : archivees) {
-        if (!std::ranges::binary_search(partent, refDe(archivee))) {
-            perimees.push_back(refDe(archivee));
-        }
+    if (rdv.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(partent)) != int(partent.size())) {
+        throw DbError(DbError::Kind::Other, rdv.path(),
+                      QStringLiteral("il garde des rendez-vous qui devaient en partir"));
     }
-    rdv.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(partent));
-    m_entamee = true; // a commit that fails may have been made all the same
+    m_entamee = true;
+    m_partent = partent;
     transaction.commit();
     m_libre = Horloge::now();
     m_lot = LotSuivant(m_lot, std::chrono::duration_cast<std::chrono::milliseconds>(m_libre - debut));
-    m_enSuspens = perimees;
-    m_deplaces += int(partent.size());
+    partis();
     m_refs.insert(m_refs.end(), changees.begin(), changees.end()); // their turn comes again
+}
+
+/// m_partent have left the book: their copies are what is left of them.
+void Purge::partis() {
+    m_deplaces += int(m_partent.size());
+    std::erase_if(m_enTrop, [this](qint64 ref) { return std::ranges::binary_search(m_partent, ref); });
+    m_partent.clear();
+}
+
+/// A commit that failed may have been made all the same, and then for all of the lot.
+void Purge::regle(Database &rdv) {
+    bool reste = false;
+    rdv.forEach(SqlText("Select RefRDV from RDV Where RefRDV in ") << parmi(m_partent),
+                [&reste](const RowView &) { reste = true; });
+    if (!reste) {
+        partis();
+    }
+    m_partent.clear();
 }
 
 /// Only the second half keeps other writers out; they have the time of the first, and a pause at least, to
@@ -203,6 +226,7 @@ void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::ve
 void Purge::deplaceLot(Database &rdv, Database &archives) {
     const size_t fin = std::min(m_refs.size(), m_vus + size_t(m_lot));
     const std::vector<qint64> refs(m_refs.begin() + ptrdiff_t(m_vus), m_refs.begin() + ptrdiff_t(fin));
+    regle(rdv);
     const std::vector<Fields> lot = litLot(rdv, refs);
     archive(archives, lot);
     std::this_thread::sleep_until(m_libre + pauseEntreLots);
@@ -211,9 +235,7 @@ void Purge::deplaceLot(Database &rdv, Database &archives) {
 }
 
 void Purge::abandonne(Database &rdv, Database &archives) {
-    std::vector<qint64> restees;
-    rdv.forEach(SqlText("Select RefRDV from RDV Where RefRDV in ") << parmi(m_enSuspens),
-                [&](const RowView &row) { restees.push_back(row.integer(0)); });
-    archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(restees));
-    m_enSuspens.clear();
+    regle(rdv);
+    archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enTrop));
+    m_enTrop.clear();
 }

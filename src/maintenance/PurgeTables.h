@@ -25,14 +25,16 @@ class Purge {
     /// and waits until they had a moment of their own since the last lot.
     void deplaceLot(Database &rdv, Database &archives);
 
-    /// Takes out of the archive what has not left the book: for a purge that goes no further.
+    /// Takes out of the archive what this purge has not taken from the book: for one that goes no further.
     void abandonne(Database &rdv, Database &archives);
 
-    bool finie() const { return m_vus == m_refs.size() && m_enSuspens.empty(); }
+    bool finie() const { return m_vus == m_refs.size() && m_enTrop.empty(); }
     int total() const { return int(m_refs.size()); }
     /// How many of the total were dealt with.
     int vus() const { return int(m_vus); }
     int deplaces() const { return m_deplaces; }
+    /// How many copies the archive may hold of appointments that this purge has not moved.
+    int enTrop() const { return int(m_enTrop.size()); }
     /// Appointments may have left the book.
     bool entamee() const { return m_entamee; }
 
@@ -44,6 +46,8 @@ class Purge {
     std::vector<Fields> litLot(Database &rdv, const std::vector<qint64> &refs) const;
     void archive(Database &archives, const std::vector<Fields> &lot);
     void retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees);
+    void partis();
+    void regle(Database &rdv);
 
     const long m_praticien;
     const QDate m_jour;
@@ -52,6 +56,7 @@ class Purge {
     int m_lot = premierLot;
     int m_deplaces = 0;
     bool m_entamee = false;
-    std::vector<qint64> m_enSuspens; ///< what was archived and has not left the book
-    Horloge::time_point m_libre;     ///< since when the book is
+    std::vector<qint64> m_enTrop;  ///< what was archived, but is not known to have been moved
+    std::vector<qint64> m_partent; ///< those of them whose leaving failed, or seemed to
+    Horloge::time_point m_libre;   ///< since when the book is
 };

@@ -22,12 +22,19 @@ QString NomArchive(const QString &saisi) {
     return saisi.endsWith(extension, Qt::CaseInsensitive) ? saisi : saisi + extension;
 }
 
-QString BilanPurge(int deplaces, const QString &archive) {
-    if (deplaces == 0) {
-        return QStringLiteral("Aucun rendez-vous n'a été déplacé : tous sont restés dans le carnet.");
+QString BilanPurge(int deplaces, int enTrop, const QString &archive) {
+    const QString fichier = QDir::toNativeSeparators(archive);
+    QString bilan = QStringLiteral("Aucun rendez-vous n'a été déplacé : tous sont restés dans le carnet.");
+    if (deplaces > 0) {
+        bilan = (deplaces == 1 ? QStringLiteral("1 rendez-vous a été déplacé")
+                               : QStringLiteral("%1 rendez-vous ont été déplacés").arg(deplaces)) +
+                QStringLiteral(" dans l'archive « %1 », les autres sont restés dans le carnet.").arg(fichier);
     }
-    const QString combien = deplaces == 1 ? QStringLiteral("1 rendez-vous a été déplacé")
-                                          : QStringLiteral("%1 rendez-vous ont été déplacés").arg(deplaces);
-    return combien + QStringLiteral(" dans l'archive « %1 », les autres sont restés dans le carnet.")
-                         .arg(QDir::toNativeSeparators(archive));
+    if (enTrop > 0) {
+        bilan += QStringLiteral("\nL'archive « %1 » n'a pas pu être remise en ordre : elle garde peut-être "
+                                "aussi une copie de %2 rendez-vous restés dans le carnet.")
+                     .arg(fichier)
+                     .arg(enTrop);
+    }
+    return bilan;
 }

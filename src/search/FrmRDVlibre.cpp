@@ -7,6 +7,7 @@
 #include "ui_FrmRDVlibre.h"
 
 #include <QCloseEvent>
+#include <QGuiApplication>
 #include <QShortcut>
 
 namespace {
@@ -24,7 +25,7 @@ FrmRDVlibre::FrmRDVlibre(const Environnement &env, const QString &PraticienCoura
       m_recherche(new RechercheCreneau(env, this)) {
     ui->setupUi(this);
     ui->DTPicker1->setReader(LitDate, premiereDate, derniereDate);
-    connect(ui->DTPicker1, &ChampDate::datePicked, this, &FrmRDVlibre::DTPicker1_Change);
+    connect(ui->DTPicker1, &ChampDate::datePicked, this, &FrmRDVlibre::prendJour);
     connect(ui->UpDown1, &UpDown::upClicked, this,
             [this] { UpDown1_Click(DureePlusLongue(m_demande.duree, m_demande.config.Intervalle)); });
     connect(ui->UpDown1, &UpDown::downClicked, this,
@@ -61,6 +62,29 @@ void FrmRDVlibre::relieClavier() {
 
 // ---- What is wanted
 
+/// A message while a mouse button is down would take its release, and with it the click that left the field.
+void FrmRDVlibre::prendJour() {
+    constexpr std::chrono::milliseconds unMoment{20};
+    const auto jour = ui->DTPicker1->date();
+    if (QGuiApplication::mouseButtons() != Qt::NoButton) {
+        QTimer::singleShot(unMoment, this, &FrmRDVlibre::prendJour);
+    } else if (isVisible() && !m_recherche->enCours() && jour) {
+        DTPicker1_Change(*jour);
+    }
+}
+
+/// Nothing, which is told, when the field spells no date.
+std::optional<QDate> FrmRDVlibre::jourSaisi() {
+    const auto jour = ui->DTPicker1->date();
+    if (!jour) {
+        m_env.messages->show(
+            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
+            QStringLiteral("Erreur !"));
+        ui->DTPicker1->setFocus();
+    }
+    return jour;
+}
+
 bool FrmRDVlibre::DTPicker1_Change(QDate jour) {
     if (jour == m_demande.depart) {
         return true;
@@ -85,7 +109,8 @@ void FrmRDVlibre::UpDown1_Click(QTime duree) {
 }
 
 void FrmRDVlibre::cmdJourSuivant_Click() {
-    if (DTPicker1_Change(std::min(m_demande.depart.addDays(1), derniereDate))) {
+    const auto jour = jourSaisi();
+    if (jour && DTPicker1_Change(std::min(jour->addDays(1), derniereDate))) {
         cherche();
     }
 }
@@ -93,13 +118,8 @@ void FrmRDVlibre::cmdJourSuivant_Click() {
 // ---- The search
 
 void FrmRDVlibre::BtnOK_Click() {
-    const auto jour = ui->DTPicker1->date();
-    if (!jour) {
-        m_env.messages->show(
-            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
-            QStringLiteral("Erreur !"));
-        ui->DTPicker1->setFocus();
-    } else if (DTPicker1_Change(*jour)) {
+    const auto jour = jourSaisi();
+    if (jour && DTPicker1_Change(*jour)) {
         cherche();
     }
 }

@@ -117,6 +117,26 @@ TEST_F(PurgeTest, ALotThatBeginsAnewIsArchivedOnce) {
     EXPECT_EQ(comptes(archive), avant);
 }
 
+TEST_F(PurgeTest, AnAbandonedLotIsInTheBookOnly) {
+    livre.rdv({.jour = "2005-01-05"});
+    livre.rdv({.jour = "2005-01-05"});
+    commence();
+    bool occupe = false;
+    livre.ouvre().forEach(SqlText("Select RefRDV from RDV"), [&](const RowView &) { // a reader: no commit
+        if (!std::exchange(occupe, true)) {
+            EXPECT_THROW(purge->deplaceLot(carnet, *archives), DbError);
+        }
+    });
+    livre.execute(SqlText("Delete from RDV Where RefRDV = 1")); // by another desk
+    EXPECT_EQ(purge->enTrop(), 2);
+    purge->abandonne(carnet, *archives);
+    EXPECT_EQ(comptes(archive), Comptes());
+    EXPECT_EQ(comptes(livre.fichier()).size(), 1);
+    EXPECT_EQ(purge->deplaces() + purge->enTrop(), 0);
+    EXPECT_TRUE(
+        BilanPurge(1, 3, archive).endsWith(q("aussi une copie de 3 rendez-vous restés dans le carnet.")));
+}
+
 TEST_F(PurgeTest, WhatAnArchiveDoesNotGiveBackStaysInTheBook) {
     livre.rdvs(R"(
         Nom   | Telephone  | NumPraticien | Date1      | DateInv
@@ -135,6 +155,15 @@ TEST_F(PurgeTest, WhatAnArchiveDoesNotGiveBackStaysInTheBook) {
         EXPECT_EQ(comptes(livre.fichier()), avant) << piege;
         EXPECT_EQ(comptes(archive), Comptes()) << piege;
     }
+    sqlite(modele,
+           "drop trigger piege; create trigger piege before insert on RDV begin delete from RDV; end");
+    for (int i = 0; i < premierLot; ++i) {
+        livre.rdv({.jour = "2005-01-04"});
+    }
+    QFile::remove(archive);
+    commence();
+    EXPECT_THROW(acheve(), DbError) << "the second row pushes the first one out";
+    livre.execute(SqlText("Delete from RDV Where DateInv = '20050104'"));
     sqlite(modele, "drop trigger piege");
     sqlite(livre.fichier(), "update RDV set Nom = cast(x'41e9' as text) where Nom = 'UN'");
     QFile::remove(archive);

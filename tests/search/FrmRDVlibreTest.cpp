@@ -89,7 +89,20 @@ TEST_F(FrmRDVlibreTest, DaysAndLengths) {
         >cmdJourSuivant      | lundi 16 mars 2026 01:00: 16/03/2026 08:00 09:00 14:00 | Vous ne pouvez pas commencer la recherche sur votre jour de repos
         DTPicker1=11/03/2026 | mercredi 11 mars 2026 01:00: 16/03/2026 08:00 09:00 14:00
         DTPicker1=14/03/2026 | lundi 16 mars 2026 01:00: 16/03/2026 08:00 09:00 14:00 | Vous ne pouvez pas commencer la recherche sur votre jour de repos
-        DTPicker1=demain;>BtnOK | demain 01:00: 16/03/2026 08:00 09:00 14:00 | Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026.)");
+        DTPicker1=demain;>BtnOK | demain 01:00: 16/03/2026 08:00 09:00 14:00 | Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026.
+        >cmdJourSuivant      | demain 01:00: 16/03/2026 08:00 09:00 14:00 | Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026.)");
+    auto &champ = controle<QLineEdit>(*fenetre, q("DTPicker1"));
+    champ.setFocus();
+    champ.setText(q("22/3/26"));
+    const auto &ok = controle<QAbstractButton>(*fenetre, q("BtnOK"));
+    const QPoint dessus = ok.mapTo(fenetre.get(), ok.rect().center());
+    QTest::mousePress(fenetre->windowHandle(), Qt::LeftButton, {}, dessus);
+    EXPECT_EQ(cabinet.messages.shown.size(), 0) << "it would take the click";
+    QTest::mouseRelease(fenetre->windowHandle(), Qt::LeftButton, {}, dessus);
+    EXPECT_TRUE(waitUntil([this] { return etat().contains(q("23/03/2026 08:00")); })) << etat();
+    EXPECT_EQ(cabinet.messages.shown.size(), 1) << "the day of rest, once";
+    cabinet.messages.shown.clear();
+    rangees("DTPicker1=16/3/26;>BtnOK | lundi 16 mars 2026 01:00: 16/03/2026 08:00 09:00 14:00");
     EXPECT_EQ(liste().item(2)->text(), q("Horaire Libre le 16/03/2026 à 14:00:00"));
     const QSignalSpy choix(fenetre.get(), &FrmRDVlibre::creneauChoisi);
     joue(*fenetre, q("^UpDown1"));
