@@ -3,6 +3,7 @@
 #include "platform/db/Database.h"
 #include "platform/files/StoredPaths.h"
 #include "platform/printing/Printer.h"
+#include "platform/word/WordProcessor.h"
 #include "practice/CheminTables.h"
 
 #include <QDateTime>
@@ -18,6 +19,8 @@ struct Environnement {
     std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
     Messages *messages = nullptr;
     Printer imprimante = printOnDefaultPrinter;
+    /// Starts a word processor. Throws WordError where none is installed.
+    std::function<std::unique_ptr<WordProcessor>()> traitementDeTexte;
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
 

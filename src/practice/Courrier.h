@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/word/WordProcessor.h"
+
+#include <memory>
+#include <optional>
+
+class QProgressDialog;
+class QWidget;
+struct Environnement;
+
+/// Documents made by the word processor one after the other, by one process for all of them. Meanwhile a
+/// small modal window says what is going on, and stops it by its button "Annuler".
+class Courrier {
+  public:
+    /// How many documents are to come decides about the button: it gives up the only one, and stops several
+    /// between two of them.
+    Courrier(const Environnement &env, QWidget *parent, int documents);
+    ~Courrier();
+    Courrier(const Courrier &) = delete;
+    Courrier &operator=(const Courrier &) = delete;
+
+    /// Makes one; `texte` is shown meanwhile ("Lettre 3 sur 12"). Nothing when it failed, which is told, or
+    /// was given up: no further document is to be tried then.
+    std::optional<WordDocument> fait(const word::Verbs &verbes, const QString &texte);
+    /// True when the user wants no further document.
+    bool arrete() const;
+    /// Hands a saved document over to the user. False when that failed, which is told.
+    bool montre(const QString &document);
+
+  private:
+    const Environnement &m_env;
+    std::unique_ptr<WordProcessor> m_traitement;
+    std::unique_ptr<QProgressDialog> m_fenetre;
+    bool m_seul;
+};
