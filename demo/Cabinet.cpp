@@ -1,6 +1,7 @@
 #include "Cabinet.h"
 
 #include "Images.h"
+#include "Modeles.h"
 #include "RendezVous.h"
 #include "Schema.h"
 #include "Textes.h"
@@ -143,6 +144,9 @@ Bilan Ecriture::ecrit() const {
     nouvelle(Base::PatientsCrees);
     nouvelle(Base::ArchiveVide);
     bilan.images = ecritImages(racine() + QStringLiteral("/Images"));
+    if (m_options.modeles) {
+        bilan.modelesManquants = ecritModeles(racine(), bases() + QStringLiteral("/Fichiers"));
+    }
     ecritChemins();
     return bilan;
 }

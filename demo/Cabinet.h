@@ -1,7 +1,7 @@
 #pragma once
 
 #include <QDate>
-#include <QString>
+#include <QStringList>
 #include <exception>
 
 /// What the sample practice is to be like. The same options give the same practice, row for row.
@@ -11,7 +11,8 @@ struct OptionsCabinet {
     int annees = 2;      ///< half before, half after `aujourdhui`
     int rdv = -1;        ///< exact number of appointments; -1: as many as plausible
     QDate aujourdhui = QDate::currentDate();
-    bool ancien = false; ///< an appointment database from before chairs and day keys
+    bool ancien = false;  ///< an appointment database from before chairs and day keys
+    bool modeles = false; ///< the word processor's templates too, for which LibreOffice is run
 };
 
 struct Bilan {
@@ -19,6 +20,7 @@ struct Bilan {
     int rendezVous = 0;
     int actes = 0;
     int images = 0;
+    QStringList modelesManquants; ///< those that were asked for and could not be made
 };
 
 /// Why no practice was written: a sentence in French.

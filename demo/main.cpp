@@ -29,6 +29,7 @@ void decrit(QCommandLineParser &ligne) {
           QStringLiteral("AAAA-MM-JJ"), jour},
          {QStringLiteral("ancien"),
           QStringLiteral("carnet d'une version ancienne, que le programme met à jour")},
+         {QStringLiteral("sans-modeles"), QStringLiteral("sans les modèles du traitement de texte")},
          {QStringList{QStringLiteral("h"), QStringLiteral("help")}, QStringLiteral("affiche cette aide")}});
 }
 
@@ -50,7 +51,8 @@ OptionsCabinet options(const QCommandLineParser &ligne) {
                               nombre(ligne, QStringLiteral("annees"), 1, 20),
                               nombre(ligne, QStringLiteral("rdv"), -1, 2'000'000),
                               QDate::fromString(jour, Qt::ISODate),
-                              ligne.isSet(QStringLiteral("ancien"))};
+                              ligne.isSet(QStringLiteral("ancien")),
+                              !ligne.isSet(QStringLiteral("sans-modeles"))};
     if (!lues.aujourdhui.isValid()) {
         throw ErreurCabinet(
             QStringLiteral("--aujourdhui attend une date AAAA-MM-JJ, et non « %1 ».").arg(jour));
@@ -84,6 +86,10 @@ int main(int argc, char *argv[]) {
                                    .arg(b.rendezVous)
                                    .arg(b.actes)
                                    .arg(b.images);
+        if (!b.modelesManquants.isEmpty()) {
+            QTextStream(stderr) << QStringLiteral("LibreOffice n'a pas pu écrire ces modèles : %1\n")
+                                       .arg(b.modelesManquants.join(QStringLiteral(", ")));
+        }
         return 0;
     } catch (const ErreurCabinet &erreur) {
         QTextStream(stderr) << erreur.message() << '\n';
