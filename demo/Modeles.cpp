@@ -47,7 +47,8 @@ QString bureautique() {
     return !script.isEmpty() && QFileInfo(programme).isExecutable() ? programme : script;
 }
 
-void convertit(const QStringList &sources, const QString &dossier, QDeadlineTimer limite) {
+/// False when the office was ended, which may have left half a document.
+bool convertit(const QStringList &sources, const QString &dossier, QDeadlineTimer limite) {
     constexpr int profilNouveau = 81; // it wants to be started once more then
     QProcess office;
     QProcessEnvironment env = QProcessEnvironment::systemEnvironment();
@@ -74,6 +75,7 @@ void convertit(const QStringList &sources, const QString &dossier, QDeadlineTime
         office.kill();
         office.waitForFinished();
     }
+    return office.exitStatus() == QProcess::NormalExit;
 }
 
 } // namespace
@@ -92,11 +94,12 @@ QStringList ecritModeles(const QString &racine, const QString &fichiers, std::ch
             sources << source;
         }
     }
-    convertit(sources, travail.path(), QDeadlineTimer(limite));
+    const bool fait = convertit(sources, travail.path(), QDeadlineTimer(limite));
     QStringList manquants;
     for (const Modele &modele : tous) {
         QFile::remove(modele.fichier);
-        if (!QFile::rename(travail.filePath(modele.source + QStringLiteral(".doc")), modele.fichier)) {
+        if (!fait ||
+            !QFile::rename(travail.filePath(modele.source + QStringLiteral(".doc")), modele.fichier)) {
             manquants << QFileInfo(modele.fichier).fileName();
         }
     }
