@@ -143,7 +143,7 @@ QJsonObject fenetre(const QWidget &dessus) {
     return tout;
 }
 
-QByteArray etat() {
+QByteArray etat(bool occupe) {
     QJsonArray fenetres;
     QJsonArray actions;
     for (const QWidget *widget : QApplication::allWidgets()) {
@@ -159,7 +159,7 @@ QByteArray etat() {
     return QJsonDocument(QJsonObject{{"fenetres", fenetres},
                                      {"actions", actions},
                                      {"dessus", modale != nullptr ? nomFenetre(*modale) : QString()},
-                                     {"occupe", QApplication::overrideCursor() != nullptr}})
+                                     {"occupe", occupe || QApplication::overrideCursor() != nullptr}})
         .toJson(QJsonDocument::Compact);
 }
 
@@ -187,6 +187,7 @@ class Temoin : public QObject, public QAbstractNativeEventFilter {
             return false;
         }
         m_venue = champs[3];
+        m_occupee = QApplication::overrideCursor() != nullptr; // input that came before may wait till after
         QTimer::singleShot(0, this, &Temoin::repond);
         return true;
     }
@@ -225,7 +226,7 @@ class Temoin : public QObject, public QAbstractNativeEventFilter {
             return;
         }
         m_attendue = 0;
-        const QByteArray reponse = etat() + '\n';
+        const QByteArray reponse = etat(m_occupee) + '\n';
         for (qsizetype ecrits = 0; ecrits < reponse.size();) {
             const auto n = ::write(m_lien, reponse.constData() + ecrits, size_t(reponse.size() - ecrits));
             if (n <= 0) {
@@ -238,6 +239,7 @@ class Temoin : public QObject, public QAbstractNativeEventFilter {
     int m_lien = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
     quint32 m_venue = 0;
     quint32 m_attendue = 0;
+    bool m_occupee = false; ///< when it came
 };
 
 void commence() {
