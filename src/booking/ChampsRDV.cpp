@@ -203,9 +203,7 @@ std::optional<SaisieRDV> ChampsRDV::saisie() {
     }
     const auto jour = ui->DTPicker1->date();
     if (!jour) {
-        return refuse(
-            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
-            erreur, *ui->DTPicker1);
+        return refuse(ChampDate::complaint(), erreur, *ui->DTPicker1);
     }
     const auto debut = LitHeure(ui->TextHeureDebut->text());
     const auto fin = LitHeure(ui->TextHeureFin->text());

@@ -77,9 +77,7 @@ void FrmRDVlibre::prendJour() {
 std::optional<QDate> FrmRDVlibre::jourSaisi() {
     const auto jour = ui->DTPicker1->date();
     if (!jour) {
-        m_env.messages->show(
-            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
-            QStringLiteral("Erreur !"));
+        m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
         ui->DTPicker1->setFocus();
     }
     return jour;

@@ -48,9 +48,7 @@ void FrmRecherche::montrePatient(const PatientTrouve &patient) {
 void FrmRecherche::BtnOK_Click() {
     const std::optional<QDate> depuis = ui->DTPicker1->date();
     if (!depuis) {
-        m_env.messages->show(
-            QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026."),
-            QStringLiteral("Erreur !"));
+        m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
         ui->DTPicker1->setFocus();
         return;
     }

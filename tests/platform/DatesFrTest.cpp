@@ -9,6 +9,7 @@ TEST(DatesFr, SpellsInFrenchWhateverTheLocale) {
     const QDate date(2026, 2, 4);
     EXPECT_EQ(DatesFr::enteteJourLong(QDate(2026, 8, 1)), q("samedi 01 août"));
     EXPECT_EQ(DatesFr::jourComplet(date), q("mercredi 04 févr. 2026"));
+    EXPECT_EQ(DatesFr::jourImprime(QDate(2005, 2, 7)), q("lundi 07 février 2005"));
     EXPECT_EQ(DatesFr::etat(QDate(2026, 12, 25)), q("25 déc. 2026"));
     EXPECT_EQ(DatesFr::heure(QTime(9, 5, 59)), q("09:05"));
     EXPECT_EQ(DatesFr::heure(QTime()), QString());

@@ -1,7 +1,5 @@
 #include "platform/ui/ChampDate.h"
 
-#include "platform/ui/DatesFr.h"
-
 #include <QAction>
 #include <QCalendarWidget>
 #include <QKeyEvent>
@@ -44,9 +42,13 @@ void ChampDate::setReader(Reader reader, QDate first, QDate last) {
 
 void ChampDate::setDate(QDate date) {
     if (date >= m_first && date <= m_last) {
-        setText(DatesFr::jourComplet(date));
+        setText(m_spelling(date));
         setCursorPosition(0);
     }
+}
+
+QString ChampDate::complaint() {
+    return QStringLiteral("Cette date n'est pas valide. Veuillez la saisir sous la forme 02/12/2026.");
 }
 
 void ChampDate::pick(QDate date) {

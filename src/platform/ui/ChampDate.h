@@ -1,12 +1,13 @@
 #pragma once
 
-#include <QDate>
+#include "platform/ui/DatesFr.h"
+
 #include <QLineEdit>
 #include <functional>
 #include <optional>
 
-/// A date in the long French form, typed or picked in a calendar: its button or Alt+Down opens that, Up and
-/// Down move by a day. What spells no date stays as it was typed.
+/// A date in the long French form, or in another, typed or picked in a calendar: its button or Alt+Down opens
+/// that, Up and Down move by a day. What spells no date stays as it was typed.
 class ChampDate : public QLineEdit {
     Q_OBJECT
   public:
@@ -17,8 +18,12 @@ class ChampDate : public QLineEdit {
 
     /// The field takes the dates from `first` to `last` that `reader` understands. To be called first.
     void setReader(Reader reader, QDate first, QDate last);
+    /// Another form for its dates.
+    void setSpelling(QString (*spelling)(QDate)) { m_spelling = spelling; }
     void setDate(QDate date);
     std::optional<QDate> date() const { return m_reader(text()); }
+    /// What the user is told when the text spells no date.
+    static QString complaint();
 
   signals:
     /// The user chose or spelled a date; it may be the one that was there.
@@ -34,4 +39,5 @@ class ChampDate : public QLineEdit {
     Reader m_reader;
     QDate m_first;
     QDate m_last;
+    QString (*m_spelling)(QDate) = DatesFr::jourComplet;
 };

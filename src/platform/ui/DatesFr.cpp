@@ -33,6 +33,10 @@ QString jourComplet(QDate date) {
     return spelled(date, u"dddd dd MMM yyyy");
 }
 
+QString jourImprime(QDate date) {
+    return spelled(date, u"dddd dd MMMM yyyy");
+}
+
 QString etat(QDate date) {
     return spelled(date, u"dd MMM yyyy");
 }

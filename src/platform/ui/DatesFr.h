@@ -17,6 +17,8 @@ QString enteteJour(QDate date);
 QString enteteJourLong(QDate date);
 /// "dddd dd MMM yyyy"
 QString jourComplet(QDate date);
+/// "dddd dd MMMM yyyy": printed documents
+QString jourImprime(QDate date);
 /// "dd MMM yyyy": the status bar, a list of appointments
 QString etat(QDate date);
 /// "hh:mm", 24 hours; empty for an invalid time
