@@ -56,9 +56,7 @@ void imprimeDansUnFichier(const Environnement &env, const QList<Page> &pages, co
                           const QString &titre) {
     const Fichier fichier = enregistre(env, pdfOf(pages, titre), nom);
     if (fichier.erreur.isEmpty()) {
-        env.messages->show(QStringLiteral("Ce poste n'a pas d'imprimante par défaut : le document est "
-                                          "enregistré dans le fichier « %1 ».")
-                               .arg(fichier.chemin));
+        env.messages->show(EnregistreSansImprimante(fichier.chemin));
     } else {
         env.messages->error(
             QStringLiteral("Ce poste n'a pas d'imprimante par défaut, et le fichier « %1 » ne "
@@ -69,10 +67,21 @@ void imprimeDansUnFichier(const Environnement &env, const QList<Page> &pages, co
 
 } // namespace
 
+QString EnregistreSansImprimante(const QString &fichier) {
+    return QStringLiteral("Ce poste n'a pas d'imprimante par défaut : le document est enregistré dans le "
+                          "fichier « %1 ».")
+        .arg(fichier);
+}
+
 void imprime(const Environnement &env, const QList<Page> &pages, const QString &nom, const QString &titre) {
+    imprime(env, env.imprimante, pages, nom, titre);
+}
+
+void imprime(const Environnement &env, const Printer &imprimante, const QList<Page> &pages,
+             const QString &nom, const QString &titre) {
     const PrintResult resultat = [&] {
         const Sablier sablier;
-        return env.imprimante(pages, titre);
+        return imprimante(pages, titre);
     }();
     if (resultat.outcome == PrintResult::Outcome::Refused) {
         env.messages->error(QStringLiteral("L'imprimante « %1 » refuse le document : rien n'est imprimé.")

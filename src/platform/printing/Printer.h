@@ -3,6 +3,9 @@
 #include "platform/printing/Page.h"
 
 #include <functional>
+#include <optional>
+
+class QWidget;
 
 /// What became of a document.
 struct PrintResult {
@@ -16,3 +19,6 @@ using Printer = std::function<PrintResult(const QList<Page> &pages, const QStrin
 
 /// On the system's default printer, without any dialog.
 PrintResult printOnDefaultPrinter(const QList<Page> &pages, const QString &title);
+
+/// Asks for a printer, or a file to print into; nothing when that is cancelled.
+std::optional<Printer> choosePrinter(QWidget *parent);
