@@ -4,12 +4,15 @@
 #include "patients/HistoriqueTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
+#include "print/FrmDateImpression.h"
 #include "search/FrmRDVlibre.h"
 #include "search/FrmRecherche.h"
 #include "start/CarnetMontre.h"
+#include "start/MenusPraticien.h"
 
-ActionsPatient::ActionsPatient(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_fenetre(fenetre) {}
+ActionsPatient::ActionsPatient(const Environnement &env, CarnetMontre &carnet, const MenusPraticien &menus,
+                               QWidget &fenetre)
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_menus(menus), m_fenetre(fenetre) {}
 
 void ActionsPatient::mnurechercher_Click() {
     const RendezVous rdv = m_carnet.selection().rdv.value_or(RendezVous());
@@ -85,4 +88,14 @@ void ActionsPatient::menuAllerHisto_Click() {
         })) {
         m_fenetre.showMinimized();
     }
+}
+
+// ---- Paper
+
+/// The chair is that of the grid that holds the selection: in the day view, one that this practitioner has.
+void ActionsPatient::mnuImprimer_Click() {
+    const Demande &montree = m_carnet.affichage().demande;
+    FrmDateImpression(m_env, montree.numPraticien(), CLng(m_carnet.reglages().FauteuilCourant),
+                      m_menus.libelle(montree.PraticienCourant), &m_fenetre)
+        .exec();
 }

@@ -4,6 +4,7 @@
 
 class CarnetMontre;
 class FrmRDVlibre;
+class MenusPraticien;
 class QWidget;
 struct Environnement;
 struct PlaceRDV;
@@ -13,12 +14,14 @@ class ActionsPatient : public QObject {
     Q_OBJECT
   public:
     /// `fenetre` is the windows' parent.
-    ActionsPatient(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre);
+    ActionsPatient(const Environnement &env, CarnetMontre &carnet, const MenusPraticien &menus,
+                   QWidget &fenetre);
 
     void mnurechercher_Click();
     void mnuRDVlibre_Click();
     /// Has the suite show the history of the selected patient, and gets out of its way.
     void menuAllerHisto_Click();
+    void mnuImprimer_Click();
 
   private:
     /// Shows the free slot behind, and books there or not. A place that is taken leaves the search open, its
@@ -27,5 +30,6 @@ class ActionsPatient : public QObject {
 
     const Environnement &m_env;
     CarnetMontre &m_carnet;
+    const MenusPraticien &m_menus;
     QWidget &m_fenetre;
 };

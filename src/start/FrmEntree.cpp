@@ -50,8 +50,8 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_actions(new ActionsSelection(env, m_carnet, *this)),
-      m_patient(new ActionsPatient(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
+      m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
@@ -100,6 +100,7 @@ void FrmEntree::relieMenus() {
     relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);
+    relieA(m_patient, ui->mnuImprimer, &ActionsPatient::mnuImprimer_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);

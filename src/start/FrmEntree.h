@@ -76,8 +76,8 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
     ActionsSelection *m_actions;
-    ActionsPatient *m_patient;
     MenusPraticien *m_menus;
+    ActionsPatient *m_patient;
     ActionsOptions *m_options;
     Surveillance *m_surveillance;
     QPushButton *BtnSemaine;
