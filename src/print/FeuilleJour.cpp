@@ -36,14 +36,15 @@ struct Plan {
           pas(config.Intervalle), parColonne(int(std::nearbyint(double(fin - debut) / double(pas))) / 2 + 1) {
     } // a half to the even
 
-    qint64 minute(int creneau) const { return debut + creneau * pas; }
+    int creneaux() const { return 2 * parColonne; }
+    qint64 minute(qint64 creneau) const { return debut + creneau * pas; }
     /// The last one may begin when the day ends.
     bool existe(int creneau) const { return minute(creneau) <= fin; }
     /// The slot that begins at that minute; -1: none.
     int creneauDe(qint64 quand) const {
         const bool surUneLigne = quand >= debut && quand <= fin && (quand - debut) % pas == 0;
         const qint64 creneau = surUneLigne ? (quand - debut) / pas : -1;
-        return creneau < 2 * parColonne ? int(creneau) : -1;
+        return creneau < creneaux() ? int(creneau) : -1;
     }
 };
 
@@ -54,7 +55,7 @@ struct Placement {
 };
 
 Placement place(const Plan &plan, const QList<RendezVous> &rdvs) {
-    Placement placement{QList<int>(2 * plan.parColonne, -1), QList<int>(rdvs.size(), -1)};
+    Placement placement{QList<int>(plan.creneaux(), -1), QList<int>(rdvs.size(), -1)};
     for (int i = 0; i < rdvs.size(); ++i) {
         if (!rdvs[i].aUneDuree()) {
             continue;

@@ -15,10 +15,10 @@
 
 #include <QDir>
 
-FrmDateImpression::FrmDateImpression(const Environnement &env, long praticien, long fauteuil,
-                                     const QString &libelle, QWidget *parent)
+FrmDateImpression::FrmDateImpression(const Environnement &env, long praticien, long fauteuil, QString libelle,
+                                     QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmDateImpression>()), m_env(env), m_praticien(praticien),
-      m_fauteuil(fauteuil), m_libelle(libelle) {
+      m_fauteuil(fauteuil), m_libelle(std::move(libelle)) {
     ui->setupUi(this);
     ui->DateJour->setReader(LitDate, premiereDate, derniereDate);
     ui->DateJour->setSpelling(DatesFr::courte);

@@ -15,7 +15,7 @@ class FrmDateImpression : public QDialog {
     Q_OBJECT
   public:
     /// The chair's stored configuration gives the hours; `libelle` is what the screen calls the practitioner.
-    FrmDateImpression(const Environnement &env, long praticien, long fauteuil, const QString &libelle,
+    FrmDateImpression(const Environnement &env, long praticien, long fauteuil, QString libelle,
                       QWidget *parent = nullptr);
     ~FrmDateImpression() override;
 
@@ -30,5 +30,5 @@ class FrmDateImpression : public QDialog {
     const Environnement &m_env;
     const long m_praticien;
     const long m_fauteuil;
-    const QString m_libelle;
+    QString m_libelle;
 };

@@ -7,13 +7,13 @@
 
 namespace {
 
-constexpr int gauche = 250;
+constexpr int gauche = 400;
 constexpr int hauteurTitre = 520;
 constexpr int hautTableau = 1300;
-constexpr int basTableau = 14900;
-constexpr int basPage = 15000;
+constexpr int basTableau = 15400;
+constexpr int basPage = 15500;
 /// An hour, a name and a description, twice; the halves are a little apart.
-constexpr std::array<int, 6> largeurs{680, 2430, 1900, 680, 2430, 1900};
+constexpr std::array<int, 6> largeurs{680, 2480, 2000, 680, 2480, 2000};
 constexpr int ecart = 80;
 constexpr int trait = 5;
 constexpr int traitFort = 15;
@@ -36,8 +36,11 @@ int bord(size_t colonne) {
     return x;
 }
 
-Page::Text texte(QPoint ou, const QString &quoi, int points, bool gras, int place) {
-    return {ou, quoi.simplified(), QStringLiteral("Arial"), points, gras, {}, place};
+Page::Text texte(QPoint ou, QString quoi, int points, bool gras, int place) {
+    for (QChar &c : quoi) {
+        c = c.isSpace() ? QChar(u' ') : c; // one line, whatever was typed
+    }
+    return {ou, quoi, QStringLiteral("Arial"), points, gras, {}, place};
 }
 
 /// Few lines are written large, many as narrow as reads well.
@@ -97,7 +100,7 @@ void encadre(Page &page, int bas) {
 
 QList<Page> RapportJour(const QList<LigneFeuille> &lignes, const QString &praticien, const QString &jour) {
     constexpr int corpsNumero = 8;
-    constexpr int largeurNumero = 1300;
+    constexpr int largeurNumero = 1000;
     const int hauteur = hauteurLigne(lignes.size());
     const qsizetype parPage = (basTableau - hautTableau) / hauteur;
     const qsizetype nombre = std::max<qsizetype>((lignes.size() + parPage - 1) / parPage, 1);
