@@ -6,6 +6,7 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
+#include <QShortcut>
 #include <QVBoxLayout>
 
 PrintPreview::PrintPreview(const QList<Page> &pages, const QString &title, QWidget *parent)
@@ -34,9 +35,11 @@ void PrintPreview::addButtons() {
         auto *made = new QPushButton(text, this);
         made->setObjectName(name);
         made->setAutoDefault(false);
-        made->setShortcut(keys);
         made->setToolTip(keys.toString(QKeySequence::NativeText));
         connect(made, &QPushButton::clicked, this, handler);
+        if (!keys.isEmpty()) { // beside the button's own, which setShortcut() would replace
+            connect(new QShortcut(keys, this), &QShortcut::activated, this, handler);
+        }
         row->addWidget(made);
     };
     const auto goTo = [this](int step) {
