@@ -34,6 +34,7 @@ std::vector<Mesure> mesuresRecherche();
 std::vector<Mesure> mesuresProcessus();
 std::vector<Mesure> mesuresCreneau();
 std::vector<Mesure> mesuresPurge();
+std::vector<Mesure> mesuresFeuille();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {
