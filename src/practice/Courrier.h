@@ -5,7 +5,6 @@
 #include <memory>
 #include <optional>
 
-class QProgressDialog;
 class QWidget;
 struct Environnement;
 
@@ -29,8 +28,14 @@ class Courrier {
     bool montre(const QString &document);
 
   private:
+    class Fenetre;
+    void annule();
+    void ditImpossible();
+
     const Environnement &m_env;
-    std::unique_ptr<WordProcessor> m_traitement;
-    std::unique_ptr<QProgressDialog> m_fenetre;
+    std::unique_ptr<WordProcessor> m_traitement; ///< none where none is installed
+    std::unique_ptr<Fenetre> m_fenetre;
+    QString m_impossible; ///< what is still to be told
     bool m_seul;
+    bool m_arrete = false;
 };

@@ -1,7 +1,9 @@
 #include "start/Lancement.h"
 
 #include "platform/db/LockTest.h"
+#include "platform/printing/Printer.h"
 #include "platform/ui/Messages.h"
+#include "platform/word/OfficeProcess.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 #include "start/Options.h"
@@ -143,6 +145,7 @@ int Lance(int argc, char **argv) {
     MessageBoxes boites;
     Environnement env;
     env.messages = &boites;
+    env.traitementDeTexte = [] { return std::make_unique<OfficeProcess>(hasDefaultPrinter); };
     const QString erreur = prepare(env, options);
     if (!erreur.isEmpty()) {
         QTextStream(stderr) << "tavelin : " << erreur << "\n(tavelin --help donne les options)\n";

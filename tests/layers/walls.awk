@@ -28,7 +28,14 @@ function broken(wall) {
 }
 
 function check_include(header,    its, to) {
-    if (header !~ /\//) {
+    if (header ~ /^(com\/sun\/star|rtl|osl|sal|uno|typelib|cppu|cppuhelper|salhelper)\//) {
+        if (own !~ /^platform\/word\/office\//) { broken("the office's interface stays inside tavelin-word") }
+        return
+    }
+    if (header ~ /^platform\/word\/office\// && own !~ /^platform\/word\/office\//) {
+        broken("tavelin-word is a program of its own")
+    }
+    if (header !~ /\// || header ~ /^sys\//) {
         if (header == "sqlite3.h" && own !~ /^platform\/db\/Sqlite/) { broken("SQLite stays inside its engine") }
         # the compiler finds no widget for their sources; a header of theirs may be read by windows alone
         if (mine ~ /rules|tables/ && header !~ core) {

@@ -37,3 +37,7 @@ std::optional<Printer> choosePrinter(QWidget *parent) {
     return
         [printer](const QList<Page> &pages, const QString &title) { return printOn(*printer, pages, title); };
 }
+
+bool hasDefaultPrinter() {
+    return !QPrinterInfo::defaultPrinter().isNull();
+}

@@ -20,5 +20,8 @@ using Printer = std::function<PrintResult(const QList<Page> &pages, const QStrin
 /// On the system's default printer, without any dialog.
 PrintResult printOnDefaultPrinter(const QList<Page> &pages, const QString &title);
 
+/// Whether there is one.
+bool hasDefaultPrinter();
+
 /// Asks for a printer, or a file to print into; nothing when that is cancelled.
 std::optional<Printer> choosePrinter(QWidget *parent);
