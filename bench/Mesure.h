@@ -35,6 +35,7 @@ std::vector<Mesure> mesuresProcessus();
 std::vector<Mesure> mesuresCreneau();
 std::vector<Mesure> mesuresPurge();
 std::vector<Mesure> mesuresFeuille();
+std::vector<Mesure> mesuresLettre();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

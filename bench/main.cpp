@@ -187,7 +187,7 @@ int main(int argc, char **argv) {
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
     for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
-                                mesuresProcessus(), mesuresPurge(), mesuresFeuille()}) {
+                                mesuresProcessus(), mesuresPurge(), mesuresFeuille(), mesuresLettre()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

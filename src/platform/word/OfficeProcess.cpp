@@ -20,65 +20,6 @@ QString soffice() {
     return QStandardPaths::findExecutable(QStringLiteral("soffice"));
 }
 
-/// An empty file that keeps a name free for a document; it goes when nothing was written into it.
-class Reservation {
-  public:
-    /// Takes the first name that is free.
-    void take(const QStringList &paths) {
-        const QDir folder = QFileInfo(paths.value(0)).dir();
-        if (!folder.exists() && !QDir().mkdir(folder.path())) {
-            refuse(folder.path(), QStringLiteral("le dossier ne peut pas être créé"));
-        }
-        for (const QString &path : paths) {
-            QFile file(path);
-            if (file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) {
-                m_path = path;
-                return;
-            }
-            if (!file.exists()) {
-                refuse(path, file.errorString());
-            }
-        }
-        refuse(paths.value(0), QStringLiteral("ce nom et les suivants sont déjà pris"));
-    }
-    const QString &path() const { return m_path; }
-
-    Reservation() = default;
-    ~Reservation() {
-        if (!m_path.isEmpty() && QFileInfo(m_path).size() == 0) {
-            QFile::remove(m_path);
-        }
-    }
-    Reservation(const Reservation &) = delete;
-    Reservation &operator=(const Reservation &) = delete;
-
-  private:
-    [[noreturn]] static void refuse(const QString &path, const QString &why) {
-        constexpr qsizetype longestName = 255; // bytes, on all usual disks
-        const bool tooLong = QFile::encodeName(QFileInfo(path).fileName()).size() > longestName;
-        throw WordError(
-            QStringLiteral("Le document « %1 » ne peut pas être écrit : %2.")
-                .arg(QDir::toNativeSeparators(path), tooLong ? QStringLiteral("son nom est trop long")
-                                                     : !QFileInfo(QFileInfo(path).path()).isWritable()
-                                                         ? QStringLiteral("l'accès est refusé")
-                                                         : why));
-    }
-
-    QString m_path;
-};
-
-/// The same with the name that was taken in place of the choice; nothing is reserved without one.
-word::Verbs reserved(const word::Verbs &verbs, Reservation &reservation) {
-    word::Verbs settled = verbs;
-    for (word::Verb &verb : settled) {
-        if (auto *choice = std::get_if<word::Reserve>(&verb)) {
-            reservation.take(choice->paths);
-            choice->paths = QStringList(reservation.path());
-        }
-    }
-    return settled;
-}
-
 QString failureOf(const QJsonObject &answer) {
     return answer[QStringLiteral("error")].toString();
 }
@@ -108,14 +49,16 @@ WordDocument OfficeProcess::perform(const word::Verbs &verbs) {
     const bool prints = std::ranges::any_of(
         verbs, [](const word::Verb &verb) { return std::holds_alternative<word::Print>(verb); });
     const bool onPaper = prints && m_hasPrinter();
-    Reservation reservation;
-    const QJsonObject job{{QStringLiteral("verbs"), jsonOf(reserved(verbs, reservation))},
-                          {QStringLiteral("printer"), onPaper}};
     ready();
+    const QJsonObject job{{QStringLiteral("verbs"), jsonOf(verbs)}, {QStringLiteral("printer"), onPaper}};
+    m_reserved.clear();
     m_tool->process.write(QJsonDocument(job).toJson(QJsonDocument::Compact) + '\n');
     const QJsonObject made =
         answer(m_limits.document, QStringLiteral("Le traitement de texte ne répond plus : il a été arrêté."));
     const QString failure = failureOf(made);
+    if (made[QStringLiteral("ended")].toBool()) {
+        giveUp(failure);
+    }
     if (!failure.isEmpty()) {
         throw WordError(failure);
     }
@@ -165,13 +108,21 @@ QJsonObject OfficeProcess::answer(std::chrono::milliseconds limit, const QString
                : deadline.hasExpired() ? late
                                        : QStringLiteral("Le traitement de texte s'est arrêté."));
     }
-    return QJsonDocument::fromJson(process.readLine()).object();
+    const QJsonObject said = QJsonDocument::fromJson(process.readLine()).object();
+    if (said.contains(QStringLiteral("reserved"))) {
+        m_reserved = said[QStringLiteral("reserved")].toString();
+        return answer(limit, late);
+    }
+    return said;
 }
 
 /// The next document finds another office.
 void OfficeProcess::giveUp(const QString &why) {
     m_tool->end();
     m_tool.reset();
+    if (!m_reserved.isEmpty() && QFileInfo(m_reserved).size() == 0) { // the tool itself was killed
+        QFile::remove(m_reserved);
+    }
     throw WordError(why);
 }
 

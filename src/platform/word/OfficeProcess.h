@@ -37,6 +37,7 @@ class OfficeProcess : public WordProcessor {
     std::function<bool()> m_hasPrinter;
     Limits m_limits;
     std::unique_ptr<OfficeTool> m_tool;
+    QString m_reserved;     ///< the name that the running document keeps free
     bool m_started = false; ///< it has said so
     bool m_cancelled = false;
     std::function<void()> m_wake; ///< ends the waiting of answer()

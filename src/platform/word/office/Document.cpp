@@ -158,6 +158,7 @@ bool Document::select(const QString &bookmark) {
     if (name.isEmpty()) {
         return false;
     }
+    m_bookmark = bookmark;
     const uno::Reference<text::XTextContent> mark(bookmarks->getByName(name), uno::UNO_QUERY_THROW);
     const auto anchor = mark->getAnchor();
     m_range = anchor->getText()->createTextCursorByRange(anchor);
@@ -176,8 +177,8 @@ bool Document::select(const QString &bookmark) {
 
 void Document::fill(const QList<std::optional<QString>> &texts) {
     if (!m_table.is()) {
-        throw WordError(
-            QStringLiteral("Dans le modèle « %1 », le signet choisi n'est pas dans un tableau.").arg(m_name));
+        throw WordError(QStringLiteral("Dans le modèle « %1 », le signet « %2 » n'est pas dans un tableau.")
+                            .arg(m_name, m_bookmark));
     }
     const auto last =
         std::ranges::find_if(texts.rbegin(), texts.rend(), [](const auto &t) { return t.has_value(); });

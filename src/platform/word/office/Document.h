@@ -45,7 +45,8 @@ class Document {
     com::sun::star::uno::Reference<com::sun::star::text::XText> cell(qsizetype index);
     void store(const QString &path, const char *filter);
 
-    QString m_name; ///< of the template, for messages
+    QString m_name;     ///< of the template, for messages
+    QString m_bookmark; ///< the one selected last
     com::sun::star::uno::Reference<com::sun::star::lang::XComponent> m_document;
     com::sun::star::uno::Reference<com::sun::star::text::XTextCursor> m_range; ///< selected; none: a cell
     com::sun::star::uno::Reference<com::sun::star::text::XTextTable> m_table;

@@ -18,7 +18,8 @@ void Performance::operator()(const word::Open &verb) {
 }
 
 void Performance::operator()(const word::Reserve &verb) {
-    m_reserved = verb.paths.value(0);
+    m_reserved = Reservation::take(verb.paths);
+    m_sayReserved(m_reserved);
 }
 
 void Performance::operator()(const word::Select &verb) {

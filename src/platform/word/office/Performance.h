@@ -1,14 +1,18 @@
 #pragma once
 
 #include "Document.h"
+#include "Reservation.h"
 #include "platform/word/WordProcessor.h"
+
+#include <functional>
 
 /// One job: what its verbs do, in order.
 class Performance {
   public:
-    /// `onPaper`: there is a printer.
-    Performance(const Office &office, const OfficeFolder &folder, bool onPaper)
-        : m_office(office), m_folder(folder), m_onPaper(onPaper) {}
+    /// `onPaper`: there is a printer. `sayReserved` hears of the name that is taken.
+    Performance(const Office &office, const OfficeFolder &folder, bool onPaper,
+                std::function<void(const QString &)> sayReserved)
+        : m_office(office), m_folder(folder), m_onPaper(onPaper), m_sayReserved(std::move(sayReserved)) {}
 
     void operator()(const word::Open &verb);
     void operator()(const word::Reserve &verb);
@@ -32,6 +36,8 @@ class Performance {
     const Office &m_office;
     const OfficeFolder &m_folder;
     bool m_onPaper;
+    std::function<void(const QString &)> m_sayReserved;
+    Reservation m_reservation;
     std::optional<Document> m_document;
     QString m_reserved;
     WordDocument m_made;

@@ -1,13 +1,13 @@
 // tavelin-word FOLDER: makes documents with LibreOffice, which it starts, and takes along when its input
 // ends. A line of input is a job, {"verbs": [...], "printer": true}. The first line of output says that the
-// office runs, each of the following what came of a job: {"saved": ..., "pdf": ...} or {"error": ...}.
+// office runs, each of the following what came of a job: {"saved": ..., "pdf": ...} or {"error": ...,
+// "ended": true} when the office has ended.
 #include "Performance.h"
 #include "SavedFile.h"
 #include "Uno.h"
 #include "platform/word/VerbsJson.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QJsonDocument>
 #include <QJsonObject>
 
@@ -24,35 +24,33 @@ namespace {
 struct Jobs {
     std::mutex access;
     std::condition_variable come;
-    std::deque<std::string> lines;
-    QString reserved; ///< an empty file, until it is written
+    std::deque<QJsonObject> waiting;
 };
 
-[[noreturn]] void finish(Jobs &jobs, const OfficeFolder &folder) {
+[[noreturn]] void finish(const OfficeFolder &folder) {
     Office::kill();
-    const std::scoped_lock whole(halfWritten, jobs.access);
-    if (!jobs.reserved.isEmpty() && QFileInfo(jobs.reserved).size() == 0) {
-        QFile::remove(jobs.reserved);
-    }
+    const std::scoped_lock whole(halfWritten);
+    Reservation::remove();
     folder.remove();
     _exit(0);
 }
 
 void readAll(Jobs &jobs, const OfficeFolder &folder) {
     for (std::string line; std::getline(std::cin, line);) {
+        const QJsonObject job = QJsonDocument::fromJson(QByteArray::fromStdString(line)).object();
         const std::scoped_lock locked(jobs.access);
-        jobs.lines.push_back(line);
+        jobs.waiting.push_back(job);
         jobs.come.notify_one();
     }
-    finish(jobs, folder);
+    finish(folder);
 }
 
 QJsonObject next(Jobs &jobs) {
     std::unique_lock locked(jobs.access);
-    jobs.come.wait(locked, [&] { return !jobs.lines.empty(); });
-    const QByteArray line = QByteArray::fromStdString(jobs.lines.front());
-    jobs.lines.pop_front();
-    return QJsonDocument::fromJson(line).object();
+    jobs.come.wait(locked, [&] { return !jobs.waiting.empty(); });
+    const QJsonObject job = jobs.waiting.front();
+    jobs.waiting.pop_front();
+    return job;
 }
 
 void say(const QJsonObject &answer) {
@@ -83,25 +81,21 @@ QJsonObject perform(const word::Verbs &verbs, Performance &performance) {
     } catch (const WordError &error) {
         return failure(error.sentence());
     } catch (const com::sun::star::uno::Exception &error) {
-        const QString saved = performance.made().saved;
         const QString what = stillAlive() ? QStringLiteral("Le traitement de texte échoue avec « %1 » : %2")
                                                 .arg(performance.name(), textOf(error.Message))
                                           : QStringLiteral("Le traitement de texte s'est arrêté.");
+        Office::kill(); // who knows what else does not work
+        const QString saved = performance.made().saved;
         return failure(
             saved.isEmpty() ? what : what + QStringLiteral(" Le document « %1 » est enregistré.").arg(saved));
     }
 }
 
-QJsonObject perform(const QJsonObject &job, const Office &office, const OfficeFolder &folder, Jobs &jobs) {
-    const word::Verbs verbs = word::verbsOf(job[QStringLiteral("verbs")].toArray());
-    for (const word::Verb &verb : verbs) {
-        if (const auto *reserve = std::get_if<word::Reserve>(&verb)) {
-            const std::scoped_lock locked(jobs.access);
-            jobs.reserved = reserve->paths.value(0);
-        }
-    }
-    Performance performance(office, folder, job[QStringLiteral("printer")].toBool());
-    return perform(verbs, performance);
+QJsonObject perform(const QJsonObject &job, const Office &office, const OfficeFolder &folder) {
+    Performance performance(office, folder, job[QStringLiteral("printer")].toBool(), [](const QString &path) {
+        say({{QStringLiteral("reserved"), path}});
+    });
+    return perform(word::verbsOf(job[QStringLiteral("verbs")].toArray()), performance);
 }
 
 [[noreturn]] void serve(Jobs &jobs, const OfficeFolder &folder) {
@@ -114,14 +108,16 @@ QJsonObject perform(const QJsonObject &job, const Office &office, const OfficeFo
             if (!Office::alive()) {
                 office = std::make_unique<Office>(folder);
             }
-            say(perform(job, *office, folder, jobs));
+            QJsonObject answer = perform(job, *office, folder);
+            answer[QStringLiteral("ended")] = !Office::alive();
+            say(answer);
         }
     } catch (const WordError &error) {
         say(failure(error.sentence()));
     } catch (const com::sun::star::uno::Exception &) {
         say(failure(QStringLiteral("Le traitement de texte ne démarre pas.")));
     }
-    finish(jobs, folder);
+    finish(folder);
 }
 
 } // namespace
