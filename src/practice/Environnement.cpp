@@ -24,6 +24,10 @@ Database Environnement::ouvreParametres() const {
     return ouvre(CheminFichiers + QStringLiteral("\\param.mdb"));
 }
 
+Database Environnement::ouvreParametresImpression() const {
+    return ouvre(CheminFichiers + QStringLiteral("\\ParamImpression.mdb"));
+}
+
 Database Environnement::ouvrePatients() const {
     return ouvre(CheminFichiers + QStringLiteral("\\Patient.mdb"));
 }

@@ -42,9 +42,10 @@ struct Environnement {
     Database ouvreCarnet() const;
     /// The same for an action that writes: refused where the book may only be read.
     Database ouvreCarnetPourEcrire() const;
-    Database ouvreParametres() const;    ///< practitioners
-    Database ouvrePatients() const;      ///< the suite's patient file
-    Database ouvrePatientsCrees() const; ///< listing of the patients created here
+    Database ouvreParametres() const;           ///< practitioners
+    Database ouvreParametresImpression() const; ///< letterheads
+    Database ouvrePatients() const;             ///< the suite's patient file
+    Database ouvrePatientsCrees() const;        ///< listing of the patients created here
     Database ouvreActes() const;
     Database ouvreTransmission() const; ///< what the suite hands over
     Database ouvreHistorique() const;   ///< whose history the suite is asked to show

@@ -2,9 +2,12 @@
 
 #include "booking/FrmAjouter.h"
 #include "patients/HistoriqueTables.h"
+#include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 #include "print/FrmDateImpression.h"
+#include "print/LettrePatient.h"
+#include "print/ListingAbsent.h"
 #include "search/FrmRDVlibre.h"
 #include "search/FrmRecherche.h"
 #include "start/CarnetMontre.h"
@@ -61,6 +64,21 @@ void ActionsPatient::reserve(FrmRDVlibre &recherche, const PlaceRDV &place) {
     } else {
         recherche.BtnOK_Click();
     }
+}
+
+// ---- Letters
+
+void ActionsPatient::mnuListAbs_Click() {
+    ListingAbsent(m_env, m_carnet.affichage().demande.PraticienCourant, &m_fenetre).exec();
+}
+
+/// What is selected counts, also when another workstation has deleted it since: that may be what the letter
+/// is about.
+void ActionsPatient::mnuLettre_Click() {
+    const RendezVous choisi = m_carnet.selection().rdv.value_or(RendezVous());
+    LettreAnnulation(m_env, &m_fenetre,
+                     {m_carnet.affichage().demande.numPraticien(), CLng(choisi.NumPatient),
+                      DatesFr::courte(m_carnet.jourCourant())});
 }
 
 // ---- History

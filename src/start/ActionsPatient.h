@@ -19,6 +19,9 @@ class ActionsPatient : public QObject {
 
     void mnurechercher_Click();
     void mnuRDVlibre_Click();
+    void mnuListAbs_Click();
+    /// The cancellation letter to the selected appointment's patient, about that day.
+    void mnuLettre_Click();
     /// Has the suite show the history of the selected patient, and gets out of its way.
     void menuAllerHisto_Click();
     void mnuImprimer_Click();

@@ -101,6 +101,8 @@ void FrmEntree::relieMenus() {
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);
     relieA(m_patient, ui->mnuImprimer, &ActionsPatient::mnuImprimer_Click);
+    relieA(m_patient, ui->mnuListAbs, &ActionsPatient::mnuListAbs_Click);
+    relieA(m_patient, ui->mnuLettre, &ActionsPatient::mnuLettre_Click);
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
