@@ -44,6 +44,12 @@ bool EstNumero(const QString &texte) {
     return lu;
 }
 
+QString TexteMarques(int combien) {
+    return combien == 0   ? QStringLiteral("aucun marqué")
+           : combien == 1 ? QStringLiteral("1 marqué")
+                          : QStringLiteral("%1 marqués").arg(combien);
+}
+
 std::array<int, colonnesAbsents> LargeursAbsents(int largeurGrille) {
     constexpr std::array<int, colonnesAbsents> enonce{700, 1500, 1500, 700, 700, 700, 1500};
     constexpr int somme = 7300;

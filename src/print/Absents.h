@@ -53,6 +53,9 @@ struct ListeAbsents {
 /// Whether a text spells a whole number, blanks around it.
 bool EstNumero(const QString &texte);
 
+/// "2 marqués"
+QString TexteMarques(int combien);
+
 /// Widths of the columns in twips; wider in proportion where the grid is wider.
 std::array<int, colonnesAbsents> LargeursAbsents(int largeurGrille);
 

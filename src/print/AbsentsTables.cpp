@@ -7,13 +7,14 @@
 #include <tuple>
 
 QList<Absent> Absents(Database &carnet, std::optional<long> praticien, QDate jour) {
-    SqlText sql("select * from RDV where ");
+    SqlText sql("select * from RDV where DateInv = "); // as the text that an index holds
+    sql << texte(InverseDate(jour)) << " and Present = False";
     if (praticien) {
-        sql << "clng(NumPraticien) = " << nombre(*praticien) << " and ";
+        sql << " and clng(NumPraticien) = " << nombre(*praticien) << " order by HeureDebut";
+    } else {
+        sql << " order by clng(NumPraticien), HeureDebut";
     }
-    sql << "CLng(DateInv) = " << nombre(CLng(InverseDate(jour))) << " and Present = False order by ";
-    const Records rows =
-        carnet.query(praticien ? sql << "HeureDebut" : sql << "clng(NumPraticien), HeureDebut");
+    const Records rows = carnet.query(sql);
     QList<Absent> absents;
     for (const Record row : rows) {
         absents.append(Absent{row[u"NumPraticien"].toText(), row[u"nom"].toText(), row[u"PreNom"].toText(),

@@ -120,8 +120,7 @@ void ListingAbsent::dessine() {
             const QColor fond = m_liste.marques.contains(i) ? jaune : QColor(Qt::white);
             const auto textes = montres[i].textes();
             for (int col = 0; col < colonnesAbsents; ++col) {
-                cellules.at(i + 1, col) = {
-                    textes[size_t(col)], fond, Qt::black, Qt::AlignLeft | Qt::AlignVCenter, {}};
+                cellules.at(i + 1, col) = {textes[size_t(col)], fond, Qt::black, Qt::AlignCenter, {}};
             }
         }
     }
@@ -131,17 +130,17 @@ void ListingAbsent::dessine() {
     dessineBilan();
 }
 
+/// What is listed, or why nothing is shown.
 void ListingAbsent::dessineBilan() {
+    const bool aJour = estAJour();
     const int combien = int(m_liste.absents.size());
     const auto jour = LitDate(m_liste.demande.date);
     const QString date = jour ? QStringLiteral(" le ") + DatesFr::jourComplet(*jour) : QString();
-    ui->LblBilan->setText(combien == 0 ? QStringLiteral("Aucun rendez-vous listé%1.").arg(date)
-                                       : QStringLiteral("%1 rendez-vous%2, %3 pour une lettre.")
+    const QString bilan = combien == 0 ? QStringLiteral("Aucun rendez-vous listé%1.").arg(date)
+                                       : QStringLiteral("%1 rendez-vous%2, %3.")
                                              .arg(combien)
-                                             .arg(date)
-                                             .arg(m_liste.marques.size()));
-    const bool aJour = estAJour();
-    ui->LblBilan->setVisible(aJour);
+                                             .arg(date, TexteMarques(int(m_liste.marques.size())));
+    ui->LblBilan->setText(aJour ? bilan : QString());
     ui->ListAbsent->setPlaceholder(
         aJour ? QString() : QStringLiteral("La date ou le praticien a changé : lancez la recherche."));
     ui->cmdImprimLettre->setEnabled(aJour && !m_liste.marques.isEmpty());
