@@ -4,6 +4,7 @@
 #include "Schema.h"
 #include "practice/Environnement.h"
 #include "support/RecordingMessages.h"
+#include "support/RecordingWord.h"
 
 #include <QTemporaryDir>
 
@@ -25,7 +26,8 @@ class CabinetDEssai {
     /// Another practice. Throws what ecritCabinet throws.
     explicit CabinetDEssai(const OptionsCabinet &voulu);
 
-    /// The world of a program that has read the path database, with this practice's clock and messages.
+    /// The world of a program that has read the path database, with this practice's clock and messages and
+    /// word processors that keep what they are asked for.
     const Environnement &environnement();
 
     QString dossier() const { return m_dossier; }
@@ -36,6 +38,7 @@ class CabinetDEssai {
 
     QDateTime maintenant{QDate(2026, 3, 11), QTime(10, 5)};
     RecordingMessages messages;
+    std::shared_ptr<WordRecord> word = std::make_shared<WordRecord>();
 
   private:
     QTemporaryDir m_temporaire;

@@ -10,6 +10,7 @@ struct WordRecord {
     QStringList shown;
     int started = 0;
     int failing = -1; ///< which perform() fails, counted from 0; -1: none
+    bool hasPrinter = true;
 };
 
 /// Keeps each step and makes no file. A document that is saved gets the first name reserved.
@@ -28,6 +29,8 @@ class RecordingWord : public WordProcessor {
         for (const word::Verb &verb : verbs) {
             if (const auto *reserved = std::get_if<word::Reserve>(&verb)) {
                 made.saved = reserved->paths.first();
+            } else if (std::holds_alternative<word::Print>(verb) && !m_record->hasPrinter) {
+                made.pdf = made.saved.chopped(4) + QStringLiteral(".pdf");
             }
         }
         return made;
