@@ -7,6 +7,19 @@
 #include <QEventLoop>
 #include <QTimer>
 
+namespace {
+
+/// The window goes on being drawn; what the user does meanwhile comes afterwards.
+void attend() {
+    constexpr std::chrono::milliseconds entreDeuxEssais{30};
+    const Sablier sablier;
+    QEventLoop boucle;
+    QTimer::singleShot(entreDeuxEssais, &boucle, &QEventLoop::quit);
+    boucle.exec(QEventLoop::ExcludeUserInputEvents);
+}
+
+} // namespace
+
 std::optional<DbError> tente(const Environnement &env, const std::function<void()> &operation) {
     const QDeadlineTimer limite(env.patience);
     for (;;) {
@@ -18,7 +31,7 @@ std::optional<DbError> tente(const Environnement &env, const std::function<void(
                 return erreur;
             }
         }
-        patiente();
+        attend();
     }
 }
 
@@ -28,13 +41,4 @@ bool essaie(const Environnement &env, const std::function<void()> &operation) {
         env.messages->error(echec->message());
     }
     return !echec;
-}
-
-/// What the user does meanwhile comes afterwards.
-void patiente() {
-    constexpr std::chrono::milliseconds unMoment{30};
-    const Sablier sablier;
-    QEventLoop boucle;
-    QTimer::singleShot(unMoment, &boucle, &QEventLoop::quit);
-    boucle.exec(QEventLoop::ExcludeUserInputEvents);
 }

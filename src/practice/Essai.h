@@ -12,6 +12,3 @@ std::optional<DbError> tente(const Environnement &env, const std::function<void(
 
 /// The same, and tells the user what failed. True when all went well.
 bool essaie(const Environnement &env, const std::function<void()> &operation);
-
-/// Lets a moment go by, during which windows are drawn and take no input, the pointer an hourglass.
-void patiente();

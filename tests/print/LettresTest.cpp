@@ -55,6 +55,21 @@ QString cellules(const word::Verbs &verbes) {
     return texteDe(std::get<word::Cells>(*ecrites).texts);
 }
 
+/// Sees while it tells something whether a file's lock is free.
+class Temoin : public Messages {
+  public:
+    explicit Temoin(QString verrou) : m_verrou(std::move(verrou)) {}
+    void show(const QString &, const QString &, Icon) override {
+        QLockFile verrou(m_verrou);
+        libre = verrou.tryLock(0);
+    }
+    bool ask(const QString &, const QString &) override { return false; }
+    bool libre = false;
+
+  private:
+    QString m_verrou;
+};
+
 class Lettres : public testing::Test {
   protected:
     Lettres() {
@@ -173,17 +188,23 @@ TEST_F(Lettres, ACancellationLetterIsShownAndWhatFailsMakesNone) {
     EXPECT_TRUE(cellules(record->performed[0]).contains(q("|12/03/2026|~|~|~|~|Mme|ROUX|")));
     EXPECT_EQ(cabinet.messages.taken(), QString());
 
-    const QString cadre = cabinet.dossier() + q("/Donnees/Documents/ModèleOrtho1.doc");
+    const QString nom = cabinet.dossier() + q("/Donnees/Documents/ModèleOrtho1.doc.verrou");
     {
-        QLockFile autre(cadre + q(".verrou"));
+        QLockFile autre(nom);
         ASSERT_TRUE(autre.tryLock(0));
         annule();
         EXPECT_TRUE(cabinet.messages.taken().contains(q("Un autre poste")));
     }
+    Temoin temoin(nom);
+    Environnement avecTemoin = env;
+    avecTemoin.messages = &temoin;
+    record->failing = 1;
+    LettreAnnulation(avecTemoin, nullptr, {1, 7, {}});
+    EXPECT_TRUE(temoin.libre) << "who reads a message keeps nobody waiting";
     QFile::remove(cabinet.fichier(Base::ParametresImpression));
     annule();
     EXPECT_TRUE(cabinet.messages.taken().contains(q("ParamImpression.mdb")));
-    EXPECT_EQ(record->performed.size(), 1) << "none was tried";
+    EXPECT_EQ(record->performed.size(), 2) << "no other was tried";
 }
 
 TEST_F(Listing, ListsWhoDidNotComeByPractitionerAndStart) {
