@@ -34,8 +34,8 @@ struct Select {
 };
 
 /// Replaces the content of the selected table cell and of those right of it, line after line; nothing leaves
-/// a cell as it is. Moving on from a table's last cell adds a line that looks like it. The cell after the
-/// last one written is selected then.
+/// a cell as it is. What is written beyond a table's last cell adds a line that looks like its last. The cell
+/// after the last one is selected then.
 struct Cells {
     QList<std::optional<QString>> texts;
 

@@ -131,8 +131,12 @@ int main(int argc, char **argv) {
     for (const int number : {SIGPIPE, SIGTERM, SIGHUP}) {
         std::signal(number, SIG_IGN); // the end of the input is what counts
     }
-    const OfficeFolder folder{QFile::decodeName(argv[1])};
-    static Jobs jobs;
-    std::thread(readAll, std::ref(jobs), std::cref(folder)).detach();
-    serve(jobs, folder);
+    try {
+        static Jobs jobs;
+        static const OfficeFolder folder{QFile::decodeName(argv[1])};
+        std::thread(readAll, std::ref(jobs), std::cref(folder)).detach();
+        serve(jobs, folder);
+    } catch (...) { // no memory, no thread: the book tells that there is no answer
+        _exit(1);
+    }
 }
