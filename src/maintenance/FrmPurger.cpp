@@ -165,26 +165,36 @@ void FrmPurger::echoue(const DbError &echec) {
     QDialog::reject();
 }
 
-/// What was moved is known afterwards, and the archive holds nothing else unless this fails. One that holds
-/// nothing at all would only be in the way of the next purge.
+/// What was moved is known afterwards, and the archive holds nothing else unless this fails. One of which
+/// nothing is needed would only be in the way of the next purge.
 void FrmPurger::abandonne() {
+    const auto inutile = [this] { return m_purge->deplaces() + m_purge->incertains() == 0; };
     if (!m_archiveCreee) {
         return;
     }
-    const bool regle = !m_purge->entamee() || !tente(m_env, [this] {
-        Database archive = ouvreArchive();
-        Database carnet = m_env.ouvreCarnet();
-        m_purge->abandonne(carnet, archive);
-    });
-    if (regle && m_purge->deplaces() == 0) {
-        QFile::remove(m_archive);
-        QFile::remove(m_archive + QStringLiteral("-journal"));
-        m_archiveCreee = false;
+    if (!inutile() || !enleveArchive()) {
+        tente(m_env, [this] {
+            Database archive = ouvreArchive();
+            Database carnet = m_env.ouvreCarnet();
+            m_purge->abandonne(carnet, archive);
+        });
+        if (inutile()) {
+            enleveArchive();
+        }
     }
 }
 
+bool FrmPurger::enleveArchive() {
+    m_archiveCreee = !QFile::remove(m_archive);
+    if (!m_archiveCreee) {
+        QFile::remove(m_archive + QStringLiteral("-journal"));
+    }
+    return !m_archiveCreee;
+}
+
 QString FrmPurger::bilan() const {
-    return BilanPurge(m_purge->deplaces(), m_archiveCreee ? m_purge->enTrop() : 0, m_archive);
+    return BilanPurge(m_purge->deplaces(), m_purge->incertains(), m_archiveCreee ? m_purge->enTrop() : 0,
+                      m_archive);
 }
 
 Database FrmPurger::ouvreArchive() const {

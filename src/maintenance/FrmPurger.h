@@ -41,6 +41,7 @@ class FrmPurger : public QDialog {
     void echoue(const DbError &echec);
     /// Closes before all were moved.
     void abandonne();
+    bool enleveArchive();
     QString bilan() const;
     Database ouvreArchive() const;
 

@@ -125,6 +125,7 @@ void CreeArchive(const QString &modele, const QString &archive) {
         base.tableDef(tableRDV).createIndex({QStringLiteral("RDVParRef"), SqlText("RefRDV")});
     } catch (...) {
         QFile::remove(archive);
+        QFile::remove(archive + QStringLiteral("-journal"));
         throw;
     }
 }
@@ -160,8 +161,8 @@ std::vector<Fields> Purge::litLot(Database &rdv, const std::vector<qint64> &refs
 
 void Purge::archive(Database &archives, const std::vector<Fields> &lot) {
     Transaction transaction(archives);
-    archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enTrop));
-    const qint64 avant = nombreArchive(archives);
+    const qint64 avant = nombreArchive(archives) -
+                         archives.execute(SqlText("Delete from RDV Where RefRDV in ") << parmi(m_enTrop));
     std::vector<qint64> refs;
     for (const Fields &rangee : lot) {
         archives.insert(tableRDV, rangee);
@@ -194,9 +195,16 @@ void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::ve
         throw DbError(DbError::Kind::Other, rdv.path(),
                       QStringLiteral("il garde des rendez-vous qui devaient en partir"));
     }
-    m_entamee = true;
     m_partent = partent;
-    transaction.commit();
+    try {
+        transaction.commit();
+    } catch (const DbError &erreur) {
+        if (erreur.kind() ==
+            DbError::Kind::Locked) { // nothing was written; others may have a hand in them yet
+            m_partent.clear();
+        }
+        throw;
+    }
     m_libre = Horloge::now();
     m_lot = LotSuivant(m_lot, std::chrono::duration_cast<std::chrono::milliseconds>(m_libre - debut));
     partis();

@@ -34,9 +34,9 @@ class Purge {
     int vus() const { return int(m_vus); }
     int deplaces() const { return m_deplaces; }
     /// How many copies the archive may hold of appointments that this purge has not moved.
-    int enTrop() const { return int(m_enTrop.size()); }
-    /// Appointments may have left the book.
-    bool entamee() const { return m_entamee; }
+    int enTrop() const { return int(m_enTrop.size() - m_partent.size()); }
+    /// How many are in the archive of which nobody knows whether they have left the book.
+    int incertains() const { return int(m_partent.size()); }
 
   private:
     using Horloge = std::chrono::steady_clock;
@@ -55,7 +55,6 @@ class Purge {
     size_t m_vus = 0;
     int m_lot = premierLot;
     int m_deplaces = 0;
-    bool m_entamee = false;
     std::vector<qint64> m_enTrop;  ///< what was archived, but is not known to have been moved
     std::vector<qint64> m_partent; ///< those of them whose leaving failed, or seemed to
     Horloge::time_point m_libre;   ///< since when the book is

@@ -22,19 +22,29 @@ QString NomArchive(const QString &saisi) {
     return saisi.endsWith(extension, Qt::CaseInsensitive) ? saisi : saisi + extension;
 }
 
-QString BilanPurge(int deplaces, int enTrop, const QString &archive) {
+QString BilanPurge(int deplaces, int incertains, int enTrop, const QString &archive) {
     const QString fichier = QDir::toNativeSeparators(archive);
-    QString bilan = QStringLiteral("Aucun rendez-vous n'a été déplacé : tous sont restés dans le carnet.");
+    QStringList phrases;
     if (deplaces > 0) {
-        bilan = (deplaces == 1 ? QStringLiteral("1 rendez-vous a été déplacé")
-                               : QStringLiteral("%1 rendez-vous ont été déplacés").arg(deplaces)) +
-                QStringLiteral(" dans l'archive « %1 », les autres sont restés dans le carnet.").arg(fichier);
+        phrases << (deplaces == 1 ? QStringLiteral("1 rendez-vous a été déplacé")
+                                  : QStringLiteral("%1 rendez-vous ont été déplacés").arg(deplaces)) +
+                       QStringLiteral(" dans l'archive « %1 »").arg(fichier) +
+                       (incertains > 0 ? QStringLiteral(".")
+                                       : QStringLiteral(", les autres sont restés dans le carnet."));
+    } else if (incertains == 0) {
+        phrases << QStringLiteral("Aucun rendez-vous n'a été déplacé : tous sont restés dans le carnet.");
+    }
+    if (incertains > 0) {
+        phrases << QStringLiteral("Gardez l'archive « %1 » : elle contient aussi %2 rendez-vous dont on ne "
+                                  "sait pas s'ils sont encore dans le carnet.")
+                       .arg(fichier)
+                       .arg(incertains);
     }
     if (enTrop > 0) {
-        bilan += QStringLiteral("\nL'archive « %1 » n'a pas pu être remise en ordre : elle garde peut-être "
-                                "aussi une copie de %2 rendez-vous restés dans le carnet.")
-                     .arg(fichier)
-                     .arg(enTrop);
+        phrases << QStringLiteral("L'archive « %1 » n'a pas pu être remise en ordre : elle garde peut-être "
+                                  "aussi une copie de %2 rendez-vous restés dans le carnet.")
+                       .arg(fichier)
+                       .arg(enTrop);
     }
-    return bilan;
+    return phrases.join(u'\n');
 }

@@ -21,6 +21,6 @@ bool EstAnterieur(QDate Date1, QDate jour);
 /// The archive's file name as it is created: with its extension, which the user may leave out.
 QString NomArchive(const QString &saisi);
 
-/// What the user is told of a purge that did not end: how many appointments were moved, and where to; and how
-/// many more the archive may hold copies of.
-QString BilanPurge(int deplaces, int enTrop, const QString &archive);
+/// What the user is told of a purge that did not end: how many appointments were moved, and where to, of how
+/// many that is not known, and how many more the archive may hold copies of.
+QString BilanPurge(int deplaces, int incertains, int enTrop, const QString &archive);
