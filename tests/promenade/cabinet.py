@@ -34,7 +34,9 @@ TABLES = {
         "Config": "NomConfig TEXT, NumPraticien TEXT, DefaultConfig INTEGER, NbJours INTEGER, "
                   + "".join(f"{j}Affich INTEGER, {j}Grise INTEGER, " for j in JOURS)
                   + "JourRepos INTEGER, Intervalle INTEGER, HeureMatDebut TEXT, HeureMatFin TEXT, "
-                    "HeurePMDebut TEXT, HeurePMFin TEXT, Fauteuil INTEGER"},
+                    "HeurePMDebut TEXT, HeurePMFin TEXT, Fauteuil INTEGER",
+        "Impression": "Heure TEXT, NomPatient TEXT, PrenomPatient TEXT, HeurePM TEXT, NomPatientPM TEXT, "
+                      "PrenomPatientPM TEXT"},
     "Base/Fichiers/ZeroRDV.mdb": {"RDV": RDV},
     "Base/Fichiers/Param.mdb": {"Praticien": "codeprat INTEGER, nom TEXT, PreNom TEXT, Word INTEGER"},
     "Base/Fichiers/Patient.mdb": {"TabPat": "cptid INTEGER PRIMARY KEY AUTOINCREMENT, nom TEXT, PreNom TEXT, "

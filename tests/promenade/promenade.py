@@ -16,7 +16,7 @@ from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
 from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
-from recherche import Recherches
+from papier import Papier
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
 PURGE = 0.5  # chance that the walk ends with one
@@ -24,7 +24,7 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Recherches, Gestes, Fenetres):
+class Promenade(Papier, Gestes, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
@@ -53,7 +53,7 @@ class Promenade(Recherches, Gestes, Fenetres):
         self.commence("départ")
         self.regarde()
 
-    def lit(self):
+    def lit_carnet(self):
         return lit_base(self.tiers.fichier if self.tiers.lisible else self.tiers.cache)
 
     # ---- One step

@@ -10,7 +10,8 @@ from fenetres import MESSAGES, norme
 from oracle import (MOIS_COURTS, SEMAINE, Livre, Montre, Vue, dans, debuts_libres, entier, hhmm, lit_base,
                     lit_jour, minutes)
 
-LANCE = {"mnurechercher": "FrmRecherche", "mnuRDVlibre": "FrmRDVlibre", "menuAllerHisto": None}
+LANCE = {"mnurechercher": "FrmRecherche", "mnuRDVlibre": "FrmRDVlibre", "menuAllerHisto": None,
+         "mnuImprimer": "FrmDateImpression", "mnuListAbs": "ListingAbsent"}
 REPOS = "sur votre jour de repos"
 DERNIER = 23 * 60 + 30  # the longest slot
 JOURS_CHERCHES = 40  # the book is empty long before
@@ -40,8 +41,9 @@ class Recherches:
     # ---- From the main window
 
     def raccourci(self):
-        self.lance(self.h.choice(("mnurechercher", "mnuRDVlibre")))
-        self.prog.frappe("Control_L", "f" if "recherche" in self.fait[-1] else "l")
+        touche, action = self.h.choice((("f", "mnurechercher"), ("l", "mnuRDVlibre"), ("p", "mnuImprimer")))
+        self.lance(action)
+        self.prog.frappe("Control_L", touche)
 
     def lance(self, action):
         self.dit(action)
