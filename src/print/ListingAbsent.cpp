@@ -58,9 +58,6 @@ void ListingAbsent::remplitChoix(const QString &PraticienCourant) {
 }
 
 void ListingAbsent::relieGrille() {
-    QPalette palette = ui->ListAbsent->palette();
-    palette.setColor(QPalette::Highlight, Qt::white); // the frame tells the current row, yellow stays yellow
-    ui->ListAbsent->setPalette(palette);
     connect(ui->ListAbsent, &FlexGrid::selectionAsked, this,
             [this](const FlexGrid::Corners &coins, FlexGrid::Gesture geste) {
                 if (geste == FlexGrid::Gesture::Press || geste == FlexGrid::Gesture::Key) {
@@ -176,6 +173,10 @@ void ListingAbsent::prendLigne(int ligne) {
         ui->ListAbsent->showOutline(std::nullopt);
     } else if (ligne > 0) { // a click on the headings leaves it
         const int prise = std::min(ligne, derniere);
+        QPalette palette = ui->ListAbsent->palette();
+        palette.setColor(QPalette::Highlight,
+                         m_liste.marques.contains(prise - 1) ? jaune : QColor(Qt::white));
+        ui->ListAbsent->setPalette(palette); // the frame tells the current row, yellow stays yellow
         ui->ListAbsent->showOutline(FlexGrid::Corners{prise, 0, prise, colonnesAbsents - 1});
     }
 }

@@ -56,6 +56,12 @@ TEST(PageDrawing, TabsGoToTheStopsAheadAndLongTextsAreCut) {
     EXPECT_NEAR(threeTabs, 10 + 300, 3);
     const int onlyAhead = inked(drawn(written(QStringLiteral("\u00A0\t|"), {10, 1500}, 0))).first;
     EXPECT_NEAR(onlyAhead, 10 + 100, 3);
+    const QString name = QStringLiteral("SAINT-MARTIN Jean-Baptiste");
+    const auto end = [&name](int room) { return inked(drawn(written(name, {}, room))).second; };
+    const int whole = end(0);
+    const int smaller = end((whole - 10) * 15 * 85 / 100);
+    EXPECT_NEAR(smaller, 10 + (whole - 10) * 85 / 100, 4);
+    EXPECT_LT(end((whole - 10) * 15 / 2), whole / 2 + 10) << "cut";
     const int cut = inked(drawn(written(QString(500, u'M'), {}, 3000))).second;
     EXPECT_LE(cut, 10 + 3000 / 15);
     EXPECT_GT(cut, 10 + 2700 / 15);

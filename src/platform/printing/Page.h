@@ -28,8 +28,9 @@ struct Page {
         QString family;
         int points = 0;
         bool bold = false;
-        QList<int> tabs;   ///< twips right of topLeft, increasing
-        int roomWidth = 0; ///< what does not fit is cut, with an ellipsis; 0: there is room
+        QList<int> tabs; ///< twips right of topLeft, increasing
+        int roomWidth =
+            0; ///< what does not fit is written smaller, then cut with an ellipsis; 0: there is room
 
         friend bool operator==(const Text &, const Text &) = default;
     };

@@ -23,10 +23,22 @@ qreal afterTab(const QList<int> &tabs, qreal x, qreal blank) {
     return stop != tabs.end() ? *stop : x + blank;
 }
 
-void drawText(QPainter &painter, const Page::Text &text) {
+/// Smaller, down to three quarters, as far as that makes the text fit.
+QFont fontOf(const Page::Text &text, const QPaintDevice *device) {
+    constexpr qreal least = 0.75;
     QFont font(text.family);
-    font.setPixelSize(text.points * twipsPerPoint); // the painter's unit is a twip
+    const int size = text.points * twipsPerPoint; // the painter's unit is a twip
+    font.setPixelSize(size);
     font.setBold(text.bold);
+    const qreal needed = QFontMetricsF(font, device).horizontalAdvance(text.text);
+    if (text.roomWidth > 0 && needed > text.roomWidth) {
+        font.setPixelSize(int(size * std::max(text.roomWidth / needed, least)));
+    }
+    return font;
+}
+
+void drawText(QPainter &painter, const Page::Text &text) {
+    const QFont font = fontOf(text, painter.device());
     painter.setFont(font);
     painter.setPen(Qt::black);
     const QFontMetricsF metrics(font, painter.device());
