@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::chrono::milliseconds verrouOublie{60'000}; // no letter takes that long
+constexpr std::chrono::milliseconds verrouOublie{180'000}; // no letter takes that long: it is given up before
 
 void patiente() {
     constexpr std::chrono::milliseconds entreDeuxEssais{30};
@@ -42,7 +42,7 @@ WordDocument TraitementDesLettres::perform(const word::Verbs &verbs) {
     while (m_attend && !verrou.tryLock(0)) {
         if (verrou.error() != QLockFile::LockFailedError) {
             throw WordError(QStringLiteral("Les lettres ont besoin d'écrire dans le dossier « %1 », qui est "
-                                           "introuvable ou en lecture seule.")
+                                           "introuvable, plein ou en lecture seule.")
                                 .arg(QDir::toNativeSeparators(QFileInfo(m_verrou).path())));
         }
         if (limite.hasExpired()) {

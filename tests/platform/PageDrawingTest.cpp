@@ -60,7 +60,7 @@ TEST(PageDrawing, TabsGoToTheStopsAheadAndLongTextsAreCut) {
     const auto end = [&name](int room) { return inked(drawn(written(name, {}, room))).second; };
     const int whole = end(0);
     const int smaller = end((whole - 10) * 15 * 85 / 100);
-    EXPECT_NEAR(smaller, 10 + (whole - 10) * 85 / 100, 4);
+    EXPECT_NEAR(smaller, 10 + (whole - 10) * 0.85, 4);
     EXPECT_LT(end((whole - 10) * 15 / 2), whole / 2 + 10) << "cut";
     const int cut = inked(drawn(written(QString(500, u'M'), {}, 3000))).second;
     EXPECT_LE(cut, 10 + 3000 / 15);

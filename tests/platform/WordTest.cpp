@@ -164,6 +164,7 @@ TEST_F(WordTest, BadTemplatesAndPlacesAreNamed) {
     };
     spoilt("vide.doc", [](QByteArray &content) { content.clear(); });
     spoilt("texte.doc", [](QByteArray &content) { content = "Bonjour"; });
+    spoilt("magie.doc", [](QByteArray &content) { content.truncate(8); });
     spoilt("tronque.doc", [](QByteArray &content) { content.truncate(2000); });
     spoilt("secret.doc", [](QByteArray &content) { // encrypted by its simplest way, and a key
         const qsizetype start = content.indexOf("\xEC\xA5");
@@ -185,6 +186,8 @@ TEST_F(WordTest, BadTemplatesAndPlacesAreNamed) {
         {{Open{path("tmp")}}, "Le modèle « /tmp » ne peut pas être lu."},
         {{Open{path("tronque.doc")}},
          "Le modèle « /tronque.doc » est abîmé, ou n'est pas un document de traitement de texte."},
+        {{Open{path("magie.doc")}},
+         "Le modèle « /magie.doc » est abîmé, ou n'est pas un document de traitement de texte."},
         {{Open{path("secret.doc")}}, "Le modèle « /secret.doc » est protégé par un mot de passe."},
         {sheet() << Select{q("Fin")}, "Le modèle « /feuille.doc » n'a pas de signet « Fin »."},
         {sheet() << Select{q("NomDocteur")} << Cells{{q("x")}},

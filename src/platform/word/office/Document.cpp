@@ -73,6 +73,14 @@ Held held(const uno::Reference<uno::XInterface> &object, const char *name) {
     return value;
 }
 
+/// What the office makes of a file in which it finds nothing that it knows.
+bool readAsPlainText(const uno::Reference<frame::XModel> &model) {
+    return std::ranges::any_of(model->getArgs(), [](const beans::PropertyValue &argument) {
+        rtl::OUString filter;
+        return argument.Name == "FilterName" && (argument.Value >>= filter) && filter.startsWith("Text");
+    });
+}
+
 QString rowOf(const rtl::OUString &cell) {
     const QString name = textOf(cell);
     const auto digit = std::ranges::find_if(name, [](QChar c) { return c.isDigit(); });
@@ -119,10 +127,11 @@ void Document::load(const Office &office, const QString &path) {
         m_document.clear();
     }
     const uno::Reference<text::XTextDocument> text(m_document, uno::UNO_QUERY);
+    const bool isDocument = text.is() && !readAsPlainText(as<frame::XModel>());
     if (interaction->passwordAsked()) {
         throw WordError(QStringLiteral("Le modèle « %1 » est protégé par un mot de passe.").arg(m_name));
     }
-    if (!text.is()) {
+    if (!isDocument) {
         if (m_document.is()) {
             as<util::XCloseable>()->close(true);
         }

@@ -58,18 +58,26 @@ void Performance::operator()(const word::SaveOver &verb) {
     saveAs(verb.path);
 }
 
+void Performance::printToPdf() {
+    const QString made = m_folder.temporary() + QStringLiteral("/document.pdf");
+    document().storePdf(made);
+    const QFileInfo wanted(m_reserved);
+    m_made.pdf = addFile(made, wanted.path() + u'/' + wanted.completeBaseName() + QStringLiteral(".pdf"));
+}
+
 void Performance::operator()(const word::Print &) {
-    if (!m_onPaper) {
-        const QString made = m_folder.temporary() + QStringLiteral("/document.pdf");
-        document().storePdf(made);
-        const QFileInfo wanted(m_reserved);
-        m_made.pdf = addFile(made, wanted.path() + u'/' + wanted.completeBaseName() + QStringLiteral(".pdf"));
-    } else if (!document().print()) {
-        throw WordError(m_made.saved.isEmpty()
-                            ? QStringLiteral("L'imprimante refuse le document : rien n'est imprimé.")
-                            : QStringLiteral("L'imprimante refuse le document : rien n'est imprimé. Il est "
-                                             "enregistré dans le fichier « %1 ».")
-                                  .arg(QDir::toNativeSeparators(m_made.saved)));
+    try {
+        if (!m_onPaper) {
+            printToPdf();
+        } else if (!document().print()) {
+            throw WordError(QStringLiteral("L'imprimante refuse le document : rien n'est imprimé."));
+        }
+    } catch (const WordError &error) {
+        if (m_made.saved.isEmpty()) {
+            throw;
+        }
+        throw WordError(error.sentence() + QStringLiteral(" Il est enregistré dans le fichier « %1 ».")
+                                               .arg(QDir::toNativeSeparators(m_made.saved)));
     }
 }
 

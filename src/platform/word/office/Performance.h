@@ -32,6 +32,7 @@ class Performance {
   private:
     Document &document();
     void saveAs(const QString &path);
+    void printToPdf();
 
     const Office &m_office;
     const OfficeFolder &m_folder;

@@ -16,14 +16,6 @@ QString reserved; // behind halfWritten
                         .arg(QDir::toNativeSeparators(path), why));
 }
 
-QString reason(const QFile &file) {
-    constexpr qsizetype longestName = 255; // bytes, on all usual disks
-    const QFileInfo info(file);
-    return QFile::encodeName(info.fileName()).size() > longestName ? QStringLiteral("son nom est trop long")
-           : !QFileInfo(info.path()).isWritable()                  ? QStringLiteral("l'accès est refusé")
-                                                                   : file.errorString();
-}
-
 } // namespace
 
 QString Reservation::take(const QStringList &paths) {
@@ -39,7 +31,7 @@ QString Reservation::take(const QStringList &paths) {
             return path;
         }
         if (!file.exists()) {
-            refuse(path, reason(file));
+            refuse(path, reasonOf(file, path));
         }
     }
     refuse(paths.value(0), QStringLiteral("ce nom et les suivants sont déjà pris"));

@@ -10,18 +10,28 @@ std::mutex halfWritten;
 
 namespace {
 
-[[noreturn]] void refuse(const QString &path, const QFileDevice &file) {
-    const QFileInfo folder(QFileInfo(path).path());
-    const bool full = file.error() == QFileDevice::WriteError || file.error() == QFileDevice::ResourceError;
+[[noreturn]] void refuse(const QFileDevice &file, const QString &path) {
     throw WordError(QStringLiteral("Le document « %1 » ne peut pas être écrit : %2.")
-                        .arg(QDir::toNativeSeparators(path),
-                             !folder.exists()       ? QStringLiteral("son dossier est introuvable")
-                             : !folder.isWritable() ? QStringLiteral("l'accès est refusé")
-                             : full                 ? QStringLiteral("le disque est plein ou en panne")
-                                                    : file.errorString()));
+                        .arg(QDir::toNativeSeparators(path), reasonOf(file, path)));
 }
 
 } // namespace
+
+QString reasonOf(const QFileDevice &file, const QString &path) {
+    constexpr qsizetype longestName = 255; // bytes, on all usual disks
+    const QFileInfo wanted(path);
+    const QFileInfo folder(wanted.path());
+    if (QFile::encodeName(wanted.fileName()).size() > longestName) {
+        return QStringLiteral("son nom est trop long");
+    }
+    if (!folder.exists()) {
+        return QStringLiteral("son dossier est introuvable");
+    }
+    const bool closed = !folder.isWritable() || (wanted.exists() && !wanted.isWritable());
+    return closed || file.error() == QFileDevice::PermissionsError
+               ? QStringLiteral("l'accès est refusé")
+               : QStringLiteral("le disque est plein ou en panne");
+}
 
 void replaceFile(const QString &made, const QString &path) {
     const std::scoped_lock whole(halfWritten);
@@ -33,7 +43,7 @@ void replaceFile(const QString &made, const QString &path) {
     const QByteArray content = source.readAll();
     QSaveFile target(path);
     if (!target.open(QIODevice::WriteOnly) || target.write(content) != content.size() || !target.commit()) {
-        refuse(path, target);
+        refuse(target, path);
     }
 }
 
@@ -54,7 +64,7 @@ QString addFile(const QString &made, const QString &path) {
             return name;
         }
         if (!mine.exists()) {
-            refuse(name, mine);
+            refuse(mine, name);
         }
     }
 }

@@ -1,11 +1,15 @@
 #pragma once
 
+#include <QFileDevice>
 #include <QString>
 
 #include <mutex>
 
 /// Holds off the end of the program while a file is half written.
 extern std::mutex halfWritten;
+
+/// Why `path` could not be written through `file`: the end of a French sentence.
+QString reasonOf(const QFileDevice &file, const QString &path);
 
 /// Puts `made` in the place of `path`, whole or not at all: another program never sees a part of it. Throws
 /// WordError.
