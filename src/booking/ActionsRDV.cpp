@@ -65,6 +65,39 @@ void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
     emit rdvEcrit(apres);
 }
 
+void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens) {
+    const QTime fin = FinChangee({rdv.HeureDebut, rdv.HeureFin}, sens, place.Intervalle);
+    if (fin == rdv.HeureFin) {
+        return;
+    }
+    BilanEcriture bilan;
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        bilan = ChangeFin(base, rdv, fin, CLng(place.PraticienCourant), CLng(place.FauteuilCourant));
+    });
+    if (!ecrit) {
+        return;
+    }
+    RendezVous apres = rdv; // what is in the way may not be shown yet
+    switch (bilan.resultat) {
+    case Ecriture::Occupe:
+        m_env.messages->show(messagePasLibre, titrePasLibre);
+        break;
+    case Ecriture::Change:
+        m_env.messages->show(MessageModifie(rdv, bilan.actuel), titreModifie);
+        apres = {};
+        break;
+    case Ecriture::Disparu:
+        m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
+        apres = {};
+        break;
+    case Ecriture::Fait:
+        apres.HeureFin = fin;
+        break;
+    }
+    emit rdvEcrit(apres);
+}
+
 void ActionsRDV::reporte() {
     FrmJourMois(m_env.maintenant().date(), &m_fenetre).exec();
 }

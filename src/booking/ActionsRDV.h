@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/HorairesRDV.h"
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
 
@@ -21,6 +22,8 @@ class ActionsRDV : public QObject {
     void edite(const RendezVous &rdv, const PlaceRDV &place);
     void supprime(const RendezVous &rdv, const PlaceRDV &place);
     void marquePresent(const RendezVous &rdv, bool present);
+    /// Its end moves by one slot of `place`; where it cannot, nothing is written.
+    void changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens);
     void reporte();
 
   signals:

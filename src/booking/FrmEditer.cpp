@@ -36,8 +36,7 @@ void FrmEditer::BtnMettreAJour_Click() {
     }
     switch (bilan.resultat) {
     case Ecriture::Occupe:
-        m_env.messages->show(QStringLiteral("Le créneau choisit n'est pas libre!"),
-                             QStringLiteral("Message"));
+        m_env.messages->show(messagePasLibre, titrePasLibre);
         return;
     case Ecriture::Change: // what was typed stays, for the appointment as it is now
         m_env.messages->show(MessageModifie(m_rdv, bilan.actuel), titreModifie);

@@ -1,5 +1,7 @@
 #include "booking/HorairesRDV.h"
 
+#include <algorithm>
+
 HorairesRDV DeplaceHoraires(const HorairesRDV &horaires, Deplace quoi, Sens sens, int intervalle) {
     const auto &[debut, fin] = horaires;
     const int secondes = intervalle * 60;
@@ -24,4 +26,15 @@ HorairesRDV DeplaceHoraires(const HorairesRDV &horaires, Deplace quoi, Sens sens
     const int pas = versLeHaut ? secondes : -secondes;
     return {quoi == Deplace::Fin ? debut : debut.addSecs(pas),
             quoi == Deplace::Debut ? fin : fin.addSecs(pas)};
+}
+
+QTime FinChangee(const HorairesRDV &horaires, Sens sens, int intervalle) {
+    const auto minutes = [](QTime heure) { return QTime(0, 0).secsTo(heure) / 60; };
+    constexpr int derniereMinute = 24 * 60 - 1;
+    const int debut = minutes(horaires.debut);
+    const int fin = minutes(horaires.fin);
+    const int voulue = sens == Sens::PlusTard ? std::min(fin + intervalle, derniereMinute)
+                                              : std::max(fin - intervalle, debut + intervalle);
+    const bool change = sens == Sens::PlusTard ? voulue > fin : voulue < fin;
+    return change ? QTime(0, 0).addSecs(voulue * 60) : horaires.fin;
 }

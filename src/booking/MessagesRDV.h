@@ -12,3 +12,7 @@ inline const QString messageOccupe =
     QStringLiteral("Vous ne pouvez ajouter de rendez-vous à cet endroit.\n"
                    "Un rendez-vous s'y trouve déjà. Veuillez rafraichir l'affichage.");
 inline const QString titreOccupe = QStringLiteral("Horaire occupé");
+
+/// The same, of one that is changed.
+inline const QString messagePasLibre = QStringLiteral("Le créneau choisit n'est pas libre!");
+inline const QString titrePasLibre = QStringLiteral("Message");

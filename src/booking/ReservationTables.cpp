@@ -40,6 +40,27 @@ bool libreSauf(Database &rdv, qint64 ref, const SaisieRDV &saisie, long praticie
     return HoraireLibreSauf(duJour(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
 }
 
+/// Writes `champs` of an appointment whose place is that of `saisie`.
+BilanEcriture reecrit(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, const Fields &champs,
+                      long praticien, long fauteuil) {
+    const qint64 ref = avant.RefRDV;
+    Transaction transaction(rdv);
+    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+    if (!actuel) {
+        return {Ecriture::Disparu};
+    }
+    if (!memeSaisie(*actuel, avant)) {
+        return {Ecriture::Change, *actuel};
+    }
+    if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
+        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
+        return {Ecriture::Occupe};
+    }
+    rdv.update(tableRDV, cle, ref, champs);
+    transaction.commit();
+    return {};
+}
+
 } // namespace
 
 RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie) {
@@ -77,22 +98,15 @@ std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
 
 BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
                          long fauteuil) {
-    const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv);
-    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
-    if (!actuel) {
-        return {Ecriture::Disparu};
-    }
-    if (!memeSaisie(*actuel, avant)) {
-        return {Ecriture::Change, *actuel};
-    }
-    if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
-        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
-        return {Ecriture::Occupe};
-    }
-    rdv.update(tableRDV, cle, ref, champsDe(saisie));
-    transaction.commit();
-    return {};
+    return reecrit(rdv, avant, saisie, champsDe(saisie), praticien, fauteuil);
+}
+
+BilanEcriture ChangeFin(Database &rdv, const RendezVous &avant, QTime fin, long praticien, long fauteuil) {
+    SaisieRDV place;
+    place.Date1 = avant.Date1;
+    place.HeureDebut = avant.HeureDebut;
+    place.HeureFin = fin;
+    return reecrit(rdv, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien, fauteuil);
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {

@@ -51,6 +51,8 @@ struct BilanEcriture {
 /// as for `praticien` and `fauteuil`, the current ones. Changed meanwhile: in a field that is written here.
 BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
                          long fauteuil);
+/// The same for its end alone: nothing else is written.
+BilanEcriture ChangeFin(Database &rdv, const RendezVous &avant, QTime fin, long praticien, long fauteuil);
 /// Changed meanwhile: in any field.
 BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant);
 /// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.

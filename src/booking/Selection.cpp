@@ -224,6 +224,20 @@ Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins
     return selection;
 }
 
+Selection Etend(const Affichage &affichage, const Selection &avant, Sens sens) {
+    if (avant.vide() || avant.rdv) {
+        return avant;
+    }
+    const int premiere = avant.coins.premiereLigne();
+    const int fin = avant.coins.derniereLigne() + (sens == Sens::PlusTard ? 1 : -1);
+    if (fin < premiere || fin > derniereLigne(affichage.grilles[avant.grille])) {
+        return avant;
+    }
+    const Coins coins{premiere, avant.coins.colonne, fin, avant.coins.colonne};
+    const Selection etendue = analyse(affichage, avant.grille, coins, avant.jour, 0);
+    return etendue.rdv ? avant : etendue;
+}
+
 Selection Reprend(const Affichage &affichage, const Affichage &ancien, const Selection &avant) {
     if (avant.vide() || affichage.grilles.isEmpty()) {
         return {};

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/HorairesRDV.h"
 #include "grid/Affichage.h"
 #include "grid/PlaceRDV.h"
 
@@ -49,6 +50,10 @@ QDate JourDesCoins(const Affichage &affichage, int grille, const Coins &coins);
 /// hold several goes on to the next.
 Selection Selectionne(const Affichage &affichage, int grille, const Coins &coins, Geste geste,
                       const Selection &avant);
+
+/// The free selection `avant` with one row more or less at its end, at least one; itself where the grid ends
+/// or an appointment comes, and where an appointment is selected.
+Selection Etend(const Affichage &affichage, const Selection &avant, Sens sens);
 
 /// `avant`, made on `ancien`, on what is shown now: the same appointment or the same hours; elsewhere the
 /// same hours of the same weekday. An appointment that nobody clicked on is never selected: where one lies

@@ -8,14 +8,22 @@ namespace Ui {
 class FrmMois;
 }
 
-/// Picks a day in a month calendar; accepted, jour() is the day to go to.
+struct Environnement;
+
+/// Picks a day, in a month calendar or typed; accepted, jour() is the day to go to.
 class FrmMois : public QDialog {
     Q_OBJECT
   public:
-    FrmMois(QDate courant, QDate aujourdhui, QWidget *parent = nullptr);
+    /// What has the keyboard at first.
+    enum class Foyer { Calendrier, Date };
+
+    FrmMois(const Environnement &env, QDate courant, Foyer foyer, QWidget *parent = nullptr);
     ~FrmMois() override;
     QDate jour() const;
 
   private:
+    void BtnOK_Click();
+
     std::unique_ptr<Ui::FrmMois> ui;
+    const Environnement &m_env;
 };

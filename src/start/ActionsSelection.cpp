@@ -73,6 +73,14 @@ void ActionsSelection::mnuPresent_Click() {
     m_actions->marquePresent(rdv, !rdv.Present);
 }
 
+void ActionsSelection::changeDuree(Sens sens) {
+    if (const std::optional<RendezVous> rdv = m_carnet.selection().rdv) {
+        m_actions->changeDuree(*rdv, place(), sens);
+    } else {
+        m_carnet.etend(sens);
+    }
+}
+
 void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
     m_fenetre.activateWindow(); // two windows that close together leave some window managers with none active
     m_carnet.montreEcrit(rdv);

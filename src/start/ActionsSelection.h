@@ -15,10 +15,14 @@ class ActionsSelection : public QObject {
     void mnuEditer_Click();
     void mnuSupprimer_Click();
     void mnuPresent_Click();
+    void mnuAllonger_Click() { changeDuree(Sens::PlusTard); }
+    void mnuRaccourcir_Click() { changeDuree(Sens::PlusTot); }
 
   private:
     /// False when the selected appointment is not there any more, which is told.
     bool relitRDV(const QString &disparu, const QString &titre);
+    /// The end of the selected appointment, or of what is selected free, one slot on.
+    void changeDuree(Sens sens);
     PlaceRDV place() const { return PlaceDe(m_carnet.affichage(), m_carnet.selection()); }
     void rdvEcrit(const RendezVous &rdv);
 

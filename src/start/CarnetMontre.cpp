@@ -158,6 +158,11 @@ void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste) {
     prendSelection(Selectionne(m_affichage, grille, coins, geste, m_selection));
 }
 
+void CarnetMontre::etend(Sens sens) {
+    prendSelection(Etend(m_affichage, m_selection, sens));
+    emit selectionAMontrer();
+}
+
 bool CarnetMontre::selectionneRDV(qint64 RefRDV) {
     const Selection trouvee = SelectionneRDV(m_affichage, RefRDV);
     if (!trouvee.vide()) {

@@ -54,6 +54,8 @@ class CarnetMontre : public QObject {
     /// What the user selects. A click looks at the book first: a day that is not what is shown any more is
     /// shown again, and one that cannot be read leaves the selection where it is.
     void selectionne(int grille, const Coins &coins, Geste geste);
+    /// The free selection ends a row later or earlier; it stays where an appointment is in the way.
+    void etend(Sens sens);
     /// Selects an appointment, if it is shown.
     bool selectionneRDV(qint64 RefRDV);
     /// Goes where an appointment lies now and selects it: in the view that is shown, or in the other one

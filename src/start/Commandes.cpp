@@ -24,7 +24,7 @@ void Commandes::dessine(const CarnetMontre &carnet) {
             active(action, charge);
         }
     }
-    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRafraichir}) {
+    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuTouches, m_ui.mnuRafraichir}) {
         active(action, true);
     }
     active(m_ui.mnuPurger, ecrit && avecConfig);
@@ -33,6 +33,9 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     active(m_ui.mnuAjouter, ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));
     for (QAction *action : {m_ui.mnuEditer, m_ui.mnuSupprimer, m_ui.mnuPresent}) {
         active(action, ecrit && surRDV);
+    }
+    for (QAction *action : {m_ui.mnuAllonger, m_ui.mnuRaccourcir}) {
+        active(action, !selection.vide() && (ecrit || !surRDV));
     }
     active(m_ui.mnuLettre, surRDV);
     m_ui.mnuPresent->setChecked(surRDV && selection.rdv->Present);

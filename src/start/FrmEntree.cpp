@@ -2,7 +2,6 @@
 
 #include "ui_FrmEntree.h"
 
-#include "grid/FrmMois.h"
 #include "grid/Vues.h"
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
@@ -11,16 +10,17 @@
 #include "start/ActionsPatient.h"
 #include "start/ActionsSelection.h"
 #include "start/BarreEtat.h"
+#include "start/Clavier.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
 #include "start/FrmAPropos.h"
+#include "start/FrmTouches.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
 
 #include <QApplication>
 #include <QMenu>
 #include <QPushButton>
-#include <QShortcut>
 #include <QShowEvent>
 
 #include <functional>
@@ -52,7 +52,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_actions(new ActionsSelection(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
-      m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)),
+      m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
     Timer1.setObjectName(QStringLiteral("Timer1"));
@@ -97,6 +97,8 @@ void FrmEntree::relieMenus() {
     relieA(m_actions, ui->mnuEditer, &ActionsSelection::mnuEditer_Click);
     relieA(m_actions, ui->mnuSupprimer, &ActionsSelection::mnuSupprimer_Click);
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
+    relieA(m_actions, ui->mnuAllonger, &ActionsSelection::mnuAllonger_Click);
+    relieA(m_actions, ui->mnuRaccourcir, &ActionsSelection::mnuRaccourcir_Click);
     relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);
@@ -108,6 +110,7 @@ void FrmEntree::relieMenus() {
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
     m_commandes.relie(ui->mnusemaine, [this] { m_carnet.montreSemaine(); });
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
+    relie(ui->mnuAllerDate, &FrmEntree::mnuAllerDate_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
     relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
@@ -115,6 +118,7 @@ void FrmEntree::relieMenus() {
     relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);
     relieA(m_options, ui->menuSuppConfig, &ActionsOptions::menuSuppConfig_Click);
     relieA(m_options, ui->mnuPurger, &ActionsOptions::mnuPurger_Click);
+    relie(ui->mnuTouches, &FrmEntree::mnuTouches_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
 }
 
@@ -135,13 +139,15 @@ void FrmEntree::relieBoutons() {
 }
 
 void FrmEntree::relieClavier() {
-    const auto touche = [this](const QKeySequence &suite, auto operation) {
-        connect(new QShortcut(suite, this), &QShortcut::activated, this, operation);
+    const auto touche = [this](QAction *action, auto operation) {
+        connect(action, &QAction::triggered, this, operation);
     };
-    touche(Qt::Key_PageUp, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
-    touche(Qt::Key_PageDown, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
-    touche(Qt::Key_Home, [this] { m_carnet.vaAu(m_env.maintenant().date()); });
-    touche(Qt::Key_F5, [this] { BtnRafraichir_Click(); });
+    touche(ui->touchePrecedent,
+           [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
+    touche(ui->toucheSuivant, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
+    touche(ui->toucheAujourdhui, [this] { m_carnet.vaAu(m_env.maintenant().date()); });
+    touche(ui->toucheVolet, [this] { m_clavier->voletSuivant(1); });
+    touche(ui->toucheVoletPrecedent, [this] { m_clavier->voletSuivant(-1); });
 }
 
 // ---- Start-up
@@ -202,6 +208,7 @@ void FrmEntree::dessineMenus() {
     }
     BtnSemaine->setChecked(semaine);
     BtnJour->setChecked(!semaine);
+    m_clavier->dessine(m_carnet.affichage().demande.intervalleSansZoom > 0);
 }
 
 void FrmEntree::dessineLecture() {
@@ -262,8 +269,20 @@ void FrmEntree::mnuAPropos_Click() {
     FrmAPropos(m_menus->libelles(), this).exec();
 }
 
+void FrmEntree::mnuTouches_Click() {
+    FrmTouches(this).exec();
+}
+
 void FrmEntree::BtnMois_Click() {
-    FrmMois fenetre(m_carnet.jourCourant(), m_env.maintenant().date(), this);
+    vaAuJour(FrmMois::Foyer::Calendrier);
+}
+
+void FrmEntree::mnuAllerDate_Click() {
+    vaAuJour(FrmMois::Foyer::Date);
+}
+
+void FrmEntree::vaAuJour(FrmMois::Foyer foyer) {
+    FrmMois fenetre(m_env, m_carnet.jourCourant(), foyer, this);
     if (fenetre.exec() == QDialog::Accepted) {
         m_carnet.vaAu(fenetre.jour());
     }

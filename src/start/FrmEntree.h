@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/FrmMois.h"
 #include "platform/ui/FlexGrid.h"
 #include "start/CarnetMontre.h"
 #include "start/Commandes.h"
@@ -15,6 +16,7 @@ class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
 class BarreEtat;
+class Clavier;
 class MenusPraticien;
 class QPushButton;
 struct Depart;
@@ -63,7 +65,10 @@ class FrmEntree : public QMainWindow {
     void BtnRafraichir_Click();
     void mnuZoom_Click();
     void mnuAPropos_Click();
+    void mnuTouches_Click();
     void BtnMois_Click();
+    void mnuAllerDate_Click();
+    void vaAuJour(FrmMois::Foyer foyer);
     void Timer1_Timer();
 
     /// A dialog, a menu, a drag or a reading would lose what it works on.
@@ -79,6 +84,7 @@ class FrmEntree : public QMainWindow {
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;
     ActionsOptions *m_options;
+    Clavier *m_clavier;
     Surveillance *m_surveillance;
     QPushButton *BtnSemaine;
     QPushButton *BtnJour;

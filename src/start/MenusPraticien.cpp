@@ -1,6 +1,7 @@
 #include "start/MenusPraticien.h"
 
 #include "grid/Affichage.h"
+#include "start/Touches.h"
 
 #include <QMenu>
 
@@ -8,6 +9,24 @@ namespace {
 
 QString litteral(QString texte) {
     return texte.replace(u'&', QStringLiteral("&&"));
+}
+
+/// The digit and, on a French keyboard, what its key types without Shift.
+QList<QKeySequence> toucheDuRang(int rang) {
+    static const QStringList suites = SuitesDe("menuFaut");
+    static const QString sansMaj = QStringLiteral("&é\"'(-è_ç");
+    if (rang >= suites.size()) {
+        return {};
+    }
+    return {QKeySequence(suites[rang], QKeySequence::PortableText),
+            QKeySequence(QStringLiteral("Alt+") + sansMaj[rang], QKeySequence::PortableText)};
+}
+
+void pose(QAction &action, const QList<QKeySequence> &touches) {
+    if (action.shortcuts() != touches) {
+        action.setShortcuts(touches);
+        action.setAutoRepeat(false);
+    }
 }
 
 } // namespace
@@ -57,6 +76,17 @@ void MenusPraticien::dessine(const Affichage &affichage) {
         m_fauteuils[i]->setChecked(i == affichage.fauteuilCoche);
     }
     m_menuFaut.menuAction()->setVisible(affichage.AvecFauteuils());
+    poseTouches();
+}
+
+void MenusPraticien::poseTouches() {
+    const bool fauteuils = m_menuFaut.menuAction()->isVisible();
+    for (int i = 0; i < m_fauteuils.size(); ++i) {
+        pose(*m_fauteuils[i], fauteuils ? toucheDuRang(i) : QList<QKeySequence>());
+    }
+    for (int i = 0; i < m_docteurs.size(); ++i) {
+        pose(*m_docteurs[i], fauteuils ? QList<QKeySequence>() : toucheDuRang(i));
+    }
 }
 
 QString MenusPraticien::libelle(const QString &PraticienCourant) const {

@@ -30,6 +30,9 @@ class MenusPraticien : public QObject {
     void fauteuilChoisi(long fauteuil);
 
   private:
+    /// Alt and a digit choose among the chairs, or among the practitioners where there is no chair menu.
+    void poseTouches();
+
     QMenu &m_menuPraticien;
     QMenu &m_menuFaut;
     QList<Praticien> m_praticiens;

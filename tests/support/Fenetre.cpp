@@ -28,9 +28,9 @@ void Fenetre::fait(const QString &geste) {
         const auto &menu = objet<QMenu>(quoi == q("docteur") ? "mnuPraticien" : "menuFaut");
         menu.actions()[mots[1].toInt()]->trigger();
     } else if (quoi == q("touche") || quoi == q("maj")) {
-        const int touche = QKeySequence(mots[1])[0].key();
-        QTest::keyClick(&grille(m_cliquee), Qt::Key(touche),
-                        quoi == q("maj") ? Qt::ShiftModifier : Qt::NoModifier);
+        const QKeyCombination touche = QKeySequence(mots[1], QKeySequence::PortableText)[0];
+        QTest::keyClick(&grille(m_cliquee), touche.key(),
+                        touche.keyboardModifiers() | (quoi == q("maj") ? Qt::ShiftModifier : Qt::NoModifier));
     } else {
         m_cliquee = mots.value(2).toInt();
         FlexGrid &vue = grille(m_cliquee);
@@ -80,6 +80,8 @@ void Fenetre::pendant(const char *geste, const std::function<void(QWidget &)> &d
     });
     fait(q(geste));
     EXPECT_TRUE(vu) << "no dialog";
+    fenetre->activateWindow(); // as a window manager does, and this screen has none
+    waitUntil([this] { return fenetre->isActiveWindow(); });
 }
 
 int Fenetre::tique() const {

@@ -201,9 +201,26 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
             emit opened(false);
         }
         break;
+    case Qt::Key_Menu:
+        emit contextMenuAsked(menuPosition());
+        break;
+    case Qt::Key_F10:
+        if (extend) {
+            emit contextMenuAsked(menuPosition());
+            break;
+        }
+        [[fallthrough]];
     default:
         event->ignore(); // shortcuts and the window's own keys
     }
+}
+
+QPoint FlexGrid::menuPosition() const {
+    const QRect inside = viewport()->rect();
+    const QRect under =
+        m_outline ? visualRect(m_cells.index(m_outline->rowSel, m_outline->colSel)).intersected(inside)
+                  : QRect();
+    return viewport()->mapToGlobal(under.isEmpty() ? inside.center() : under.bottomLeft());
 }
 
 void FlexGrid::moveBy(int rows, int cols, bool extend) {

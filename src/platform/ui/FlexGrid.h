@@ -74,6 +74,8 @@ class FlexGrid : public QTableView {
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;
     bool isOutlined(const QModelIndex &index) const { return selectionModel()->isSelected(index); }
+    /// Where a menu that was asked for by a key comes up: under what is outlined.
+    QPoint menuPosition() const;
     void moveBy(int rows, int cols, bool extend);
 
     FlexGridModel m_cells;

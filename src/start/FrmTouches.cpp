@@ -1,0 +1,22 @@
+#include "start/FrmTouches.h"
+
+#include "ui_FrmTouches.h"
+
+#include "start/Touches.h"
+
+FrmTouches::FrmTouches(QWidget *parent) : QDialog(parent), ui(std::make_unique<Ui::FrmTouches>()) {
+    ui->setupUi(this);
+    connect(ui->BtnOK, &QPushButton::clicked, this, &QDialog::accept);
+    QTableWidget &table = *ui->ListeTouches;
+    table.setRowCount(int(Touches().size()));
+    for (int i = 0; i < table.rowCount(); ++i) {
+        table.setItem(i, 0, new QTableWidgetItem(LibelleTouche(Touches()[i])));
+        table.setItem(i, 1, new QTableWidgetItem(QString::fromUtf8(Touches()[i].texte)));
+    }
+    table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 4);
+    table.resizeColumnsToContents();
+    table.horizontalHeader()->setStretchLastSection(true);
+    ui->BtnOK->setFocus();
+}
+
+FrmTouches::~FrmTouches() = default;

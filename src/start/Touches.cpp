@@ -1,0 +1,88 @@
+#include "start/Touches.h"
+
+#include <utility>
+
+namespace {
+
+QString enFrancais(const QString &suite) {
+    static const QList<std::pair<QString, QString>> noms{
+        {QStringLiteral("Shift"), QStringLiteral("Maj")},
+        {QStringLiteral("Return"), QStringLiteral("Entrée")},
+        {QStringLiteral("Del"), QStringLiteral("Suppr")},
+        {QStringLiteral("PgUp"), QStringLiteral("Page préc.")},
+        {QStringLiteral("PgDown"), QStringLiteral("Page suiv.")},
+        {QStringLiteral("Home"), QStringLiteral("Début")},
+        {QStringLiteral("Left"), QStringLiteral("←")},
+        {QStringLiteral("Right"), QStringLiteral("→")},
+        {QStringLiteral("Up"), QStringLiteral("↑")},
+        {QStringLiteral("Down"), QStringLiteral("↓")},
+    };
+    QString texte = suite;
+    for (const auto &[nom, francais] : noms) {
+        texte.replace(nom, francais);
+    }
+    return texte;
+}
+
+} // namespace
+
+const QList<Touche> &Touches() {
+    using enum PorteeTouche;
+    static const QList<Touche> touches{
+        {"Left Right Up Down", Grille, "choisir ; un rendez-vous est pris entier"},
+        {"Shift+Up Shift+Down", Grille, "étendre le choix"},
+        {"Return", Grille, "ajouter au créneau choisi, ou éditer le rendez-vous choisi"},
+        {"Ctrl+N", Fenetre, "ajouter un rendez-vous au créneau choisi", "mnuAjouter"},
+        {"P", Grille, "présent, ou non", "mnuPresent"},
+        {"Del", Fenetre, "supprimer le rendez-vous, après confirmation", "mnuSupprimer"},
+        {"+ =", Grille, "allonger d'un créneau le rendez-vous, ou le choix libre", "mnuAllonger"},
+        {"-", Grille, "raccourcir d'un créneau", "mnuRaccourcir"},
+        {"Shift+F10 Menu", Grille, "menu de ce qui est choisi"},
+        {"Ctrl+F", Fenetre, "chercher les rendez-vous d'un patient", "mnurechercher"},
+        {"Ctrl+L", Fenetre, "chercher un créneau libre", "mnuRDVlibre"},
+        {"Ctrl+H", Fenetre, "historique du patient", "menuAllerHisto"},
+        {"Ctrl+P", Fenetre, "imprimer la feuille d'un jour", "mnuImprimer"},
+        {"PgUp", Fenetre, "semaine ou jour d'avant", "touchePrecedent", true},
+        {"PgDown", Fenetre, "semaine ou jour d'après", "toucheSuivant", true},
+        {"Home", Fenetre, "aujourd'hui", "toucheAujourdhui"},
+        {"Ctrl+S", Fenetre, "par semaine", "mnusemaine"},
+        {"Ctrl+J", Fenetre, "par jour", "mnuJour"},
+        {"Ctrl+G", Fenetre, "aller à une date", "mnuAllerDate"},
+        {"Alt+1 Alt+2 Alt+3 Alt+4 Alt+5 Alt+6 Alt+7 Alt+8 Alt+9", Fenetre,
+         "fauteuil, dans l'ordre du menu ; sans fauteuils, praticien", "menuFaut"},
+        {"Ctrl++ Ctrl+=", Fenetre, "zoom (ou Ctrl+molette)", "mnuZoom"},
+        {"Ctrl+-", Fenetre, "fin du zoom", "mnuZoom"},
+        {"F5", Fenetre, "relire le carnet", "mnuRafraichir"},
+        {"F6", Fenetre, "volet suivant", "toucheVolet", true},
+        {"Shift+F6", Fenetre, "volet précédent", "toucheVoletPrecedent", true},
+        {"F1", Fenetre, "cette page", "mnuTouches"},
+        {"Ctrl+Q", Fenetre, "quitter", "mnuquitter"},
+    };
+    return touches;
+}
+
+QStringList SuitesDe(const Touche &touche) {
+    return QString::fromLatin1(touche.suites).split(u' ');
+}
+
+QStringList SuitesDe(const char *action, int rang) {
+    for (const Touche &touche : Touches()) {
+        if (qstrcmp(touche.action, action) == 0 && rang-- == 0) {
+            return SuitesDe(touche);
+        }
+    }
+    return {};
+}
+
+QString LibelleTouche(const Touche &touche) {
+    constexpr int toutes = 4; // more are a series, of which the first and the last say enough
+    const QStringList suites = SuitesDe(touche);
+    if (suites.size() > toutes) {
+        return enFrancais(suites.first()) + QStringLiteral(" … ") + enFrancais(suites.last());
+    }
+    QStringList noms;
+    for (const QString &suite : suites) {
+        noms << enFrancais(suite);
+    }
+    return noms.join(QStringLiteral(" ou "));
+}
