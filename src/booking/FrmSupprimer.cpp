@@ -23,6 +23,7 @@ FrmSupprimer::FrmSupprimer(const Environnement &env, const RendezVous &rdv, cons
     ui->setupUi(this);
     connect(ui->BtnOK, &QPushButton::clicked, this, &FrmSupprimer::BtnOK_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
+    ui->BtnAnnuler->setFocus(); // a key too many must not delete
     montre(*ui->Label3, rdv.Nom);
     montre(*ui->Label4, rdv.Prenom);
     ui->Label17->setText(DatesFr::jourComplet(rdv.Date1));

@@ -84,5 +84,5 @@ QString LibelleTouche(const Touche &touche) {
     for (const QString &suite : suites) {
         noms << enFrancais(suite);
     }
-    return noms.join(QStringLiteral(" ou "));
+    return noms.join(QStringLiteral(", "));
 }

@@ -22,5 +22,5 @@ QStringList SuitesDe(const Touche &touche);
 /// The keys of an action; of one that has several rows, those of the row `rang`.
 QStringList SuitesDe(const char *action, int rang = 0);
 
-/// The keys of a row as a French keyboard names them: "Maj+F10 ou Menu", "Alt+1 … Alt+9".
+/// The keys of a row as a French keyboard names them: "Maj+F10, Menu", "Alt+1 … Alt+9".
 QString LibelleTouche(const Touche &touche);

@@ -132,7 +132,7 @@ TEST(Programme, PurgesThePractice) {
     presse("alt+o p");
     ASSERT_TRUE(programme.fenetre(" Purger"));
     tape("9/3/2026");
-    presse("Return");
+    presse("alt+s"); // Enter would cancel
     ASSERT_TRUE(programme.fenetre("Enregistrer sous ..."));
     tape("avant mars");
     presse("Return");
