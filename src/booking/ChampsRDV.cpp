@@ -9,6 +9,9 @@
 #include "schedule/TrancheHoraire.h"
 #include "ui_ChampsRDV.h"
 
+#include <QKeyEvent>
+#include <utility>
+
 namespace {
 
 // Widths of the book's columns, characters.
@@ -51,6 +54,7 @@ void ChampsRDV::relieHoraires() {
         connect(fleche, &UpDown::downClicked, this, [this, quoi = quoi] { deplace(quoi, Sens::PlusTot); });
     }
     for (QLineEdit *champ : {ui->TextHeureDebut, ui->TextHeureFin}) {
+        champ->installEventFilter(this);
         connect(champ, &QLineEdit::editingFinished, this, [champ] {
             if (const auto heure = LitHeure(champ->text())) {
                 champ->setText(DatesFr::heure(*heure));
@@ -61,6 +65,7 @@ void ChampsRDV::relieHoraires() {
 
 void ChampsRDV::relieListe() {
     connect(ui->recherchePatient, &RecherchePatient::patientParcouru, this, &ChampsRDV::parcourt);
+    connect(ui->recherchePatient, &RecherchePatient::patientPerdu, this, &ChampsRDV::rendPatient);
     connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this,
             [this](const PatientTrouve &patient) {
                 parcourt(patient); // the fields may have been typed over since the row was highlighted
@@ -96,6 +101,7 @@ void ChampsRDV::montreHoraires(const HorairesRDV &horaires) {
 
 void ChampsRDV::montrePatient(const QString &nom, const QString &prenom, const QString &numero) {
     ui->recherchePatient->oublieChoix();
+    m_avantRecherche.reset();
     nomme(nom, prenom, numero);
 }
 
@@ -157,12 +163,39 @@ void ChampsRDV::deplace(Deplace quoi, Sens sens) {
     }
 }
 
+/// Up and Down in an hour press its arrow; with Ctrl, that of both.
+bool ChampsRDV::eventFilter(QObject *objet, QEvent *evenement) {
+    if (evenement->type() == QEvent::KeyPress) {
+        const auto &touche = static_cast<QKeyEvent &>(*evenement);
+        if (touche.key() == Qt::Key_Up || touche.key() == Qt::Key_Down) {
+            const Deplace une = objet == ui->TextHeureDebut ? Deplace::Debut : Deplace::Fin;
+            deplace(touche.modifiers().testFlag(Qt::ControlModifier) ? Deplace::LesDeux : une,
+                    touche.key() == Qt::Key_Up ? Sens::PlusTard : Sens::PlusTot);
+            return true;
+        }
+    }
+    return QWidget::eventFilter(objet, evenement);
+}
+
 void ChampsRDV::parcourt(const PatientTrouve &patient) {
+    if (!m_avantRecherche) {
+        m_avantRecherche = PatientTrouve{ui->Text1->text(), ui->Text2->text(), ui->txtNumPatient->text(), {}};
+    }
     nomme(patient.nom, patient.prenom, patient.numero);
     emit patientChange();
 }
 
+/// Nobody is booked whom a search has left behind.
+void ChampsRDV::rendPatient() {
+    if (const auto avant = std::exchange(m_avantRecherche, std::nullopt)) {
+        colore(CouleurPatient::ParDefaut);
+        nomme(avant->nom, avant->prenom, avant->numero);
+        emit patientRendu(*avant);
+    }
+}
+
 void ChampsRDV::retireNumero() {
+    m_avantRecherche.reset();
     ui->recherchePatient->oublieChoix(); // Enter there must not book whom the fields no longer name
     metNumero(QStringLiteral("0"));
     colore(CouleurPatient::ParDefaut);

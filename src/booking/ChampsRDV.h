@@ -46,8 +46,13 @@ class ChampsRDV : public QWidget {
   signals:
     /// The user names another patient: typed, highlighted or emptied.
     void patientChange();
+    /// The search finds nobody: the fields name again whom they named before it.
+    void patientRendu(const PatientTrouve &patient);
     /// The highlighted patient was chosen; the fields name him.
     void patientChoisi(NonHonore drapeau);
+
+  protected:
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
 
   private:
     void relieHoraires();
@@ -56,6 +61,7 @@ class ChampsRDV : public QWidget {
     void deplace(Deplace quoi, Sens sens);
     void nomme(const QString &nom, const QString &prenom, const QString &numero);
     void parcourt(const PatientTrouve &patient);
+    void rendPatient();
     void colore(CouleurPatient couleur);
     void retireNumero();
     void metNumero(const QString &numero);
@@ -68,4 +74,5 @@ class ChampsRDV : public QWidget {
     Usage m_usage = Usage::Ajout;
     SaisieRDV m_montree; ///< texts as they were shown: what nobody touches is written back as it was
     NonHonore m_drapeau;
+    std::optional<PatientTrouve> m_avantRecherche; ///< whom the fields named before a search filled them
 };

@@ -18,6 +18,10 @@ FrmAjouter::FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget 
     ui->champs->utilise(env, place.Intervalle, ChampsRDV::Usage::Ajout);
     ui->champs->setFocus();
     connect(ui->champs, &ChampsRDV::patientChange, this, [this] { m_numTransmis = 0; });
+    connect(ui->champs, &ChampsRDV::patientRendu, this, [this](const PatientTrouve &patient) {
+        const Transmis rendu{CLng(patient.numero), patient.nom, patient.prenom};
+        m_numTransmis = m_transmis == rendu ? CLng(patient.numero) : 0;
+    });
     connect(ui->champs, &ChampsRDV::patientChoisi, this, &FrmAjouter::choisit);
     connect(ui->Check1, &QCheckBox::toggled, this, &FrmAjouter::Check1_Click);
     connect(ui->NouveauPatient, &QPushButton::clicked, this, &FrmAjouter::NouveauPatient_Click);

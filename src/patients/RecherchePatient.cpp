@@ -55,6 +55,12 @@ void creeIndexACote(const Environnement &env) {
     });
 }
 
+/// Without its accent: the keyboard's E finds Élodie.
+QChar initialeDe(const QString &texte) {
+    const QString base = texte.trimmed().left(1).normalized(QString::NormalizationForm_D);
+    return base.isEmpty() ? QChar() : base[0].toLower();
+}
+
 PatientTrouve sansBlancs(const PatientTrouve &trouve) {
     return {trouve.nom.trimmed(), trouve.prenom.trimmed(), trouve.numero.trimmed(),
             trouve.dateNais.trimmed()};
@@ -139,6 +145,11 @@ void RecherchePatient::TxtPatient_Change() {
         lit([&](Database &base) { trouves = CherchePatients(base, critere); });
     }
     montre(trouves);
+    if (ui->Grille1->model()->rowCount() > 0) {
+        ui->Grille1->selectRow(0);
+    } else {
+        emit patientPerdu();
+    }
 }
 
 void RecherchePatient::TxtPatient1_Change() {
@@ -175,6 +186,10 @@ bool RecherchePatient::eventFilter(QObject *objet, QEvent *evenement) {
         toucheEntree(objet);
         return true;
     }
+    const QChar avant = std::exchange(m_initiale, QChar());
+    if (objet == ui->Grille1 && toucheListe(touche, avant)) {
+        return true;
+    }
     return toucheFleche(touche, objet) || QWidget::eventFilter(objet, evenement);
 }
 
@@ -188,10 +203,47 @@ bool RecherchePatient::toucheFleche(QKeyEvent &touche, const QObject *controle) 
         return true;
     }
     if (controle != ui->Grille1) {
+        ui->Grille1->setFocus();
         QCoreApplication::sendEvent(ui->Grille1, &touche);
         return true;
     }
     return false;
+}
+
+bool RecherchePatient::toucheListe(const QKeyEvent &touche, QChar avant) {
+    if (touche.key() == Qt::Key_Backspace) {
+        ui->TxtPatient->setFocus();
+        ui->TxtPatient->backspace();
+        return true;
+    }
+    const QChar initiale = initialeDe(touche.text());
+    if (!initiale.isLetter() || (touche.modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier))) {
+        return false;
+    }
+    m_initiale = initiale;
+    vaAuPrenom(initiale, ligneChoisie().row() + (initiale == avant ? 1 : 0));
+    return true;
+}
+
+void RecherchePatient::vaAuPrenom(QChar initiale, int depuis) {
+    const auto va = [&](int premiere, int fin) {
+        for (int ligne = premiere; ligne < fin; ++ligne) {
+            if (initialeDe(m_liste.patient(ligne).prenom) == initiale) {
+                ui->Grille1->selectRow(ligne);
+                return true;
+            }
+        }
+        return false;
+    };
+    int lues = std::max(depuis, 0);
+    while (!va(lues, m_liste.rowCount())) {
+        lues = m_liste.rowCount();
+        if (!m_liste.canFetchMore({})) {
+            va(0, std::min(depuis, lues)); // round
+            return;
+        }
+        m_liste.fetchMore({});
+    }
 }
 
 void RecherchePatient::toucheEntree(const QObject *controle) {

@@ -11,8 +11,8 @@ class RecherchePatient;
 struct Environnement;
 
 /// The patient lookup of a dialog: a search field that lists at every keystroke, an entry field that waits
-/// for Enter, and the list. Promoted in the dialog's .ui; the dialog hands it the environment, and goes on
-/// from the pick.
+/// for Enter, and the list, whose first row is highlighted as soon as it is shown. Promoted in the dialog's
+/// .ui; the dialog hands it the environment, and goes on from the pick.
 class RecherchePatient : public QWidget {
     Q_OBJECT
   public:
@@ -27,8 +27,10 @@ class RecherchePatient : public QWidget {
 
   signals:
     // The patients' texts are trimmed.
-    /// A row was walked to: it is the one that the list highlights.
+    /// A row was walked to, or is the first of a new list: it is the one that the list highlights.
     void patientParcouru(const PatientTrouve &patient);
+    /// A new list holds nobody.
+    void patientPerdu();
     /// A row was clicked, or Enter pressed on the highlighted one.
     void patientChoisi(const PatientTrouve &patient);
 
@@ -46,10 +48,14 @@ class RecherchePatient : public QWidget {
     /// Reads the patient file. What fails is told once, not again at every keystroke.
     void lit(const std::function<void(Database &)> &lecture);
     bool toucheFleche(QKeyEvent &touche, const QObject *controle);
+    /// In the list: a letter goes to the next first name with it, Backspace back to the search.
+    bool toucheListe(const QKeyEvent &touche, QChar avant);
+    void vaAuPrenom(QChar initiale, int depuis);
     void toucheEntree(const QObject *controle);
 
     std::unique_ptr<Ui::RecherchePatient> ui;
     ListePatients m_liste;
     const Environnement *m_env = nullptr;
     QString m_erreurDite;
+    QChar m_initiale; ///< the letter pressed last, as long as no other key comes: again, it goes on
 };

@@ -8,19 +8,25 @@
 #include "schedule/TrancheHoraire.h"
 #include "search/FrmResultatRech.h"
 
+#include <utility>
+
 FrmRecherche::FrmRecherche(const Environnement &env, const QString &nom, const QString &prenom,
                            QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmRecherche>()), m_env(env) {
     ui->setupUi(this);
     ui->DTPicker1->setReader(LitDate, premiereDate, derniereDate);
     connect(ui->recherchePatient, &RecherchePatient::patientParcouru, this, &FrmRecherche::montrePatient);
+    connect(ui->recherchePatient, &RecherchePatient::patientPerdu, this, &FrmRecherche::rendPatient);
     connect(ui->recherchePatient, &RecherchePatient::patientChoisi, this,
             [this](const PatientTrouve &patient) {
                 montrePatient(patient);
                 BtnOK_Click();
             });
     for (const QLineEdit *champ : {ui->Text1, ui->Text2}) {
-        connect(champ, &QLineEdit::textEdited, ui->recherchePatient, &RecherchePatient::oublieChoix);
+        connect(champ, &QLineEdit::textEdited, this, [this] {
+            m_avantRecherche.clear();
+            ui->recherchePatient->oublieChoix();
+        });
     }
     connect(ui->BtnOK, &QPushButton::clicked, this, &FrmRecherche::BtnOK_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
@@ -41,8 +47,19 @@ FrmRecherche::~FrmRecherche() = default;
 
 void FrmRecherche::montrePatient(const PatientTrouve &patient) {
     const Sablier sablier;
+    if (m_avantRecherche.isEmpty()) {
+        m_avantRecherche = QStringList{ui->Text1->text(), ui->Text2->text()};
+    }
     ui->Text1->setText(patient.nom);
     ui->Text2->setText(patient.prenom);
+}
+
+/// The search finds nobody: it names again whom it named before.
+void FrmRecherche::rendPatient() {
+    if (const QStringList avant = std::exchange(m_avantRecherche, {}); !avant.isEmpty()) {
+        ui->Text1->setText(avant[0]);
+        ui->Text2->setText(avant[1]);
+    }
 }
 
 void FrmRecherche::BtnOK_Click() {

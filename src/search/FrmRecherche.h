@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QStringList>
 #include <memory>
 #include <optional>
 
@@ -23,9 +24,12 @@ class FrmRecherche : public QDialog {
 
   private:
     void montrePatient(const PatientTrouve &patient);
+    void rendPatient();
     void BtnOK_Click();
 
     std::unique_ptr<Ui::FrmRecherche> ui;
     const Environnement &m_env;
     std::optional<qint64> m_choisi;
+    QStringList
+        m_avantRecherche; ///< name and first name before a search filled them, empty as long as none did
 };

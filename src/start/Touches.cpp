@@ -9,6 +9,7 @@ QString enFrancais(const QString &suite) {
         {QStringLiteral("Shift"), QStringLiteral("Maj")},
         {QStringLiteral("Return"), QStringLiteral("Entrée")},
         {QStringLiteral("Del"), QStringLiteral("Suppr")},
+        {QStringLiteral("Backspace"), QStringLiteral("Retour arrière")},
         {QStringLiteral("PgUp"), QStringLiteral("Page préc.")},
         {QStringLiteral("PgDown"), QStringLiteral("Page suiv.")},
         {QStringLiteral("Home"), QStringLiteral("Début")},
@@ -57,6 +58,14 @@ const QList<Touche> &Touches() {
         {"Shift+F6", Fenetre, "volet précédent", "toucheVoletPrecedent", true},
         {"F1", Fenetre, "cette page", "mnuTouches"},
         {"Ctrl+Q", Fenetre, "quitter", "mnuquitter"},
+        {"Return", RendezVous, "rendez-vous, patient trouvé : c'est lui que l'on réserve"},
+        {"Down", RendezVous, "rendez-vous, recherche : dans la liste des patients"},
+        {"A B C D E F G H I J K L M N O P Q R S T U V W X Y Z", RendezVous,
+         "rendez-vous, liste : le prochain prénom qui commence ainsi"},
+        {"Backspace", RendezVous, "rendez-vous, liste : retour à la recherche"},
+        {"Up Down", RendezVous, "rendez-vous, une heure : un créneau plus tard, plus tôt"},
+        {"Ctrl+Up Ctrl+Down", RendezVous, "rendez-vous, une heure : les deux à la fois"},
+        {"Alt+Down", RendezVous, "une date : le calendrier"},
     };
     return touches;
 }

@@ -91,6 +91,8 @@ TEST_F(FenetresRDV, AddingWritesWhatTheFieldsSay) {
         {">BtnAjouter", "SUITE|Ana||Bilan (TO 15)|99"},
         {"Text1=ROUX;Text3=02;>BtnAjouter", "ROUX|Ana|02||0"},
         {"+zola;Text2=Eve;!;>BtnAjouter", "ZOLA|Eve|||0"},
+        {"+zola;+zolax;!;>BtnAjouter", "SUITE|Ana||Bilan (TO 15)|99"},
+        {"+zysman;Text1=ROUX;+qqq;>BtnAjouter", "ROUX|Luc|||0"},
         {"+zola;!", "ZOLA|Eva|||7"},
         {"Text3=0123456789 0123456789 0;+zola;!", "ZOLA|Eva|0123456789 012345678||7"}};
     transmet("SUITE", 99);
@@ -119,6 +121,7 @@ TEST_F(FenetresRDV, EditingRewritesWhatWasTouched) {
                      {">BtnInit;Text1=A;txtNumPatient=42", q("A||||42") + matin},
                      {"DTPicker1=2/12/26;TextHeureDebut=9h15;TextHeureFin=945",
                       long60 + suite + q("|2026-12-02|09:15:00|09:45:00|20261202")},
+                     {"+zysman;+qqq", long60 + suite + matin},
                      {"^UpDown2;^UpDown2;^UpDown1;_UpDown3",
                       long60 + suite + q("|2026-03-11|09:00:00|09:45:00|20260311")}};
     for (const auto &c : cas) {
@@ -216,6 +219,19 @@ TEST_F(FenetresRDV, TabGoesWhereTheEyeGoes) {
         QTest::keyClick(f.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(vus.join(u' '), attendu);
+}
+
+TEST_F(FenetresRDV, UpAndDownMoveTheHours) {
+    FrmAjouter f(env, place);
+    const auto heures = [&](const char *champ, Qt::Key touche, Qt::KeyboardModifiers avec = {}) {
+        QTest::keyClick(&controle<QLineEdit>(f, q(champ)), touche, avec);
+        return texte(f, "TextHeureDebut") + u' ' + texte(f, "TextHeureFin");
+    };
+    EXPECT_EQ(heures("TextHeureFin", Qt::Key_Up), q("10:00 10:45"));
+    EXPECT_EQ(heures("TextHeureDebut", Qt::Key_Up), q("10:15 10:45"));
+    EXPECT_EQ(heures("TextHeureDebut", Qt::Key_Up, Qt::ControlModifier), q("10:30 11:00"));
+    EXPECT_EQ(heures("TextHeureFin", Qt::Key_Down, Qt::ControlModifier), q("10:15 10:45"));
+    EXPECT_EQ(heures("TextHeureDebut", Qt::Key_Down), q("10:00 10:45"));
 }
 
 TEST_F(FenetresRDV, ADoubleClickBooksOnceAndReachesNothingElse) {

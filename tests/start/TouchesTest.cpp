@@ -48,7 +48,7 @@ TEST_F(TouchesTest, TheReadmeHasTheListAndTheListTheActions) {
     for (const Touche &touche : Touches()) {
         const QStringList suites = SuitesDe(touche);
         listees << (suites.size() > 4 ? suites.first() + q(" … ") + suites.last() : suites.join(u' '));
-        vues << suites;
+        vues << (touche.portee == PorteeTouche::RendezVous ? QStringList() : suites);
         const auto *action = fenetre->findChild<QAction *>(q(touche.action));
         EXPECT_TRUE(touche.action[0] == '\0' || q(touche.action) == q("menuFaut") ||
                     q(touche.action) == q("mnuZoom") ||

@@ -19,7 +19,7 @@ inline QString texte(const QWidget &fenetre, const char *champ) {
 
 /// Works in a window, gestures parted by ";": "Text1=ROUX" pastes over and leaves the field, ">BtnOK"
 /// presses,
-/// "^UpDown1" and "_UpDown1" are its two arrows, "+zola" walks to the first patient of that name, "!" picks.
+/// "^UpDown1" and "_UpDown1" are its two arrows, "+zola" looks a name up, whose first patient is highlighted, "!" picks.
 inline void joue(const QWidget &fenetre, const QString &gestes) {
     for (const QString &geste : gestes.split(u';')) {
         const QString quoi = geste.mid(1);
@@ -30,7 +30,6 @@ inline void joue(const QWidget &fenetre, const QString &gestes) {
             controle<QAbstractButton>(controle<UpDown>(fenetre, quoi), sens).click();
         } else if (geste[0] == u'+') {
             controle<QLineEdit>(fenetre, q("TxtPatient")).setText(quoi);
-            QTest::keyClick(&controle<QLineEdit>(fenetre, q("TxtPatient")), Qt::Key_Down);
         } else if (geste[0] == u'!') {
             QTest::keyClick(&controle<QLineEdit>(fenetre, q("TxtPatient")), Qt::Key_Return);
         } else {
