@@ -94,9 +94,10 @@ class Fenetres:
         self.prog.frappe("Control_L", "a")
         self.prog.frappe("Delete")
         self.prog.tape(texte)
-        if nom == "TxtPatient" and self.h.random() < 0.5:
-            for _ in range(self.h.randrange(1, 4)):
-                self.prog.frappe("Down")
+        if nom == "TxtPatient":
+            for _ in range(self.h.choice((0, 0, 1, 2, 3))):
+                self.prog.frappe(self.h.choice(("Down", "Down", "m")) if "Down" in self.fait else "Down")
+                self.dit("Down")
             self.suite = self.surligne
         if nom in ("Text1", "Text2") and self.etat.dessus in SAISIE and texte.strip():
             self.suite = lambda *_: ["un autre nom garde le numéro " + self.etat.texte("txtNumPatient")] * (
@@ -107,8 +108,10 @@ class Fenetres:
 
     def surligne(self, *_):
         liste, textes = self.etat.grille("Grille1", self.etat.dessus), self.etat.textes()
-        if not liste or not liste["selection"] or self.etat.dessus not in SAISIE:
+        if not liste or self.etat.dessus not in SAISIE:
             return []
+        if not liste["selection"]:
+            return ["une liste, et personne de choisi"] * bool(liste["cellules"])
         ligne = [propre(c[0]) for c in liste["cellules"][liste["selection"][0]]][:3]
         montre = [textes[n] for n in ("Text1", "Text2", "txtNumPatient")]
         return [] if montre == ligne else [f"patient surligné {ligne}, champs {montre}"]
@@ -215,7 +218,7 @@ class Fenetres:
             return "une autre ligne, ou une ligne changée depuis qu'elle a été vue"
         if apres != (None if quoi == "supprime" else avant | champs) or (quoi == "ajoute") != (not ancienne):
             return "autre chose que ce qui était demandé"
-        if quoi in ("ajoute", "edite") and self.genes(False, ref):
+        if quoi in ("ajoute", "edite", "duree") and self.genes(False, ref):
             return f"par-dessus {self.genes(False, ref)}"
         fiche = apres and self.patients.get(apres["NumPatient"])
         if fiche and (propre(fiche["nom"]), propre(fiche["PreNom"])) != (apres["Nom"], apres["Prenom"]):

@@ -12,6 +12,7 @@ import traceback
 from dataclasses import replace
 
 import cabinet
+from clavier import Clavier
 from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
@@ -24,7 +25,7 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Papier, Gestes, Fenetres):
+class Promenade(Papier, Gestes, Clavier, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
