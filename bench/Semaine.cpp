@@ -5,6 +5,7 @@
 #include "booking/FrmAjouter.h"
 #include "grid/AffichageTables.h"
 #include "grid/GrilleSemaine.h"
+#include "grid/RendezVousTables.h"
 #include "platform/db/DateInverse.h"
 #include "platform/ui/FlexGrid.h"
 #include "start/Demarrage.h"
@@ -13,6 +14,8 @@
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+
+#include <algorithm>
 
 namespace {
 
@@ -145,6 +148,28 @@ Paire changementSemaine() {
             }};
 }
 
+/// How full the days of a month are, read and reckoned for both chairs as the strip of the day view shows it.
+Paire bandeauMois() {
+    const auto carnet = std::make_shared<Carnet>();
+    const Configuration config = carnet->lit().grilles.first().config;
+    Configuration autre = config;
+    autre.FauteuilCourant += u'2';
+    return {[=](auto &chiffres) {
+        QList<int> taux;
+        const double duree = millisecondes([&] {
+            Database base = carnet->env.ouvreCarnet();
+            const QList<TempsPris> pris =
+                TempsDuMois(base, carnet->demande.jour, carnet->demande.numPraticien());
+            chiffres["rendez-vous"] = double(pris.size());
+            taux = Remplissage(carnet->demande.jour, {config, autre}, true, pris);
+        });
+        if (std::ranges::count_if(taux, [](int jour) { return jour > 0; }) < 10) {
+            throw MesureImpossible(QStringLiteral("le mois est vide"));
+        }
+        return duree;
+    }};
+}
+
 /// A press on one appointment of a full week, then on another.
 Paire selection() {
     const auto carnet = std::make_shared<Carnet>();
@@ -211,6 +236,7 @@ std::vector<Mesure> mesuresSemaine() {
              .prepare = changementSemaine,
              .rapportMax = 1.3,
              .valeurMax = 20},
+            {.nom = "bandeau_mois", .repetitions = 101, .prepare = bandeauMois, .valeurMax = 10},
             {.nom = "selection", .repetitions = 201, .prepare = selection, .valeurMax = 2},
             {.nom = "ajout", .repetitions = 31, .prepare = ajout, .valeurMax = 40}};
 }

@@ -40,6 +40,8 @@ struct Affichage {
     int fauteuilCoche = -1;     ///< place in `configs` of the ticked chair
     QList<Grille> grilles;      ///< one in the week view, two in the day view
     QDateTime lu;
+    /// Of each day of the month, as Remplissage() gives it; the day view's alone.
+    QList<int> remplissage = {};
 
     bool ConfigExiste() const { return !configs.isEmpty(); }
     /// One of the chairs is not 0: the day view shows two chairs, and there is a chair menu.

@@ -106,6 +106,20 @@ QList<RendezVous> rendezVous(Database &carnet, const Affichage &affichage, const
     return RendezVousEntre(carnet, premier, dernier, praticien, CLng(grille.config.FauteuilCourant));
 }
 
+/// Morning and afternoon are one configuration, and count once.
+void litRemplissage(Database &carnet, Affichage &affichage) {
+    const bool parFauteuil = affichage.AvecFauteuils();
+    QList<Configuration> configs;
+    for (const Grille &grille : affichage.grilles) {
+        if (grille.tracable() && (parFauteuil || configs.isEmpty())) {
+            configs << grille.config;
+        }
+    }
+    const QDate jour = affichage.demande.jour;
+    affichage.remplissage =
+        Remplissage(jour, configs, parFauteuil, TempsDuMois(carnet, jour, affichage.demande.numPraticien()));
+}
+
 } // namespace
 
 Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime &maintenant) {
@@ -127,6 +141,9 @@ Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime
         if (grille.tracable()) {
             grille.rendezVous = rendezVous(carnet, affichage, grille, premier, dernier);
         }
+    }
+    if (!demande.VueSemaine) {
+        litRemplissage(carnet, affichage);
     }
     return affichage;
 }

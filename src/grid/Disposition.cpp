@@ -1,5 +1,9 @@
 #include "grid/Disposition.h"
 
+#include "schedule/Creneaux.h"
+
+#include <algorithm>
+
 namespace {
 
 constexpr int bandeSousGrille = 1200;
@@ -47,4 +51,17 @@ LargeursColonnes LargeursSemaine(int largeurGrille, int colonnes) {
 LargeursColonnes LargeursJour(int largeurGrille) {
     const int partagee = largeurGrille - ascenseur;
     return partagee < 0 ? LargeursColonnes{} : LargeursColonnes{partagee / 6, partagee * 5 / 6};
+}
+
+std::array<EchelleGrille, 2> EchellesJour(const Creneaux &premier, const Creneaux &second) {
+    const QTime debut = std::min(premier.debut, second.debut);
+    const auto jusqua = [debut](const Creneaux &c) {
+        return Minutes(debut, c.debut) + (c.lignes() - 1) * c.intervalle;
+    };
+    const int total = std::max(jusqua(premier), jusqua(second));
+    const int pasMin = std::min(premier.intervalle, second.intervalle);
+    const auto echelle = [&](const Creneaux &c) {
+        return EchelleGrille{Minutes(debut, c.debut), c.intervalle, total, pasMin};
+    };
+    return {echelle(premier), echelle(second)};
 }

@@ -1,6 +1,9 @@
 #pragma once
 
+#include <array>
 #include <optional>
+
+struct Creneaux;
 
 /// Where everything of the main window stands, in twips, from the window's top left inner corner.
 struct Rectangle {
@@ -40,3 +43,14 @@ struct LargeursColonnes {
 LargeursColonnes LargeursSemaine(int largeurGrille, int colonnes);
 /// A day grid: one hour column and one appointment column.
 LargeursColonnes LargeursJour(int largeurGrille);
+
+/// How two chairs share one scale of time, in minutes from the earlier start to the later end.
+struct EchelleGrille {
+    int avant = 0; ///< from the earlier start to this grid's
+    int pas = 1;
+    int total = 1; ///< closing rows included
+    int pasMin = 1;
+
+    friend bool operator==(const EchelleGrille &, const EchelleGrille &) = default;
+};
+std::array<EchelleGrille, 2> EchellesJour(const Creneaux &premier, const Creneaux &second);

@@ -8,6 +8,7 @@
 
 #include <QGuiApplication>
 #include <QPalette>
+#include <QScrollBar>
 
 namespace {
 
@@ -21,7 +22,37 @@ void ecritEtiquette(FlexCell &cellule, const QString &texte) {
 
 } // namespace
 
+GrillesJour::GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env)
+    : m_grilles{&GrilleRDV02, &GrilleRDV03}, m_images(env) {
+    for (const auto &[une, autre] : {std::pair(&GrilleRDV02, &GrilleRDV03), {&GrilleRDV03, &GrilleRDV02}}) {
+        QScrollBar *suit = autre->verticalScrollBar();
+        QObject::connect(une->verticalScrollBar(), &QScrollBar::valueChanged, suit,
+                         [grille = une, suit](int valeur) {
+                             if (grille->hasTimeScale()) {
+                                 suit->setValue(valeur);
+                             }
+                         });
+    }
+}
+
+void GrillesJour::metAEchelle(const Affichage &affichage) {
+    const Grille &premiere = affichage.grilles[0];
+    const Grille &seconde = affichage.grilles[1];
+    if (!affichage.AvecFauteuils() || !premiere.tracable() || !seconde.tracable()) {
+        for (FlexGrid *vue : m_grilles) {
+            vue->setTimeScale(std::nullopt);
+        }
+        return;
+    }
+    const std::array<EchelleGrille, 2> echelles = EchellesJour(premiere.creneaux, seconde.creneaux);
+    for (size_t i = 0; i < m_grilles.size(); ++i) {
+        const auto &[avant, pas, total, pasMin] = echelles[i];
+        m_grilles[i]->setTimeScale(FlexGrid::TimeScale{avant, pas, total, pasMin});
+    }
+}
+
 void GrillesJour::dessine(const Affichage &affichage) {
+    metAEchelle(affichage);
     for (size_t i = 0; i < m_grilles.size(); ++i) {
         dessineGrille(*m_grilles[i], affichage.grilles[int(i)], affichage);
     }
@@ -36,7 +67,11 @@ void GrillesJour::dessineGrille(FlexGrid &vue, const Grille &grille, const Affic
     ecritEtiquette(cellules.at(0, 1), DatesFr::enteteJourLong(affichage.demande.jour) +
                                           QStringLiteral("       ") + grille.entete);
     for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
-        ecritEtiquette(cellules.at(ligne, 0), DatesFr::heure(grille.creneaux.heure(ligne)));
+        FlexCell &heure = cellules.at(ligne, 0);
+        ecritEtiquette(heure, DatesFr::heure(grille.creneaux.heure(ligne)));
+        if (vue.hasTimeScale()) { // rows of different heights: the hour is where it begins
+            heure.alignment = Qt::AlignHCenter | Qt::AlignTop;
+        }
     }
     for (const RendezVous &rdv : grille.rendezVous) {
         AfficheFourchette(cellules, grille.creneaux, rdv, 1, m_images, affichage.lu);

@@ -11,8 +11,7 @@ class FlexGrid;
 /// morning and the afternoon.
 class GrillesJour {
   public:
-    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env)
-        : m_grilles{&GrilleRDV02, &GrilleRDV03}, m_images(env) {}
+    GrillesJour(FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env);
 
     /// Draws the day. A grid that cannot be drawn has its header only and says why.
     void dessine(const Affichage &affichage);
@@ -22,6 +21,8 @@ class GrillesJour {
     void montreHeureCourante(const Affichage &affichage);
 
   private:
+    /// One scale of time for two chairs, whatever their slots.
+    void metAEchelle(const Affichage &affichage);
     void dessineGrille(FlexGrid &vue, const Grille &grille, const Affichage &affichage);
 
     std::array<FlexGrid *, 2> m_grilles;

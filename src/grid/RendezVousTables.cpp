@@ -64,6 +64,23 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
     return liste;
 }
 
+QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien) {
+    const QDate premier(jour.year(), jour.month(), 1);
+    const QDate dernier = premier.addDays(jour.daysInMonth() - 1);
+    QList<TempsPris> pris;
+    rdv.forEach(SqlText("Select Date1, Fauteuil, HeureDebut, HeureFin from RDV Where DateInv >= ")
+                    << texte(InverseDate(premier)) << " AND DateInv<= " << texte(InverseDate(dernier))
+                    << duPraticien(praticien, std::nullopt),
+                [&](const RowView &r) {
+                    const TempsPris temps{r.date(0), long(r.integer(1)), {r.time(2), r.time(3)}};
+                    const bool lisible = temps.plage.debut.isValid() && temps.plage.fin.isValid();
+                    if (lisible && temps.jour >= premier && temps.jour <= dernier) {
+                        pris.append(temps);
+                    }
+                });
+    return pris;
+}
+
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
     const QList<RendezVous> lus = rendezVousOu(rdv, SqlText("RefRDV = ") << nombre(ref));
     return lus.isEmpty() ? std::nullopt : std::optional(lus.first());

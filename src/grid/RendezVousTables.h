@@ -1,5 +1,6 @@
 #pragma once
 
+#include "grid/Remplissage.h"
 #include "grid/RendezVous.h"
 #include "platform/db/Database.h"
 
@@ -10,6 +11,10 @@
 /// `premier` to `dernier`: by day, start and RefRDV.
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
                                   std::optional<long> fauteuil);
+
+/// What the practitioner's appointments take of the month of `jour`, by the days that their keys name: a
+/// hint, for which the few rows that lie elsewhere are not looked for.
+QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien);
 
 /// The appointment of that key, nothing when it is gone.
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref);

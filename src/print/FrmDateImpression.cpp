@@ -20,6 +20,7 @@ FrmDateImpression::FrmDateImpression(const Environnement &env, long praticien, l
     : QDialog(parent), ui(std::make_unique<Ui::FrmDateImpression>()), m_env(env), m_praticien(praticien),
       m_fauteuil(fauteuil), m_libelle(std::move(libelle)) {
     ui->setupUi(this);
+    ui->DateJour->setFocus();
     ui->DateJour->setReader(LitDate, premiereDate, derniereDate);
     ui->DateJour->setSpelling(DatesFr::courte);
     connect(ui->Moins, &QPushButton::clicked, this, [this] { decale(-1); });

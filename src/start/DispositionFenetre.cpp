@@ -56,6 +56,11 @@ bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur) {
     for (const auto &[controle, place] : places) {
         controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
     }
+    const int bandeau = ui.BandeauMois1->sizeHint().height();
+    ui.BandeauMois1->setGeometry(0, 0, largeur, bandeau);
+    for (QWidget *jour : {ui.GrilleRDV02, ui.GrilleRDV03}) { // the strip is above them
+        jour->setGeometry(jour->geometry().adjusted(0, std::min(bandeau, jour->height()), 0, 0));
+    }
     return true;
 }
 
@@ -66,8 +71,8 @@ void MontreVue(const Ui::FrmEntree &ui, bool semaine) {
          QList<QWidget *>{ui.GrilleRDV, ui.Frame1, ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant}) {
         w->setVisible(semaine);
     }
-    for (QWidget *w : QList<QWidget *>{ui.GrilleRDV02, ui.GrilleRDV03, ui.Frame4, ui.BtnPrecedent2,
-                                       ui.BtnAujourdhui2, ui.BtnSuivant2}) {
+    for (QWidget *w : QList<QWidget *>{ui.BandeauMois1, ui.GrilleRDV02, ui.GrilleRDV03, ui.Frame4,
+                                       ui.BtnPrecedent2, ui.BtnAujourdhui2, ui.BtnSuivant2}) {
         w->setVisible(!semaine);
     }
     if (change) { // a redraw leaves the focus where it is

@@ -133,6 +133,7 @@ void FrmEntree::relieBoutons() {
     connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
     connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { m_carnet.decale(1); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
+    connect(ui->BandeauMois1, &BandeauMois::jourChoisi, &m_carnet, &CarnetMontre::vaAu);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
@@ -181,6 +182,7 @@ void FrmEntree::dessine() {
     setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
     m_etat->montrePraticien(libelle);
     m_vues->dessine(affichage);
+    ui->BandeauMois1->dessine(affichage);
     MontreVue(*ui, affichage.demande.VueSemaine);
     dessineLecture();
     dessineSelection();

@@ -1,6 +1,7 @@
 #include "grid/Disposition.h"
 #include "grid/Fourchette.h"
 #include "grid/Navigation.h"
+#include "schedule/Creneaux.h"
 #include "support/Livre.h"
 
 #include <gtest/gtest.h>
@@ -47,4 +48,12 @@ TEST(Navigation, StaysInTheBookAndComesBackFromTheZoom) {
     EXPECT_EQ(BasculeZoom(15, sansZoom), 5);
     EXPECT_EQ(BasculeZoom(5, sansZoom), 15);
     EXPECT_EQ(BasculeZoom(5, sansZoom), 5) << "a book of 5 minutes has nothing to come back to";
+}
+
+TEST(Disposition, TwoChairsShareOneScale) {
+    const Creneaux quarts{QTime(8, 0), QTime(12, 0), 15};
+    const Creneaux tiers{QTime(9, 30), QTime(12, 10), 20};
+    const auto [une, autre] = EchellesJour(quarts, tiers);
+    EXPECT_EQ(une, (EchelleGrille{0, 15, 270, 15})) << "12:10 and a closing row of 20 minutes";
+    EXPECT_EQ(autre, (EchelleGrille{90, 20, 270, 15}));
 }

@@ -11,6 +11,8 @@
 #include "grid/FrmMois.h"
 #include "maintenance/FrmPurger.h"
 #include "patients/FrmNouveauPatient.h"
+#include "print/FrmDateImpression.h"
+#include "print/ListingAbsent.h"
 #include "search/FrmRDVlibre.h"
 #include "search/FrmRecherche.h"
 #include "search/FrmResultatRech.h"
@@ -58,6 +60,8 @@ class ToutesFenetres : public testing::Test, public Fenetre {
         ouvre<FrmRDVlibre>(env, q("01"), config);
         ouvre<FrmRecherche>(env, q("ROUX"), q("Zoé"));
         ouvre<FrmResultatRech>(env, CritereRDV{q("ROUX"), q("Zoé"), place.jour}, trouves);
+        ouvre<FrmDateImpression>(env, 1L, 1L, q("docteur UN"));
+        ouvre<ListingAbsent>(env, q("01"));
         ouvre<FrmAPropos>(QStringList{q("docteur UN")});
         ouvre<FrmQuit>();
         ouvre<FrmTouches>();

@@ -8,6 +8,7 @@
 #include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QToolTip>
 
 #include <algorithm>
@@ -111,7 +112,35 @@ int FlexGrid::leastRowHeight() const {
     return fontMetrics().height() + 4;
 }
 
+void FlexGrid::setTimeScale(const std::optional<TimeScale> &scale) {
+    m_scale = scale;
+    setVerticalScrollMode(scale ? QAbstractItemView::ScrollPerPixel : QAbstractItemView::ScrollPerItem);
+}
+
+/// Above the first row of a grid that begins later than its neighbour, row 0 keeps the place free.
+void FlexGrid::fitRowsToScale() {
+    const int least = leastRowHeight();
+    const double pixels = std::clamp(viewport()->height() / double(m_scale->whole),
+                                     least / double(m_scale->leastStep), 2.0 * least / m_scale->leastStep);
+    const auto top = [pixels](int minutes) { return qRound(minutes * pixels); };
+    const int last = m_cells.rows() - 1;
+    setRowHidden(0, m_scale->before == 0);
+    if (m_scale->before > 0) {
+        verticalHeader()->resizeSection(0, top(m_scale->before));
+    }
+    for (int row = 1; row <= last; ++row) {
+        const int from = m_scale->before + (row - 1) * m_scale->step;
+        const int to = row == last ? m_scale->whole : from + m_scale->step;
+        verticalHeader()->resizeSection(row, top(to) - top(from));
+    }
+    verticalScrollBar()->setSingleStep(least);
+}
+
 void FlexGrid::fitRows() {
+    if (m_scale && m_cells.rows() > 1) {
+        fitRowsToScale();
+        return;
+    }
     const int rowsBelowHeader = std::max(m_cells.rows() - 1, 1);
     const int least = leastRowHeight();
     verticalHeader()->setDefaultSectionSize(

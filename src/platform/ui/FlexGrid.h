@@ -21,6 +21,13 @@ class FlexGrid : public QTableView {
         friend bool operator==(const Corners &, const Corners &) = default;
     };
     enum class Gesture { Press, RightPress, Drag, Key };
+    /// A scale of time that several grids share, in minutes.
+    struct TimeScale {
+        int before = 0;    ///< from the scale's beginning to the first row
+        int step = 1;      ///< what a row lasts
+        int whole = 1;     ///< the scale's length; the last row reaches to its end
+        int leastStep = 1; ///< the shortest step among the grids
+    };
 
     explicit FlexGrid(QWidget *parent = nullptr);
 
@@ -34,6 +41,10 @@ class FlexGrid : public QTableView {
     void setOutlineToolTip(const QString &text) { m_toolTip = text; }
     /// Said in the middle of a grid that has no rows to show.
     void setPlaceholder(const QString &text) { setAccessibleDescription(text); }
+    /// From the next drawing on, rows are as high as they last: grids of one scale and one height show an
+    /// hour at the same height. None: rows share the height.
+    void setTimeScale(const std::optional<TimeScale> &scale);
+    bool hasTimeScale() const { return m_scale.has_value(); }
     /// The cells that the arrow keys reach: columns and rows as x and y.
     void setSelectableArea(const QRect &cells) { m_selectable = cells; }
 
@@ -69,6 +80,7 @@ class FlexGrid : public QTableView {
     void afterReset();
     /// Rows share the height, between the least that their text needs and twice that.
     void fitRows();
+    void fitRowsToScale();
     void settleRows();
     void paintFrame();
     /// The cell under `position` of the viewport; outside, the nearest one.
@@ -80,6 +92,7 @@ class FlexGrid : public QTableView {
 
     FlexGridModel m_cells;
     std::optional<Corners> m_outline;
+    std::optional<TimeScale> m_scale;
     QPoint m_anchor;      ///< column and row where the drag began
     QPoint m_lastDragged; ///< and where it is: a move within a cell asks for nothing
     bool m_dragging = false;

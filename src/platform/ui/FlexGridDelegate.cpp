@@ -63,6 +63,10 @@ void paintFlexCell(QPainter &painter, const QRect &rect, const FlexCell &cell, c
 
 void FlexGridDelegate::paint(QPainter *painter, const QStyleOptionViewItem &option,
                              const QModelIndex &index) const {
+    if (index.row() == 0) { // the header shows it
+        painter->fillRect(option.rect, option.palette.color(QPalette::Window));
+        return;
+    }
     const auto *model = static_cast<const FlexGridModel *>(index.model());
     paintFlexCell(*painter, option.rect, model->cell(index.row(), index.column()), option.palette,
                   option.state.testFlag(QStyle::State_Selected));
