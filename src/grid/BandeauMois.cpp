@@ -54,11 +54,17 @@ class JourDuBandeau : public QAbstractButton {
     bool m_choisi = false;
 };
 
+namespace {
+
+constexpr int ecart = 2; // pixels between the days and around them
+
+} // namespace
+
 BandeauMois::BandeauMois(QWidget *parent) : QWidget(parent) {
     setAccessibleName(QStringLiteral("Jours du mois"));
     auto *rangee = new QHBoxLayout(this);
-    rangee->setContentsMargins(2, 2, 2, 2);
-    rangee->setSpacing(2);
+    rangee->setContentsMargins(ecart, ecart, ecart, ecart);
+    rangee->setSpacing(ecart);
     constexpr int auPlus = 31;
     for (int i = 0; i < auPlus; ++i) {
         m_jours << new JourDuBandeau(this);
@@ -66,6 +72,10 @@ BandeauMois::BandeauMois(QWidget *parent) : QWidget(parent) {
         connect(m_jours[i], &QAbstractButton::clicked, this,
                 [this, i] { emit jourChoisi(m_premier.addDays(i)); });
     }
+}
+
+QSize BandeauMois::sizeHint() const {
+    return {1, m_jours.first()->sizeHint().height() + 2 * ecart};
 }
 
 void BandeauMois::dessine(const Affichage &affichage) {

@@ -13,6 +13,8 @@ class BandeauMois : public QWidget {
     explicit BandeauMois(QWidget *parent = nullptr);
 
     void dessine(const Affichage &affichage);
+    /// Also before a month is shown.
+    QSize sizeHint() const override;
 
   signals:
     void jourChoisi(QDate jour);

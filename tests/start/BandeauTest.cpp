@@ -31,6 +31,7 @@ class BandeauTest : public testing::Test, public Fenetre {
 } // namespace
 
 TEST_F(BandeauTest, SaysHowFullTheDaysAreAndGoesThere) {
+    EXPECT_GT(jour(11).height(), fenetre->fontMetrics().height());
     EXPECT_EQ(jour(11).accessibleName(),
               q("mercredi 11 mars, rempli à 40 pour cent")); // 360 of 880 minutes
     EXPECT_EQ(jour(10).accessibleName(), q("mardi 10 mars, rempli à 0 pour cent"));
