@@ -9,9 +9,10 @@ FrmTouches::FrmTouches(QWidget *parent) : QDialog(parent), ui(std::make_unique<U
     connect(ui->BtnOK, &QPushButton::clicked, this, &QDialog::accept);
     QTableWidget &table = *ui->ListeTouches;
     table.setRowCount(int(Touches().size()));
-    for (int i = 0; i < table.rowCount(); ++i) {
-        table.setItem(i, 0, new QTableWidgetItem(LibelleTouche(Touches()[i])));
-        table.setItem(i, 1, new QTableWidgetItem(QString::fromUtf8(Touches()[i].texte)));
+    int ligne = 0;
+    for (const Touche &touche : Touches()) {
+        table.setItem(ligne, 0, new QTableWidgetItem(LibelleTouche(touche)));
+        table.setItem(ligne++, 1, new QTableWidgetItem(QString::fromUtf8(touche.texte)));
     }
     table.verticalHeader()->setDefaultSectionSize(table.fontMetrics().height() + 4);
     table.resizeColumnsToContents();

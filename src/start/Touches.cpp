@@ -25,48 +25,50 @@ QString enFrancais(const QString &suite) {
     return texte;
 }
 
+using enum PorteeTouche;
+
+constexpr Touche touches[] = {
+    {"Left Right Up Down", Grille, "choisir ; un rendez-vous est pris entier"},
+    {"Shift+Up Shift+Down", Grille, "étendre le choix"},
+    {"Return", Grille, "ajouter au créneau choisi, ou éditer le rendez-vous choisi"},
+    {"Ctrl+N", Fenetre, "ajouter un rendez-vous au créneau choisi", "mnuAjouter"},
+    {"P", Grille, "présent, ou non", "mnuPresent"},
+    {"Del", Fenetre, "supprimer le rendez-vous, après confirmation", "mnuSupprimer"},
+    {"+ =", Grille, "allonger d'un créneau le rendez-vous, ou le choix libre", "mnuAllonger"},
+    {"-", Grille, "raccourcir d'un créneau", "mnuRaccourcir"},
+    {"Shift+F10 Menu", Grille, "menu de ce qui est choisi"},
+    {"Ctrl+F", Fenetre, "chercher les rendez-vous d'un patient", "mnurechercher"},
+    {"Ctrl+L", Fenetre, "chercher un créneau libre", "mnuRDVlibre"},
+    {"Ctrl+H", Fenetre, "historique du patient", "menuAllerHisto"},
+    {"Ctrl+P", Fenetre, "imprimer la feuille d'un jour", "mnuImprimer"},
+    {"PgUp", Fenetre, "semaine ou jour d'avant", "touchePrecedent", true},
+    {"PgDown", Fenetre, "semaine ou jour d'après", "toucheSuivant", true},
+    {"Home", Fenetre, "aujourd'hui", "toucheAujourdhui"},
+    {"Ctrl+S", Fenetre, "par semaine", "mnusemaine"},
+    {"Ctrl+J", Fenetre, "par jour", "mnuJour"},
+    {"Ctrl+G", Fenetre, "aller à une date", "mnuAllerDate"},
+    {"Alt+1 Alt+2 Alt+3 Alt+4 Alt+5 Alt+6 Alt+7 Alt+8 Alt+9", Fenetre,
+     "fauteuil, dans l'ordre du menu ; sans fauteuils, praticien", "menuFaut"},
+    {"Ctrl++ Ctrl+=", Fenetre, "zoom (ou Ctrl+molette)", "mnuZoom"},
+    {"Ctrl+-", Fenetre, "fin du zoom", "mnuZoom"},
+    {"F5", Fenetre, "relire le carnet", "mnuRafraichir"},
+    {"F6", Fenetre, "volet suivant", "toucheVolet", true},
+    {"Shift+F6", Fenetre, "volet précédent", "toucheVoletPrecedent", true},
+    {"F1", Fenetre, "cette page", "mnuTouches"},
+    {"Ctrl+Q", Fenetre, "quitter", "mnuquitter"},
+    {"Return", RendezVous, "rendez-vous, patient trouvé : c'est lui que l'on réserve"},
+    {"Down", RendezVous, "rendez-vous, recherche : dans la liste des patients"},
+    {"A B C D E F G H I J K L M N O P Q R S T U V W X Y Z", RendezVous,
+     "rendez-vous, liste : le prochain prénom qui commence ainsi"},
+    {"Backspace", RendezVous, "rendez-vous, liste : retour à la recherche"},
+    {"Up Down", RendezVous, "rendez-vous, une heure : un créneau plus tard, plus tôt"},
+    {"Ctrl+Up Ctrl+Down", RendezVous, "rendez-vous, une heure : les deux à la fois"},
+    {"Alt+Down", RendezVous, "une date : le calendrier"},
+};
+
 } // namespace
 
-const QList<Touche> &Touches() {
-    using enum PorteeTouche;
-    static const QList<Touche> touches{
-        {"Left Right Up Down", Grille, "choisir ; un rendez-vous est pris entier"},
-        {"Shift+Up Shift+Down", Grille, "étendre le choix"},
-        {"Return", Grille, "ajouter au créneau choisi, ou éditer le rendez-vous choisi"},
-        {"Ctrl+N", Fenetre, "ajouter un rendez-vous au créneau choisi", "mnuAjouter"},
-        {"P", Grille, "présent, ou non", "mnuPresent"},
-        {"Del", Fenetre, "supprimer le rendez-vous, après confirmation", "mnuSupprimer"},
-        {"+ =", Grille, "allonger d'un créneau le rendez-vous, ou le choix libre", "mnuAllonger"},
-        {"-", Grille, "raccourcir d'un créneau", "mnuRaccourcir"},
-        {"Shift+F10 Menu", Grille, "menu de ce qui est choisi"},
-        {"Ctrl+F", Fenetre, "chercher les rendez-vous d'un patient", "mnurechercher"},
-        {"Ctrl+L", Fenetre, "chercher un créneau libre", "mnuRDVlibre"},
-        {"Ctrl+H", Fenetre, "historique du patient", "menuAllerHisto"},
-        {"Ctrl+P", Fenetre, "imprimer la feuille d'un jour", "mnuImprimer"},
-        {"PgUp", Fenetre, "semaine ou jour d'avant", "touchePrecedent", true},
-        {"PgDown", Fenetre, "semaine ou jour d'après", "toucheSuivant", true},
-        {"Home", Fenetre, "aujourd'hui", "toucheAujourdhui"},
-        {"Ctrl+S", Fenetre, "par semaine", "mnusemaine"},
-        {"Ctrl+J", Fenetre, "par jour", "mnuJour"},
-        {"Ctrl+G", Fenetre, "aller à une date", "mnuAllerDate"},
-        {"Alt+1 Alt+2 Alt+3 Alt+4 Alt+5 Alt+6 Alt+7 Alt+8 Alt+9", Fenetre,
-         "fauteuil, dans l'ordre du menu ; sans fauteuils, praticien", "menuFaut"},
-        {"Ctrl++ Ctrl+=", Fenetre, "zoom (ou Ctrl+molette)", "mnuZoom"},
-        {"Ctrl+-", Fenetre, "fin du zoom", "mnuZoom"},
-        {"F5", Fenetre, "relire le carnet", "mnuRafraichir"},
-        {"F6", Fenetre, "volet suivant", "toucheVolet", true},
-        {"Shift+F6", Fenetre, "volet précédent", "toucheVoletPrecedent", true},
-        {"F1", Fenetre, "cette page", "mnuTouches"},
-        {"Ctrl+Q", Fenetre, "quitter", "mnuquitter"},
-        {"Return", RendezVous, "rendez-vous, patient trouvé : c'est lui que l'on réserve"},
-        {"Down", RendezVous, "rendez-vous, recherche : dans la liste des patients"},
-        {"A B C D E F G H I J K L M N O P Q R S T U V W X Y Z", RendezVous,
-         "rendez-vous, liste : le prochain prénom qui commence ainsi"},
-        {"Backspace", RendezVous, "rendez-vous, liste : retour à la recherche"},
-        {"Up Down", RendezVous, "rendez-vous, une heure : un créneau plus tard, plus tôt"},
-        {"Ctrl+Up Ctrl+Down", RendezVous, "rendez-vous, une heure : les deux à la fois"},
-        {"Alt+Down", RendezVous, "une date : le calendrier"},
-    };
+std::span<const Touche> Touches() {
     return touches;
 }
 

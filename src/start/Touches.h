@@ -1,7 +1,7 @@
 #pragma once
 
-#include <QList>
 #include <QStringList>
+#include <span>
 
 /// Where a key works: wherever the main window has the keyboard, in its grids alone, or in the windows of an
 /// appointment.
@@ -17,7 +17,7 @@ struct Touche {
 };
 
 /// Every key, in the order of the page that shows them. The shortcuts of menus and grids are made from it.
-const QList<Touche> &Touches();
+std::span<const Touche> Touches();
 QStringList SuitesDe(const Touche &touche);
 /// The keys of an action; of one that has several rows, those of the row `rang`.
 QStringList SuitesDe(const char *action, int rang = 0);

@@ -93,7 +93,7 @@ TEST_F(TouchesTest, KeysGoWhereTheirMenusGo) {
         objet<QMenu>("mnupatient").close();
     }
     pendant("touche F1", [](QWidget &page) {
-        EXPECT_EQ(controle<QTableWidget>(page, q("ListeTouches")).rowCount(), Touches().size());
+        EXPECT_EQ(controle<QTableWidget>(page, q("ListeTouches")).rowCount(), int(Touches().size()));
     });
     pendant("touche Ctrl+G", [](QWidget &mois) {
         EXPECT_EQ(mois.focusWidget()->objectName(), q("DTPicker1"));
