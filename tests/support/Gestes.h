@@ -19,7 +19,8 @@ inline QString texte(const QWidget &fenetre, const char *champ) {
 
 /// Works in a window, gestures parted by ";": "Text1=ROUX" pastes over and leaves the field, ">BtnOK"
 /// presses,
-/// "^UpDown1" and "_UpDown1" are its two arrows, "+zola" looks a name up, whose first patient is highlighted, "!" picks.
+/// "^UpDown1" and "_UpDown1" are its two arrows, "+zola" looks a name up, whose first patient is highlighted,
+/// "!" picks.
 inline void joue(const QWidget &fenetre, const QString &gestes) {
     for (const QString &geste : gestes.split(u';')) {
         const QString quoi = geste.mid(1);
