@@ -177,7 +177,7 @@ TEST_F(ComptesTest, FromTheFreeSlotToTheRow) {
         const Records rows = carnet.query(SqlText("select * from RDV order by RefRDV"));
         ASSERT_EQ(rows.count(), i + 1);
         const auto champ = [&](const char *nom) {
-            return rows.at(i, rows.fields().indexOf(q(nom))).toText();
+            return rows.at(i, int(rows.fields().indexOf(q(nom)))).toText();
         };
         EXPECT_EQ(champ("Nom") + champ("Prenom") + champ("NumPatient"),
                   patient.nom + patient.prenom + patient.numero);

@@ -37,11 +37,12 @@ class ToutesFenetres : public testing::Test, public Fenetre {
         livre.config({.nom = "Cabinet2", .fauteuil = 2, .defaut = false});
         const Environnement &env = cabinet.environnement();
         const PlaceRDV place{q("01"), q("1"), QDate(2026, 3, 11), {QTime(9, 0), QTime(10, 0)}, 15, 1};
-        const RendezVous rdv{.RefRDV = livre.rdv(),
-                             .Nom = q("ROUX"),
-                             .Date1 = place.jour,
-                             .HeureDebut = place.horaire.debut,
-                             .HeureFin = place.horaire.fin};
+        RendezVous rdv;
+        rdv.RefRDV = livre.rdv();
+        rdv.Nom = q("ROUX");
+        rdv.Date1 = place.jour;
+        rdv.HeureDebut = place.horaire.debut;
+        rdv.HeureFin = place.horaire.fin;
         const Configuration config = configDe();
         const RDVsTrouves trouves{{{1, place.jour, place.horaire.debut, place.horaire.fin}}, 0};
         ouvre<FrmAjouter>(env, place);
