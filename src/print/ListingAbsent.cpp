@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QHeaderView>
+#include <QScreen>
 #include <QShortcut>
 
 namespace {
@@ -26,9 +27,11 @@ ListingAbsent::ListingAbsent(const Environnement &env, const QString &PraticienC
     : QDialog(parent), ui(std::make_unique<Ui::ListingAbsent>()), m_env(env) {
     ui->setupUi(this);
     ui->txtdatedebut->setReader(LitDate, premiereDate, derniereDate);
+    ui->txtdatedebut->setSpelling(DatesFr::courte);
     ui->txtdatedebut->setDate(env.maintenant().date());
     ui->LblBilan->setForegroundRole(QPalette::PlaceholderText);
     remplitChoix(PraticienCourant);
+    resize(size().boundedTo(screen()->availableSize() * 9 / 10)); // its frame is to be seen, too
     connect(ui->cmbChoixPrat, &QComboBox::editTextChanged, this, &ListingAbsent::dessine);
     connect(ui->txtdatedebut, &QLineEdit::textChanged, this, &ListingAbsent::dessine);
     connect(ui->cmdOK, &QPushButton::clicked, this, &ListingAbsent::cmdOK_Click);

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <array>
 
-// Everything is in twips, within what printers leave of an A4 sheet.
+// Everything is in twips, in the middle of an A4 sheet, far enough from its edges for any printer.
 
 namespace {
 
-constexpr int gauche = 400;
+constexpr int gauche = 550;
+constexpr int haut = 600;
 constexpr int hauteurTitre = 520;
-constexpr int hautTableau = 1300;
+constexpr int hautTableau = haut + 1300;
 constexpr int basTableau = 15400;
 constexpr int basPage = 15500;
 /// An hour, a name and a description, twice; the halves are a little apart.
@@ -53,12 +54,12 @@ int hauteurLigne(qsizetype lignes) {
 Page enTete(const QString &praticien, const QString &jour) {
     constexpr int corpsTitre = 16;
     constexpr int corpsLibelles = 12;
-    constexpr int hautLibelles = 740;
+    constexpr int hautLibelles = haut + 740;
     constexpr int marge = 120;
     const int moitie = largeur() / 2;
     Page page;
-    page.rectangles << Page::Rectangle{QRect(gauche, 0, largeur(), hauteurTitre), traitFort, grisClair};
-    page.texts << texte({gauche + marge, marge / 2 + 10}, titreRapport, corpsTitre, true,
+    page.rectangles << Page::Rectangle{QRect(gauche, haut, largeur(), hauteurTitre), traitFort, grisClair};
+    page.texts << texte({gauche + marge, haut + marge / 2 + 10}, titreRapport, corpsTitre, true,
                         largeur() - 2 * marge)
                << texte({gauche + marge, hautLibelles}, praticien, corpsLibelles, true, moitie - marge)
                << texte({gauche + moitie + marge, hautLibelles}, jour, corpsLibelles, true, moitie - marge);

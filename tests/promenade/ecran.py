@@ -187,7 +187,7 @@ class Etat:
         return next((o for o in self.objets(fenetre) if o["objectName"] == nom), None)
 
     def texte(self, nom, fenetre=None):
-        return (self.objet(nom, fenetre) or {"text": ""})["text"]
+        return (self.objet(nom, fenetre) or {"text": ""})["text"].replace("\u00a0", " ")
 
     def textes(self):
         return {o["objectName"]: o["text"].strip() for o in self.objets() if "text" in o}

@@ -6,6 +6,7 @@
 #include <QPrintPreviewWidget>
 #include <QPrinter>
 #include <QPushButton>
+#include <QScreen>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -23,7 +24,8 @@ PrintPreview::PrintPreview(const QList<Page> &pages, const QString &title, QWidg
     addButtons();
     rows->addWidget(m_view);
     constexpr QSize room(860, 900);
-    resize(room);
+    resize(room.boundedTo(screen()->availableSize() * 9 / 10)); // its frame is to be seen, too
+    m_view->fitInView();
 }
 
 PrintPreview::~PrintPreview() = default;
@@ -68,6 +70,8 @@ void PrintPreview::addButtons() {
 
 void PrintPreview::showPlace() {
     m_place->setText(QStringLiteral("Page %1 sur %2").arg(m_view->currentPage()).arg(m_pages));
+    findChild<QPushButton *>(QStringLiteral("Precedente"))->setEnabled(m_view->currentPage() > 1);
+    findChild<QPushButton *>(QStringLiteral("Suivante"))->setEnabled(m_view->currentPage() < m_pages);
 }
 
 void PrintPreview::showEvent(QShowEvent *event) {

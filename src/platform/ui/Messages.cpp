@@ -10,7 +10,10 @@ constexpr int longestText = 2000; // a box taller than the screen has no reachab
 void prepare(QMessageBox &box, const QString &text, const QString &title) {
     box.setWindowTitle(title.isEmpty() ? QStringLiteral("Tavelin") : title);
     box.setTextFormat(Qt::PlainText);
-    box.setText(text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text);
+    QString shown = text.size() > longestText ? text.left(longestText) + QStringLiteral("…") : text;
+    shown.replace(QStringLiteral("« "), QStringLiteral("«\u00A0")); // no line ends inside a quotation's marks
+    shown.replace(QStringLiteral(" »"), QStringLiteral("\u00A0»"));
+    box.setText(shown);
 }
 
 } // namespace
