@@ -4,15 +4,6 @@
 
 #include "start/CarnetMontre.h"
 
-void Commandes::relie(QAction *action, const std::function<void()> &gestionnaire) {
-    QObject::connect(action, &QAction::triggered, action, [gestionnaire] { gestionnaire(); });
-    m_reliees.insert(action);
-}
-
-void Commandes::active(QAction *action, bool active) {
-    action->setEnabled(active && m_reliees.contains(action));
-}
-
 void Commandes::dessine(const CarnetMontre &carnet) {
     const Selection &selection = carnet.selection();
     const bool charge = !carnet.estVide();
@@ -21,22 +12,24 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     const bool ecrit = charge && m_env.lectureSeule->isEmpty();
     for (const QMenu *menu : {m_ui.mnupatient, m_ui.menuAffichage, m_ui.menuOptions, m_ui.menuAide}) {
         for (QAction *action : menu->actions()) {
-            active(action, charge);
+            action->setEnabled(charge);
         }
     }
-    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuTouches, m_ui.mnuRafraichir}) {
-        active(action, true);
+    for (QAction *action :
+         {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRubrique, m_ui.mnuTouches, m_ui.mnuRafraichir}) {
+        action->setEnabled(true);
     }
-    active(m_ui.mnuPurger, ecrit && avecConfig);
-    active(m_ui.mnuSauver, ecrit);
-    active(m_ui.menuSuppConfig, ecrit);
-    active(m_ui.mnuAjouter, ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));
+    m_ui.mnuReporter->setEnabled(false);
+    m_ui.mnuPurger->setEnabled(ecrit && avecConfig);
+    m_ui.mnuSauver->setEnabled(ecrit);
+    m_ui.menuSuppConfig->setEnabled(ecrit);
+    m_ui.mnuAjouter->setEnabled(ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));
     for (QAction *action : {m_ui.mnuEditer, m_ui.mnuSupprimer, m_ui.mnuPresent}) {
-        active(action, ecrit && surRDV);
+        action->setEnabled(ecrit && surRDV);
     }
     for (QAction *action : {m_ui.mnuAllonger, m_ui.mnuRaccourcir}) {
-        active(action, !selection.vide() && (ecrit || !surRDV));
+        action->setEnabled(!selection.vide() && (ecrit || !surRDV));
     }
-    active(m_ui.mnuLettre, surRDV);
+    m_ui.mnuLettre->setEnabled(surRDV);
     m_ui.mnuPresent->setChecked(surRDV && selection.rdv->Present);
 }

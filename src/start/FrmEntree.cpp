@@ -85,7 +85,7 @@ void FrmEntree::relieCarnet() {
 
 void FrmEntree::relieMenus() {
     const auto relieA = [this](auto *objet, QAction *action, auto gestionnaire) {
-        m_commandes.relie(action, [this, objet, gestionnaire] {
+        connect(action, &QAction::triggered, this, [this, objet, gestionnaire] {
             std::invoke(gestionnaire, objet);
             dessineMenus(); // Qt may have turned over a tick
         });
@@ -108,7 +108,7 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuquitter, &FrmEntree::close);
     connect(m_menus, &MenusPraticien::praticienChoisi, &m_carnet, &CarnetMontre::montrePraticien);
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
-    m_commandes.relie(ui->mnusemaine, [this] { m_carnet.montreSemaine(); });
+    connect(ui->mnusemaine, &QAction::triggered, &m_carnet, &CarnetMontre::montreSemaine);
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
     relie(ui->mnuAllerDate, &FrmEntree::mnuAllerDate_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
@@ -119,6 +119,7 @@ void FrmEntree::relieMenus() {
     relieA(m_options, ui->menuSuppConfig, &ActionsOptions::menuSuppConfig_Click);
     relieA(m_options, ui->mnuPurger, &ActionsOptions::mnuPurger_Click);
     relie(ui->mnuTouches, &FrmEntree::mnuTouches_Click);
+    relie(ui->mnuRubrique, &FrmEntree::mnuTouches_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);
 }
 
