@@ -44,4 +44,5 @@ void FrmMois::BtnOK_Click() {
     }
     m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
     ui->DTPicker1->setFocus();
+    ui->DTPicker1->selectAll();
 }

@@ -43,6 +43,7 @@ void FrmDateImpression::CmdImprimer_Click() {
     if (!jour) {
         m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
         ui->DateJour->setFocus();
+        ui->DateJour->selectAll();
         return;
     }
     bool avecWord = false;

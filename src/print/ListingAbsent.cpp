@@ -81,25 +81,23 @@ DemandeAbsents ListingAbsent::demande() const {
             jour ? DatesFr::courte(*jour) : ui->txtdatedebut->text().trimmed()};
 }
 
-/// A day that is none lists nothing.
-QList<Absent> ListingAbsent::litAbsents(const DemandeAbsents &voulue) const {
+/// A day that is none lists nobody. Nothing when it could not be read, which is told: nobody knows then.
+std::optional<QList<Absent>> ListingAbsent::litAbsents(const DemandeAbsents &voulue) const {
     const bool tous = voulue.praticien == tousLesPraticiens;
     if (!tous && !EstNumero(voulue.praticien)) {
         m_env.messages->show(
             QStringLiteral("« %1 » n'est ni un numéro de praticien ni « Tous ».").arg(voulue.praticien),
             QStringLiteral("Erreur de saisie"), Messages::Icon::Critical);
-        return {};
+        return std::nullopt;
     }
     const auto jour = LitDate(voulue.date);
     QList<Absent> absents;
-    if (jour) {
-        const auto praticien = tous ? std::nullopt : std::optional(CLng(voulue.praticien));
-        essaie(m_env, [&] {
-            Database carnet = m_env.ouvreCarnet();
-            absents = Absents(carnet, praticien, *jour);
-        });
-    }
-    return absents;
+    const auto praticien = tous ? std::nullopt : std::optional(CLng(voulue.praticien));
+    const bool lus = !jour || essaie(m_env, [&] {
+        Database carnet = m_env.ouvreCarnet();
+        absents = Absents(carnet, praticien, *jour);
+    });
+    return lus ? std::optional(absents) : std::nullopt;
 }
 
 // ---- Drawing
@@ -142,7 +140,8 @@ void ListingAbsent::dessineBilan() {
                                              .arg(date, TexteMarques(int(m_liste.marques.size())));
     ui->LblBilan->setText(aJour ? bilan : QString());
     ui->ListAbsent->setPlaceholder(
-        aJour ? QString() : QStringLiteral("La date ou le praticien a changé : lancez la recherche."));
+        aJour ? QString()
+              : QStringLiteral("Rien n'est listé pour cette date et ce praticien : lancez la recherche."));
     ui->cmdImprimLettre->setEnabled(aJour && !m_liste.marques.isEmpty());
     ui->cmdImprimerListing->setEnabled(aJour);
 }
@@ -195,7 +194,9 @@ void ListingAbsent::marque(int ligne) {
 
 void ListingAbsent::cmdOK_Click() {
     const DemandeAbsents voulue = demande();
-    m_liste = {voulue, litAbsents(voulue), {}};
+    const auto absents = litAbsents(voulue);
+    m_lue = absents.has_value();
+    m_liste = {voulue, absents.value_or(QList<Absent>()), {}};
     ui->ListAbsent->showOutline(std::nullopt);
     dessine();
     if (!m_liste.absents.isEmpty()) {

@@ -30,8 +30,9 @@ class ListingAbsent : public QDialog {
     void cmdImprimerListing_Click();
 
     DemandeAbsents demande() const;
-    QList<Absent> litAbsents(const DemandeAbsents &voulue) const;
-    bool estAJour() const { return demande() == m_liste.demande; }
+    std::optional<QList<Absent>> litAbsents(const DemandeAbsents &voulue) const;
+    /// The list is what the fields ask for.
+    bool estAJour() const { return m_lue && demande() == m_liste.demande; }
     /// The row that the keys act on; 0: none.
     int courante() const;
     void prendLigne(int ligne);
@@ -44,4 +45,5 @@ class ListingAbsent : public QDialog {
     std::unique_ptr<Ui::ListingAbsent> ui;
     const Environnement &m_env;
     ListeAbsents m_liste;
+    bool m_lue = false; ///< it could be
 };

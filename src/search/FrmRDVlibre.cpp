@@ -79,6 +79,7 @@ std::optional<QDate> FrmRDVlibre::jourSaisi() {
     if (!jour) {
         m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
         ui->DTPicker1->setFocus();
+        ui->DTPicker1->selectAll();
     }
     return jour;
 }

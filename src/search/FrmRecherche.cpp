@@ -67,6 +67,7 @@ void FrmRecherche::BtnOK_Click() {
     if (!depuis) {
         m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
         ui->DTPicker1->setFocus();
+        ui->DTPicker1->selectAll();
         return;
     }
     const CritereRDV critere{ui->Text1->text(), ui->Text2->text(), *depuis};

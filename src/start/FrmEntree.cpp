@@ -227,6 +227,9 @@ void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Ge
         Timer1.start(attenteTimer1);
     }
     m_carnet.selectionne(grille, coins, gesteDe(geste));
+    if (geste == FlexGrid::Gesture::Key && m_carnet.selection().rdv) {
+        m_vues->montreContour(); // taken whole, the appointment begins above what the key has scrolled to
+    }
     if (PlusieursColonnes(m_carnet.affichage(), coins)) {
         m_vues->finGlisse();
         m_env.messages->show(QStringLiteral("Vous ne pouvez pas sélectionner plusieurs colonnes !"),

@@ -231,6 +231,7 @@ TEST_F(Listing, ListsWhoDidNotComeByPractitionerAndStart) {
     cherche("1", "11/03/2026");
     EXPECT_TRUE(cabinet.messages.taken().contains(q("Tavelin.mdb")));
     EXPECT_EQ(lignes(), q(","));
+    EXPECT_FALSE(controle<QAbstractButton>(*fenetre, q("cmdImprimerListing")).isEnabled()) << "nobody knows";
     ouvre("02");
     auto &choix = controle<QComboBox>(*fenetre, q("cmbChoixPrat"));
     EXPECT_EQ(q("%1 %2 %3").arg(choix.count()).arg(choix.itemText(0), choix.currentText()), q("1 Tous 02"));

@@ -24,7 +24,7 @@ PrintPreview::PrintPreview(const QList<Page> &pages, const QString &title, QWidg
     addButtons();
     rows->addWidget(m_view);
     constexpr QSize room(860, 900);
-    resize(room.boundedTo(screen()->availableSize() * 9 / 10)); // its frame is to be seen, too
+    resize(room.boundedTo(screen()->availableSize() * 4 / 5)); // its frame is to be seen, too
     m_view->fitInView();
 }
 
