@@ -23,7 +23,8 @@ class JourDuBandeau : public QAbstractButton {
         setToolTip(accessibleName());
         update();
     }
-    QSize sizeHint() const override { return {1, fontMetrics().height() + 2 * marge + barre + 2}; }
+    static int hauteur(const QFontMetrics &police) { return police.height() + 2 * marge + barre + 2; }
+    QSize sizeHint() const override { return {1, hauteur(fontMetrics())}; }
 
   protected:
     void paintEvent(QPaintEvent *) override {
@@ -65,20 +66,30 @@ BandeauMois::BandeauMois(QWidget *parent) : QWidget(parent) {
     auto *rangee = new QHBoxLayout(this);
     rangee->setContentsMargins(ecart, ecart, ecart, ecart);
     rangee->setSpacing(ecart);
+}
+
+/// Not before a month is shown: the book starts by the week.
+void BandeauMois::faitJours() {
     constexpr int auPlus = 31;
     for (int i = 0; i < auPlus; ++i) {
         m_jours << new JourDuBandeau(this);
-        rangee->addWidget(m_jours[i]);
+        layout()->addWidget(m_jours[i]);
         connect(m_jours[i], &QAbstractButton::clicked, this,
                 [this, i] { emit jourChoisi(m_premier.addDays(i)); });
     }
 }
 
 QSize BandeauMois::sizeHint() const {
-    return {1, m_jours.first()->sizeHint().height() + 2 * ecart};
+    return {1, JourDuBandeau::hauteur(fontMetrics()) + 2 * ecart};
 }
 
 void BandeauMois::dessine(const Affichage &affichage) {
+    if (affichage.remplissage.isEmpty()) {
+        return; // by week
+    }
+    if (m_jours.isEmpty()) {
+        faitJours();
+    }
     const QDate jour = affichage.demande.jour;
     m_premier = QDate(jour.year(), jour.month(), 1);
     for (int i = 0; i < m_jours.size(); ++i) {

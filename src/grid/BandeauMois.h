@@ -20,6 +20,8 @@ class BandeauMois : public QWidget {
     void jourChoisi(QDate jour);
 
   private:
+    void faitJours();
+
     QList<JourDuBandeau *> m_jours;
     QDate m_premier; ///< first day of the month that is shown
 };
