@@ -71,15 +71,22 @@ std::optional<WordDocument> Courrier::fait(const word::Verbs &verbes, const QStr
         return std::nullopt;
     }
     m_fenetre->dit(texte);
+    m_fenetre->show();
     try {
         const Sablier sablier;
         return m_traitement->perform(verbes);
     } catch (const WordError &erreur) {
-        m_fenetre->hide();
+        cache();
         m_impossible = erreur.sentence();
     }
     ditImpossible();
     return std::nullopt;
+}
+
+void Courrier::cache() {
+    if (m_fenetre) {
+        m_fenetre->hide();
+    }
 }
 
 bool Courrier::arrete() const {
@@ -93,7 +100,7 @@ bool Courrier::montre(const QString &document) {
             return true;
         }
     } catch (const WordError &erreur) {
-        m_fenetre->hide();
+        cache();
         m_impossible = erreur.sentence();
     }
     ditImpossible();

@@ -22,6 +22,8 @@ class Courrier {
     /// Makes one; `texte` is shown meanwhile ("Lettre 3 sur 12"). Nothing when it failed, which is told, or
     /// was given up: no further document is to be tried then.
     std::optional<WordDocument> fait(const word::Verbs &verbes, const QString &texte);
+    /// Out of the way of what the user is told next; the next document shows it again.
+    void cache();
     /// True when the user wants no further document.
     bool arrete() const;
     /// Hands a saved document over to the user. False when that failed, which is told.

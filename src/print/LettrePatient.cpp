@@ -18,37 +18,41 @@ FichiersLettre fichiersDe(const Environnement &env, const QString &modele, const
             reel(QStringLiteral("\\Documents\\") + modele), reel(QStringLiteral("\\Word")) + u'/' + lettre};
 }
 
-/// Before anything is made: what cannot be read stops all of them. Empty then, which is told.
-QList<CadreLettre> litCadres(const Environnement &env, const QList<Lettre> &lettres) {
-    QList<CadreLettre> cadres;
-    const bool lus = essaie(env, [&] {
-        cadres.clear();
+using Composition = word::Verbs (*)(const CadreLettre &, const QString &, const FichiersLettre &,
+                                    const QDateTime &);
+
+/// One letter; nothing when it was not made, which is told.
+std::optional<WordDocument> fait(const Environnement &env, Courrier &courrier, const Lettre &lettre,
+                                 const FichiersLettre &fichiers, Composition compose, const QString &texte) {
+    CadreLettre cadre;
+    const std::optional<DbError> echec = tente(env, [&] {
         Database impression = env.ouvreParametresImpression();
         Database patients = env.ouvrePatients();
         Database parametres = env.ouvreParametres();
-        for (const Lettre &lettre : lettres) {
-            cadres << LitCadre(impression, patients, parametres, lettre);
-        }
+        cadre = LitCadre(impression, patients, parametres, lettre);
     });
-    return lus ? cadres : QList<CadreLettre>();
+    if (echec) {
+        courrier.cache();
+        env.messages->error(echec->message());
+        return std::nullopt;
+    }
+    return courrier.fait(compose(cadre, lettre.date, fichiers, env.maintenant()), texte);
 }
 
 } // namespace
 
 void LettresAbsence(const Environnement &env, QWidget *parent, const QList<Lettre> &lettres) {
-    const QList<CadreLettre> cadres = litCadres(env, lettres);
     const FichiersLettre fichiers =
         fichiersDe(env, QStringLiteral("AbsenceType.doc"), QStringLiteral("Absence"));
     const Environnement reserve = PourLesLettres(env, fichiers.cadre);
-    const int demandees = int(cadres.size());
+    const int demandees = int(lettres.size());
     int faites = 0;
     QString dossierPdf;
-    if (demandees > 0) {
+    {
         Courrier courrier(reserve, parent, demandees);
         while (faites < demandees && !courrier.arrete()) {
-            const auto faite =
-                courrier.fait(VerbesAbsence(cadres[faites], lettres[faites].date, fichiers, env.maintenant()),
-                              TexteProgression(faites + 1, demandees));
+            const auto faite = fait(env, courrier, lettres[faites], fichiers, VerbesAbsence,
+                                    TexteProgression(faites + 1, demandees));
             if (!faite) {
                 break;
             }
@@ -64,16 +68,11 @@ void LettresAbsence(const Environnement &env, QWidget *parent, const QList<Lettr
 }
 
 void LettreAnnulation(const Environnement &env, QWidget *parent, const Lettre &lettre) {
-    const QList<CadreLettre> cadres = litCadres(env, {lettre});
-    if (cadres.isEmpty()) {
-        return;
-    }
     const FichiersLettre fichiers = fichiersDe(env, QStringLiteral("AnnulRDV.doc"), QStringLiteral("Annul"));
     const Environnement reserve = PourLesLettres(env, fichiers.cadre);
     Courrier courrier(reserve, parent, 1);
     const auto faite =
-        courrier.fait(VerbesAnnulation(cadres.first(), lettre.date, fichiers, env.maintenant()),
-                      QStringLiteral("Lettre d'annulation"));
+        fait(env, courrier, lettre, fichiers, VerbesAnnulation, QStringLiteral("Lettre d'annulation"));
     if (faite) {
         courrier.montre(faite->saved);
     }
