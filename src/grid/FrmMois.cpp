@@ -1,8 +1,8 @@
 #include "grid/FrmMois.h"
 
 #include "grid/Navigation.h"
-#include "platform/ui/Messages.h"
 #include "practice/Environnement.h"
+#include "practice/JourSaisi.h"
 #include "schedule/TrancheHoraire.h"
 #include "ui_FrmMois.h"
 
@@ -37,12 +37,8 @@ QDate FrmMois::jour() const {
 }
 
 void FrmMois::BtnOK_Click() {
-    if (const std::optional<QDate> lue = ui->DTPicker1->date()) {
+    if (const std::optional<QDate> lue = JourSaisi(m_env, *ui->DTPicker1)) {
         ui->MonthView1->setSelectedDate(*lue);
         accept();
-        return;
     }
-    m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
-    ui->DTPicker1->setFocus();
-    ui->DTPicker1->selectAll();
 }

@@ -220,6 +220,9 @@ void Purge::partis() {
 
 /// A commit that failed may have been made all the same, and then for all of the lot.
 void Purge::regle(Database &rdv) {
+    if (m_partent.empty()) {
+        return;
+    }
     bool reste = false;
     rdv.forEach(SqlText("Select RefRDV from RDV Where RefRDV in ") << parmi(m_partent),
                 [&reste](const RowView &) { reste = true; });

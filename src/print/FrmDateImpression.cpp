@@ -8,6 +8,7 @@
 #include "practice/Courrier.h"
 #include "practice/Essai.h"
 #include "practice/Impression.h"
+#include "practice/JourSaisi.h"
 #include "print/FeuilleTables.h"
 #include "print/NomsDocument.h"
 #include "print/RapportJour.h"
@@ -39,11 +40,8 @@ void FrmDateImpression::decale(int jours) {
 }
 
 void FrmDateImpression::CmdImprimer_Click() {
-    const std::optional<QDate> jour = ui->DateJour->date();
+    const std::optional<QDate> jour = JourSaisi(m_env, *ui->DateJour);
     if (!jour) {
-        m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
-        ui->DateJour->setFocus();
-        ui->DateJour->selectAll();
         return;
     }
     bool avecWord = false;

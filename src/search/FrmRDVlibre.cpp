@@ -3,6 +3,7 @@
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/Messages.h"
 #include "practice/Environnement.h"
+#include "practice/JourSaisi.h"
 #include "schedule/TrancheHoraire.h"
 #include "ui_FrmRDVlibre.h"
 
@@ -73,17 +74,6 @@ void FrmRDVlibre::prendJour() {
     }
 }
 
-/// Nothing, which is told, when the field spells no date.
-std::optional<QDate> FrmRDVlibre::jourSaisi() {
-    const auto jour = ui->DTPicker1->date();
-    if (!jour) {
-        m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
-        ui->DTPicker1->setFocus();
-        ui->DTPicker1->selectAll();
-    }
-    return jour;
-}
-
 bool FrmRDVlibre::DTPicker1_Change(QDate jour) {
     if (jour == m_demande.depart) {
         return true;
@@ -108,7 +98,7 @@ void FrmRDVlibre::UpDown1_Click(QTime duree) {
 }
 
 void FrmRDVlibre::cmdJourSuivant_Click() {
-    const auto jour = jourSaisi();
+    const auto jour = JourSaisi(m_env, *ui->DTPicker1);
     if (jour && DTPicker1_Change(std::min(jour->addDays(1), derniereDate))) {
         cherche();
     }
@@ -117,7 +107,7 @@ void FrmRDVlibre::cmdJourSuivant_Click() {
 // ---- The search
 
 void FrmRDVlibre::BtnOK_Click() {
-    const auto jour = jourSaisi();
+    const auto jour = JourSaisi(m_env, *ui->DTPicker1);
     if (jour && DTPicker1_Change(*jour)) {
         cherche();
     }

@@ -35,7 +35,6 @@ class FrmRDVlibre : public QDialog {
   private:
     void relieClavier();
     void prendJour();
-    std::optional<QDate> jourSaisi();
     /// A rest day gives way to the next day that is none, which is told; false when there is no other.
     bool DTPicker1_Change(QDate jour);
     void UpDown1_Click(QTime duree);

@@ -2,9 +2,9 @@
 
 #include "ui_FrmRecherche.h"
 
-#include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Essai.h"
+#include "practice/JourSaisi.h"
 #include "schedule/TrancheHoraire.h"
 #include "search/FrmResultatRech.h"
 
@@ -63,11 +63,8 @@ void FrmRecherche::rendPatient() {
 }
 
 void FrmRecherche::BtnOK_Click() {
-    const std::optional<QDate> depuis = ui->DTPicker1->date();
+    const std::optional<QDate> depuis = JourSaisi(m_env, *ui->DTPicker1);
     if (!depuis) {
-        m_env.messages->show(ChampDate::complaint(), QStringLiteral("Erreur !"));
-        ui->DTPicker1->setFocus();
-        ui->DTPicker1->selectAll();
         return;
     }
     const CritereRDV critere{ui->Text1->text(), ui->Text2->text(), *depuis};

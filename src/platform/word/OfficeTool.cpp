@@ -29,7 +29,7 @@ QProcessEnvironment OfficeTool::environment() {
 }
 
 OfficeTool::OfficeTool() {
-    QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/tavelin-word-XXXXXX"));
+    QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/tavelin-word-"));
     folder.setAutoRemove(false);
     m_folder.path = QDir(folder.path()).canonicalPath();
     process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
