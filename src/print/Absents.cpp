@@ -51,9 +51,9 @@ QString TexteMarques(int combien) {
 }
 
 std::array<int, colonnesAbsents> LargeursAbsents(int largeurGrille) {
-    constexpr std::array<int, colonnesAbsents> enonce{700, 1500, 1500, 700, 700, 700, 1500};
+    constexpr std::array<int, colonnesAbsents> largeursVoulues{700, 1500, 1500, 700, 700, 700, 1500};
     constexpr int somme = 7300;
-    std::array<int, colonnesAbsents> largeurs = enonce;
+    std::array<int, colonnesAbsents> largeurs = largeursVoulues;
     for (int &largeur : largeurs) {
         largeur = largeur * std::max(largeurGrille, somme) / somme;
     }
