@@ -15,6 +15,7 @@ namespace {
 void ecritEtiquette(FlexCell &cellule, const QString &texte) {
     cellule.text = texte;
     cellule.alignment = Qt::AlignCenter;
+    cellule.use = FlexUse::Label;
     cellule.back = QGuiApplication::palette().color(QPalette::Button);
     cellule.fore = QGuiApplication::palette().color(QPalette::ButtonText);
 }
@@ -38,6 +39,10 @@ void GrillesJour::dessineGrille(FlexGrid &vue, const Grille &grille, const Affic
     for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
         ecritEtiquette(cellules.at(ligne, 0), DatesFr::heure(grille.creneaux.heure(ligne)));
     }
+    const QDate jour = affichage.demande.jour;
+    cellules.setDay(1, Jour(jour));
+    cellules.setToday(jour == affichage.lu.date() ? 1 : -1);
+    EcritLecture(cellules, grille, {QDate(), jour}, affichage.lu.date());
     for (const RendezVous &rdv : grille.rendezVous) {
         AfficheFourchette(cellules, grille.creneaux, rdv, 1, m_images, affichage.lu);
     }

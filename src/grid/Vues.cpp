@@ -5,7 +5,7 @@
 Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env,
            QObject *parent)
     : QObject(parent), m_vueSemaine(GrilleRDV), m_vuesJour{&GrilleRDV02, &GrilleRDV03},
-      m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env) {
+      m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env), m_heure(env, nullptr) {
     const QList<std::pair<FlexGrid *, int>> places{{&GrilleRDV, 0}, {&GrilleRDV02, 0}, {&GrilleRDV03, 1}};
     for (const auto &[vue, grille] : places) {
         connect(vue, &FlexGrid::selectionAsked, this,
@@ -30,13 +30,17 @@ void Vues::dessine(const Affichage &affichage) {
         m_jour.dessine(affichage);
         m_jour.dimensionne();
     }
+    m_heure.montre(affichage, montrees());
 }
 
-void Vues::contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle) {
+void Vues::contourne(int grille, const FlexGrid::Corners &coins, const FlexGrid::OutlineText &texte,
+                     const QString &infoBulle) {
     const QList<FlexGrid *> vues = montrees();
     for (int i = 0; i < vues.size(); ++i) {
-        vues[i]->showOutline(i == grille ? std::optional(coins) : std::nullopt);
-        vues[i]->setOutlineToolTip(i == grille ? infoBulle : QString());
+        const bool ici = i == grille;
+        vues[i]->showOutline(ici ? std::optional(coins) : std::nullopt,
+                             ici ? texte : FlexGrid::OutlineText{{}, {}, 0});
+        vues[i]->setOutlineToolTip(ici ? infoBulle : QString());
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "grid/GrilleSemaine.h"
 #include "grid/GrillesJour.h"
+#include "grid/LigneHeure.h"
 #include "platform/ui/FlexGrid.h"
 
 #include <QObject>
@@ -16,7 +17,8 @@ class Vues : public QObject {
 
     void dessine(const Affichage &affichage);
     /// Outlines these cells of one grid (-1: none) and nothing elsewhere.
-    void contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle);
+    void contourne(int grille, const FlexGrid::Corners &coins, const FlexGrid::OutlineText &texte,
+                   const QString &infoBulle);
     void dimensionne();
     /// Brings the hour of `affichage.lu` into sight where that day is shown.
     void montreHeureCourante(const Affichage &affichage);
@@ -38,5 +40,6 @@ class Vues : public QObject {
     const QList<FlexGrid *> m_vuesJour;
     GrilleSemaine m_semaine;
     GrillesJour m_jour;
+    LigneHeure m_heure;
     bool m_parSemaine = true;
 };

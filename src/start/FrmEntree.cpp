@@ -181,8 +181,10 @@ void FrmEntree::dessineSelection() {
     const Selection &selection = m_carnet.selection();
     const Coins &c = selection.coins;
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
-    m_vues->contourne(selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
-                      semaine ? InfoBulleRDV(selection) : QString());
+    m_vues->contourne(
+        selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
+        {HeuresSelection(selection), DureeSelection(selection), selection.rdv.value_or(RendezVous()).RefRDV},
+        semaine ? InfoBulleRDV(selection) : QString());
     m_etat->montreSelection(m_carnet.affichage(), selection);
     m_commandes.dessine(m_carnet);
 }
