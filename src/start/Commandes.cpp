@@ -24,7 +24,8 @@ void Commandes::dessine(const CarnetMontre &carnet) {
             active(action, charge);
         }
     }
-    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRafraichir}) {
+    for (QAction *action :
+         {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRafraichir, m_ui.mnuClassique, m_ui.mnuContemporaine}) {
         active(action, true);
     }
     active(m_ui.mnuPurger, ecrit && avecConfig);

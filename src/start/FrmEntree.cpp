@@ -13,11 +13,14 @@
 #include "start/BarreEtat.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
+#include "start/FicheMontree.h"
 #include "start/FrmAPropos.h"
+#include "start/Habillage.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QShortcut>
@@ -49,6 +52,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     : QMainWindow(parent), ui(controles(*this)), m_env(env), m_carnet(env, this), m_commandes(*ui, env),
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
+      m_habillage(new Habillage(*ui, env, *m_vues, *this)),
       m_actions(new ActionsSelection(env, m_carnet, *this)),
       m_patient(new ActionsPatient(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
@@ -62,7 +66,8 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieMenus();
     relieBoutons();
     relieClavier();
-    MontreVue(*ui, true);
+    new FicheMontree(env, m_carnet, *m_vues, *this);
+    MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
 }
 
@@ -107,6 +112,9 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
+    m_commandes.relie(ui->mnuClassique, [this] { m_habillage->choisit(Presentation::Classique); });
+    m_commandes.relie(ui->mnuContemporaine, [this] { m_habillage->choisit(Presentation::Contemporaine); });
+    connect(m_habillage, &Habillage::change, this, &FrmEntree::montreVue);
     relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
     relieA(m_options, ui->mnuexclure, &ActionsOptions::mnuexclure_Click);
     relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);
@@ -172,7 +180,7 @@ void FrmEntree::dessine() {
     setWindowTitle(QStringLiteral("Carnet de rendez-vous du ") + libelle);
     m_etat->montrePraticien(libelle);
     m_vues->dessine(affichage);
-    MontreVue(*ui, affichage.demande.VueSemaine);
+    MontreVue(*ui, affichage.demande.VueSemaine, m_habillage->avecBoutons());
     dessineLecture();
     dessineSelection();
 }
@@ -201,6 +209,7 @@ void FrmEntree::dessineMenus() {
     }
     BtnSemaine->setChecked(semaine);
     BtnJour->setChecked(!semaine);
+    m_habillage->dessine(m_carnet.affichage());
 }
 
 void FrmEntree::dessineLecture() {
@@ -286,9 +295,17 @@ void FrmEntree::Timer1_Timer() {
 
 // ---- Window
 
+/// The view that is shown, in the presentation that is chosen.
+void FrmEntree::montreVue() {
+    MontreVue(*ui, m_carnet.affichage().demande.VueSemaine, m_habillage->avecBoutons());
+    dessineMenus();
+    layout()->activate(); // a toolbar has come or gone
+    dispose();
+}
+
 void FrmEntree::dispose() {
     const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
-    if (PlaceControles(*ui, centralWidget()->width(), hauteur)) {
+    if (PlaceControles(*ui, centralWidget()->width(), hauteur, m_habillage->avecBoutons())) {
         m_vues->dimensionne();
     }
 }

@@ -15,6 +15,7 @@ class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
 class BarreEtat;
+class Habillage;
 class MenusPraticien;
 class QPushButton;
 struct Depart;
@@ -52,6 +53,7 @@ class FrmEntree : public QMainWindow {
     void dessineSelection();
     void dessineMenus();
     void dessineLecture();
+    void montreVue();
     void dispose();
 
     // The selection
@@ -75,6 +77,7 @@ class FrmEntree : public QMainWindow {
     Commandes m_commandes;
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
+    Habillage *m_habillage;
     ActionsSelection *m_actions;
     ActionsPatient *m_patient;
     MenusPraticien *m_menus;

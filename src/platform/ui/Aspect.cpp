@@ -8,7 +8,7 @@ namespace {
 constexpr double lisible = 4.5; // contrast that text needs
 constexpr int demi = 128;
 constexpr QRgb blanc = 0xFFFFFF;
-constexpr QRgb noir = 0x101214;
+constexpr QRgb noir = 0x0A0C0D;
 
 /// The table of looks: a row for a light sheet, one for a dark one. What is not in it is mixed from it.
 struct Rangee {

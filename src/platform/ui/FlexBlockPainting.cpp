@@ -16,7 +16,7 @@ constexpr int edge = 6;
 constexpr int arrivedEdge = 18;
 constexpr int markSize = 12;
 constexpr int nameLine = 15; // pixels
-constexpr int aboveLines = 13;
+constexpr int outlineWidth = 2;
 constexpr int secondLine = 14;
 
 } // namespace
@@ -94,13 +94,14 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     if (!block.detail.isEmpty()) {
         text += QStringLiteral("  [") + block.detail + u']';
     }
-    const int lines = last > first ? std::max((rect.height() - 1) / lineStep(), 1) : 1;
+    const int lines = last > first ? std::max((rect.height() - 3) / lineStep(), 1) : 1;
     if (last > first) {
         text.prepend(DatesFr::heure(block.start) + u' ');
     }
     painter.setPen(cell.fore.isValid() ? cell.fore : m_aspect.encre);
     const int left = std::max(scaled(classicIndent), cell.picture.width());
-    write(painter, rect.adjusted(left, 0, -3, 0), text, Plain,
+    const int above = rect.height() > 2 * lineStep() ? 2 : 0; // the outline leaves the accents alone
+    write(painter, rect.adjusted(left, above, -3, 0), text, Plain,
           Qt::AlignLeft | (last > first ? Qt::AlignTop : Qt::AlignVCenter), lines);
 }
 
@@ -144,8 +145,12 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
 
 /// Name, hours, description: one below the other as far as they fit.
 void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
-    const int lines = int((rect.height() - aboveLines * m_scale) / (secondLine * m_scale));
-    const QRect name(rect.left(), rect.top(), rect.width(), std::min(scaled(nameLine), rect.height()));
+    const int needed = scaled(nameLine);
+    const int lines = int((rect.height() - needed) / (secondLine * m_scale));
+    const int spare = rect.height() - needed - lines * lineStep();
+    // the outline leaves the accents of capitals alone
+    const int above = lines < 1 ? 0 : std::clamp(spare / 2, 0, outlineWidth);
+    const QRect name(rect.left(), rect.top() + above, rect.width(), lines < 1 ? rect.height() : needed);
     painter.setPen(block.late ? m_aspect.alerte : (block.past ? m_aspect.encre2 : m_aspect.encre));
     const int width = write(painter, name, block.name, block.past ? Plain : Bold);
     painter.setPen(m_aspect.encre2);
@@ -153,7 +158,7 @@ void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, con
         write(painter, name.adjusted(width + radius, 0, 0, 0), block.detail, Small);
         return;
     }
-    QRect line(rect.left(), name.bottom(), rect.width(), scaled(secondLine));
+    QRect line(rect.left(), name.bottom(), rect.width(), lineStep());
     if (lines == 1) {
         const QString behind = block.detail.isEmpty() ? QString() : QStringLiteral(" · ") + block.detail;
         write(painter, line, block.hours() + behind, Small);

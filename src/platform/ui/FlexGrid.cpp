@@ -70,7 +70,7 @@ FlexGrid::FlexGrid(QWidget *parent)
     connect(&m_cells, &QAbstractItemModel::modelReset, this, &FlexGrid::afterReset);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
     connect(verticalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
-    connect(&m_rest, &QTimer::timeout, this, [this] { emit restedOn(m_under); });
+    connect(&m_rest, &QTimer::timeout, this, [this] { emit cardAsked(m_under); });
 }
 
 void FlexGrid::showAtTop(int row) {
@@ -132,9 +132,8 @@ int FlexGrid::headerHeight() const {
 
 void FlexGrid::fitRows() {
     const int rowsBelowHeader = std::max(m_cells.rows() - 1, 1);
-    const int least = leastRowHeight();
     verticalHeader()->setDefaultSectionSize(
-        std::clamp(viewport()->height() / rowsBelowHeader, least, 2 * least));
+        std::max(viewport()->height() / rowsBelowHeader, leastRowHeight()));
 }
 
 void FlexGrid::resizeEvent(QResizeEvent *event) {
@@ -156,6 +155,7 @@ QPoint FlexGrid::nearestCell(const QPoint &position) const {
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
     setFocus(Qt::MouseFocusReason);
     leave();
+    emit cardAsked(0);
     const QModelIndex under = indexAt(event->position().toPoint());
     if (!under.isValid()) {
         return;
@@ -224,6 +224,12 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
             emit opened(false);
         }
         break;
+    case Qt::Key_Space:
+        emit cardAsked(m_outlineText.block);
+        break;
+    case Qt::Key_Escape:
+        emit cardAsked(0);
+        break;
     default:
         event->ignore(); // shortcuts and the window's own keys
     }
@@ -234,6 +240,7 @@ void FlexGrid::moveBy(int rows, int cols, bool extend) {
     if (area.isEmpty()) {
         return;
     }
+    emit cardAsked(0);
     const Corners from =
         m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
     // From a block of several rows, Down leaves it by its end and Up by its beginning.

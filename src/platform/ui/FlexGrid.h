@@ -77,8 +77,9 @@ class FlexGrid : public QTableView {
     /// Enter, or a double click on the outlined cells.
     void opened(bool byMouse);
     void contextMenuAsked(const QPoint &globalPosition);
-    /// The pointer has rested on this block; 0: it is on none any more.
-    void restedOn(qint64 block);
+    /// The pointer has rested on this block, or Space was pressed while it was outlined; 0: the pointer has
+    /// left it, or Escape was pressed.
+    void cardAsked(qint64 block);
     /// Rows or columns have moved under what stands over the grid.
     void moved();
 
@@ -99,7 +100,8 @@ class FlexGrid : public QTableView {
 
   private:
     void afterReset();
-    /// Rows share the height, between the least that their text needs and twice that.
+    /// Rows share the whole height as long as their text fits: a large screen gives blocks more lines. Below
+    /// that they scroll.
     void fitRows();
     void settleRows();
 

@@ -192,7 +192,7 @@ void FlexGrid::hoverAt(const QPoint &position) {
     const qint64 under = place < 0 ? 0 : m_cells.blocks()[size_t(place)].id;
     if (under != m_under) {
         m_under = under;
-        emit restedOn(0);
+        emit cardAsked(0);
     }
     if (under != 0) {
         m_rest.start(); // from the last move
@@ -209,7 +209,7 @@ void FlexGrid::leave() {
     m_rest.stop();
     m_hover = QModelIndex();
     if (std::exchange(m_under, 0) != 0) {
-        emit restedOn(0);
+        emit cardAsked(0);
     }
     moveMarks();
 }
