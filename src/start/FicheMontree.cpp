@@ -6,7 +6,10 @@
 #include "practice/Essai.h"
 #include "start/CarnetMontre.h"
 
+#include <QApplication>
 #include <QEvent>
+
+#include <algorithm>
 
 FicheMontree::FicheMontree(const Environnement &env, const CarnetMontre &carnet, const Vues &vues,
                            QWidget &fenetre)
@@ -50,7 +53,7 @@ void FicheMontree::montre() {
     }
     const RendezVous *rdv = trouve();
     const QRect bloc = m_vues.placeBloc(m_ref);
-    if (rdv == nullptr || bloc.isEmpty() || !m_fenetre.isActiveWindow()) {
+    if (rdv == nullptr || bloc.isEmpty() || QApplication::activeModalWidget() != nullptr) {
         ferme();
         return;
     }

@@ -105,6 +105,10 @@ void Habillage::dessine(const Affichage &affichage) {
     m_ui.mnuClassique->setChecked(avecBoutons());
     m_ui.mnuContemporaine->setChecked(!avecBoutons());
     m_semaine = affichage.demande.VueSemaine;
+    for (const char *nom : {"BtnSemaine", "BtnJour"}) {
+        auto *bouton = m_fenetre.findChild<QPushButton *>(QLatin1String(nom));
+        bouton->setPalette(avecBoutons() ? QPalette() : PaletteBouton(m_vues.aspect(), bouton->isChecked()));
+    }
     if (avecBoutons()) {
         return;
     }

@@ -131,6 +131,13 @@ QPalette PaletteDe(const Aspect &aspect, QPalette palette) {
     return palette;
 }
 
+QPalette PaletteBouton(const Aspect &aspect, bool enfonce) {
+    QPalette palette;
+    palette.setColor(QPalette::Button, enfonce ? aspect.encre : aspect.feuille);
+    palette.setColor(QPalette::ButtonText, enfonce ? aspect.feuille : aspect.encre);
+    return palette;
+}
+
 QColor Melange(const QColor &a, const QColor &b, double part) {
     const auto mele = [part](int x, int y) { return int(std::lround(x * part + y * (1 - part))); };
     return {mele(a.red(), b.red()), mele(a.green(), b.green()), mele(a.blue(), b.blue())};

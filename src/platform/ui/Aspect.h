@@ -53,6 +53,9 @@ Aspect AspectDe(Presentation presentation, const QPalette &palette);
 /// The desktop's palette in the colours of a look.
 QPalette PaletteDe(const Aspect &aspect, QPalette palette);
 
+/// A button's, which stands out while it is pressed in.
+QPalette PaletteBouton(const Aspect &aspect, bool enfonce);
+
 /// `part` of `a`, the rest of `b`.
 QColor Melange(const QColor &a, const QColor &b, double part);
 

@@ -17,7 +17,6 @@ constexpr int arrivedEdge = 18;
 constexpr int markSize = 12;
 constexpr int nameLine = 15; // pixels
 constexpr int outlineWidth = 2;
-constexpr int secondLine = 14;
 
 } // namespace
 
@@ -146,10 +145,10 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
 /// Name, hours, description: one below the other as far as they fit.
 void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
     const int needed = scaled(nameLine);
-    const int lines = int((rect.height() - needed) / (secondLine * m_scale));
-    const int spare = rect.height() - needed - lines * lineStep();
+    const int lines = (rect.height() - needed) / lineStep();
+    const int spare = rect.height() - needed - std::min(lines, 2) * lineStep();
     // the outline leaves the accents of capitals alone
-    const int above = lines < 1 ? 0 : std::clamp(spare / 2, 0, outlineWidth);
+    const int above = lines < 1 ? 0 : std::min(spare / 2, outlineWidth);
     const QRect name(rect.left(), rect.top() + above, rect.width(), lines < 1 ? rect.height() : needed);
     painter.setPen(block.late ? m_aspect.alerte : (block.past ? m_aspect.encre2 : m_aspect.encre));
     const int width = write(painter, name, block.name, block.past ? Plain : Bold);

@@ -113,7 +113,8 @@ void FlexGridDelegate::paintTintedCell(QPainter &painter, const QRect &rect, con
         const bool full = isFullHour(cell.text);
         painter.fillRect(rect, m_aspect.fond);
         painter.setPen(full ? m_aspect.encre : m_aspect.encre3);
-        write(painter, rect, cell.text, full ? Bold : Small, Qt::AlignCenter);
+        const bool bold = full && QFontMetrics(m_fonts[Bold]).horizontalAdvance(cell.text) < rect.width();
+        write(painter, rect, cell.text, bold ? Bold : Small, Qt::AlignCenter);
     } else if (cell.use == FlexUse::Shut) {
         painter.drawTiledPixmap(rect, m_hatching, rect.topLeft());
     } else {

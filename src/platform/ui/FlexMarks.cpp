@@ -26,7 +26,7 @@ QFont smaller(QFont font) {
 
 /// What drawing these marks may touch.
 QRect outlineArea(const FlexMarks &m) {
-    return m.outline.isNull() ? QRect() : m.outline.adjusted(-halo, -halo, halo, halo);
+    return m.outline.isNull() ? QRect() : m.outline.adjusted(-1 - halo, -1 - halo, halo, halo);
 }
 QRect nowArea(const FlexMarks &m) {
     return m.nowLine.isNull() ? m.nowLabels
@@ -94,11 +94,17 @@ void FlexMarksLayer::paintOutline(QPainter &painter) const {
         return;
     }
     const QColor accent = m_marks.focused ? m_aspect.accent : m_aspect.encre3;
-    const QRectF frame(m_marks.outline);
+    // over the gap and the contour of what it surrounds: the text keeps its place
+    const QRectF frame = QRectF(m_marks.outline).adjusted(-1, -1, 0, 0);
     painter.setBrush(m_marks.free ? QBrush(m_aspect.choix) : QBrush(Qt::NoBrush));
-    painter.setPen(QPen(m_aspect.feuille, outlineWidth + 2 * halo)); // seen on a block of the same blue too
-    painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), radius, radius);
+    painter.setPen(QPen(m_aspect.feuille, halo));
+    constexpr double half = 0.5;
+    painter.drawRoundedRect(frame.adjusted(-half, -half, half, half), radius, radius);
     painter.setBrush(Qt::NoBrush);
+    if (!m_aspect.contemporaine()) { // seen on a solid block of the same blue too
+        constexpr double inner = outlineWidth + half;
+        painter.drawRoundedRect(frame.adjusted(inner, inner, -inner, -inner), radius - 2, radius - 2);
+    }
     painter.setPen(QPen(accent, outlineWidth));
     painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), radius, radius);
     if (!m_marks.free) {
@@ -136,13 +142,14 @@ void FlexMarksLayer::paintChip(QPainter &painter) const {
         chip.moveTop(inside.top());
         chip.setBottom(inside.bottom());
     }
+    chip.moveRight(std::min(chip.right(), inside.right()));
     chip = chip.intersected(inside);
     painter.setPen(Qt::NoPen);
     painter.setBrush(m_marks.focused ? m_aspect.accent : m_aspect.encre3);
     painter.drawRoundedRect(chip, 3, 3);
     painter.setPen(m_marks.focused ? m_aspect.surAccent : m_aspect.feuille);
     painter.setFont(small);
-    painter.drawText(chip, Qt::AlignCenter, m_marks.hours);
+    painter.drawText(chip, Qt::AlignCenter, metrics.elidedText(m_marks.hours, Qt::ElideRight, chip.width()));
 }
 
 void FlexMarksLayer::paintNow(QPainter &painter) const {
