@@ -40,27 +40,54 @@ QRect FlexGridDelegate::laneRect(const QRect &cells, const FlexBlock &block) con
     return {inside.left() + left, inside.top(), std::max(right - left - gap, 1), inside.height()};
 }
 
-/// A check for who came, a dial for who is late: one man in twelve does not see red.
-void FlexGridDelegate::paintMark(QPainter &painter, const QRectF &place, Mark mark,
-                                 const QColor &color) const {
-    painter.save();
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.translate(place.topLeft());
-    constexpr double grid = 16; // the marks are drawn on 16 × 16
-    painter.scale(place.width() / grid, place.height() / grid);
-    painter.setBrush(Qt::NoBrush);
-    if (mark == Mark::Check) {
-        painter.setPen(QPen(color, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
-        const QPointF points[] = {{3, 8.5}, {6.2, 12}, {13, 4.5}};
-        painter.drawPolyline(points, 3);
-    } else {
-        painter.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap));
-        painter.drawEllipse(QPointF(8, 8), 6.4, 6.4);
-        painter.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
-        painter.drawLine(QPointF(8, 4.4), QPointF(8, 8.6));
-        painter.drawPoint(QPointF(8, 11.4));
+const QPixmap &FlexGridDelegate::drawnOnce(const QPainter &painter, const QList<uint> &key, QSize size,
+                                           const std::function<void(QPainter &)> &draw) const {
+    const qreal scale = painter.device()->devicePixelRatioF();
+    const QList<uint> whole = key + QList{uint(size.width()), uint(size.height()), uint(scale * 100)};
+    const auto known = m_drawn.constFind(whole);
+    if (known != m_drawn.constEnd()) {
+        return *known;
     }
-    painter.restore();
+    QPixmap picture(size * scale);
+    picture.setDevicePixelRatio(scale);
+    picture.fill(Qt::transparent);
+    QPainter drawing(&picture);
+    drawing.setRenderHint(QPainter::Antialiasing);
+    draw(drawing);
+    drawing.end();
+    return *m_drawn.insert(whole, picture);
+}
+
+/// A check for who came, a dial for who is late: one man in twelve does not see red.
+void FlexGridDelegate::paintMark(QPainter &painter, const QPoint &corner, int size, Mark mark,
+                                 const QColor &color, const QColor &ground) const {
+    const auto draw = [&](QPainter &drawing) {
+        constexpr double grid = 16; // the marks are drawn on 16 × 16
+        drawing.scale(size / grid, size / grid);
+        if (ground.isValid()) {
+            drawing.setPen(Qt::NoPen);
+            drawing.setBrush(ground);
+            drawing.drawEllipse(QRectF(0, 0, grid, grid));
+            constexpr double margin = 1.2;
+            drawing.translate(margin, margin);
+            drawing.scale(1 - 2 * margin / grid, 1 - 2 * margin / grid);
+        }
+        drawing.setBrush(Qt::NoBrush);
+        if (mark == Mark::Check) {
+            drawing.setPen(QPen(color, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            const QPointF points[] = {{3, 8.5}, {6.2, 12}, {13, 4.5}};
+            drawing.drawPolyline(points, 3);
+        } else {
+            drawing.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap));
+            drawing.drawEllipse(QPointF(8, 8), 6.4, 6.4);
+            drawing.setPen(QPen(color, 2, Qt::SolidLine, Qt::RoundCap));
+            drawing.drawLine(QPointF(8, 4.4), QPointF(8, 8.6));
+            drawing.drawPoint(QPointF(8, 11.4));
+        }
+    };
+    painter.drawPixmap(corner,
+                       drawnOnce(painter, {uint(mark), color.rgba(), ground.isValid() ? ground.rgba() : 0},
+                                 QSize(size, size), draw));
 }
 
 // ---- Classique
@@ -80,14 +107,8 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     }
     if (block.present || block.late) {
         const int size = std::min(scaled(markSize + 2), rect.height() - 2);
-        const QRectF disc(rect.left() + 2, rect.top() + 1, size, size);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(Qt::NoPen);
-        painter.setBrush(m_aspect.feuille);
-        painter.drawEllipse(disc);
-        painter.setRenderHint(QPainter::Antialiasing, false);
-        paintMark(painter, disc.adjusted(1, 1, -1, -1), block.present ? Mark::Check : Mark::Dial,
-                  block.present ? m_aspect.encre : m_aspect.alerte);
+        paintMark(painter, rect.topLeft() + QPoint(2, 1), size, block.present ? Mark::Check : Mark::Dial,
+                  block.present ? m_aspect.encre : m_aspect.alerte, m_aspect.feuille);
     }
     QString text = block.name;
     if (!block.detail.isEmpty()) {
@@ -106,37 +127,74 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
 
 // ---- Contemporaine
 
+/// Straight parts are filled, corners copied from a frame that was drawn once.
+void FlexGridDelegate::paintFrame(QPainter &painter, const QRect &rect, const Frame &frame) const {
+    constexpr int corner = radius + 1;
+    const int left = frame.solid + corner;
+    const QSize whole(left + corner, 2 * corner);
+    const QPixmap &model =
+        drawnOnce(painter, {uint(frame.solid), frame.edge.rgba(), frame.tint.rgba(), frame.contour.rgba()},
+                  whole, [&](QPainter &drawing) {
+                      const QRectF all(QPointF(0, 0), QSizeF(whole));
+                      QPainterPath shape;
+                      shape.addRoundedRect(all, radius, radius);
+                      drawing.setClipPath(shape);
+                      drawing.fillRect(all, frame.tint);
+                      drawing.fillRect(QRectF(0, 0, frame.solid, all.height()), frame.edge);
+                      drawing.setClipping(false);
+                      drawing.setPen(frame.contour);
+                      drawing.drawRoundedRect(all.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+                  });
+    painter.fillRect(rect.adjusted(left, 0, -corner, 0), frame.tint);
+    painter.fillRect(rect.adjusted(frame.solid, corner, 0, -corner), frame.tint);
+    painter.fillRect(rect.left(), rect.top() + corner, frame.solid, rect.height() - 2 * corner, frame.edge);
+    for (const int y : {rect.top(), rect.bottom()}) {
+        painter.fillRect(rect.left() + left, y, rect.width() - whole.width(), 1, frame.contour);
+    }
+    for (const int x : {rect.left(), rect.right()}) {
+        painter.fillRect(x, rect.top() + corner, 1, rect.height() - whole.height(), frame.contour);
+    }
+    const qreal scale = model.devicePixelRatio();
+    const auto copy = [&](const QPoint &to, const QRectF &from) {
+        painter.drawPixmap(QRectF(to, from.size()), model,
+                           QRectF(from.topLeft() * scale, from.size() * scale));
+    };
+    const int right = rect.right() + 1 - corner;
+    const int bottom = rect.bottom() + 1 - corner;
+    copy(rect.topLeft(), QRectF(0, 0, left, corner));
+    copy({right, rect.top()}, QRectF(left, 0, corner, corner));
+    copy({rect.left(), bottom}, QRectF(0, corner, left, corner));
+    copy({right, bottom}, QRectF(left, corner, corner, corner));
+}
+
 void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
     const CouleursDuJour &day = m_aspect.jours[size_t(block.day)];
+    const int solid = std::min(scaled(block.present ? arrivedEdge : edge), rect.width() / 2);
+    const Frame frame{day.bord, block.late ? m_aspect.fondAlerte : (block.past ? day.passe : day.teinte),
+                      block.late ? m_aspect.bordAlerte : day.contour, solid};
     const bool cut = block.cutAbove || block.cutBelow;
-    const double round = cut ? 0 : radius;
-    const int solid = std::min(scaled(block.present ? arrivedEdge : edge), rect.width());
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(day.bord);
-    painter.drawRoundedRect(QRectF(rect.left(), rect.top(), solid + radius, rect.height()), round, round);
-    painter.setBrush(block.late ? m_aspect.fondAlerte : (block.past ? day.passe : day.teinte));
-    QPainterPath tint;
-    tint.setFillRule(Qt::WindingFill);
-    tint.addRoundedRect(QRectF(rect).adjusted(solid, 0, 0, 0), round, round);
-    tint.addRect(QRectF(rect.left() + solid, rect.top(), radius, rect.height()));
-    painter.drawPath(tint);
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(block.late ? m_aspect.bordAlerte : day.contour);
-    painter.drawRoundedRect(QRectF(rect).adjusted(0.5, 0.5, -0.5, -0.5), round, round);
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    if (cut) {
-        painter.setPen(QPen(m_aspect.encre3, 1, Qt::DashLine));
-        const int y = block.cutAbove ? rect.top() : rect.bottom();
-        painter.drawLine(rect.left(), y, rect.right(), y);
+    const QSize least(solid + 2 * (radius + 1), 2 * (radius + 1));
+    if (!cut && rect.width() >= least.width() && rect.height() >= least.height()) {
+        paintFrame(painter, rect, frame);
+    } else { // square: it goes on beyond the grid, or has no room for corners
+        painter.fillRect(rect, frame.tint);
+        painter.fillRect(rect.left(), rect.top(), solid, rect.height(), frame.edge);
+        painter.setBrush(Qt::NoBrush);
+        painter.setPen(frame.contour);
+        painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    }
+    painter.setPen(QPen(m_aspect.encre3, 1, Qt::DashLine));
+    for (const auto &[beyond, y] :
+         {std::pair(block.cutAbove, rect.top()), std::pair(block.cutBelow, rect.bottom())}) {
+        if (beyond) {
+            painter.drawLine(rect.left(), y, rect.right(), y);
+        }
     }
     const int size = std::min(scaled(markSize), rect.height());
     if (block.present) {
-        paintMark(painter, QRectF(rect.left() + (solid - size) / 2.0, rect.top() + 2, size, size),
-                  Mark::Check, day.coche);
+        paintMark(painter, rect.topLeft() + QPoint((solid - size) / 2, 2), size, Mark::Check, day.coche);
     } else if (block.late) {
-        paintMark(painter, QRectF(rect.left() + solid + 2, rect.top() + 1, size, size), Mark::Dial,
-                  m_aspect.alerte);
+        paintMark(painter, rect.topLeft() + QPoint(solid + 2, 1), size, Mark::Dial, m_aspect.alerte);
     }
     const bool narrow = block.lanes > 1 && !block.present && !block.late;
     paintTintedText(painter, rect.adjusted(scaled(narrow ? laneIndent : tintedIndent), 0, -5, 0), block);

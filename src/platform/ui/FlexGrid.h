@@ -117,7 +117,7 @@ class FlexGrid : public QTableView {
     /// A mark alone has moved.
     void moveMarks();
     QRect cellsRect(const Corners &corners) const;
-    QRect blockRectAt(int block) const;
+    QRect blockRectAt(int place) const;
     int blockAt(const QPoint &position) const;
     void hoverAt(const QPoint &position);
     void leave();

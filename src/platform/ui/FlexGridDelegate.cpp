@@ -43,6 +43,7 @@ void FlexGridDelegate::setAspect(const Aspect &aspect, const QFont &font) {
     m_scale = double(QFontMetrics(font).height()) / fontHeight;
     m_hatching = hatching(aspect.hachure, aspect.hachure2);
     m_texts.clear();
+    m_drawn.clear();
 }
 
 int FlexGridDelegate::leastRowHeight() const {
