@@ -144,14 +144,10 @@ void FlexGridDelegate::paintHeader(QPainter &painter, const QRect &rect, const F
     painter.fillRect(rect.right(), rect.top(), 1, rect.height(), m_aspect.trait);
     painter.setPen(QPen(cell.fore.isValid() ? cell.fore : m_aspect.encre, 2));
     if (today) {
-        painter.setBrush(Qt::NoBrush);
+        painter.setBrush(Qt::NoBrush); // no bold here: a font that nothing else needs at the start
         painter.drawRect(rect.adjusted(1, 1, -2, -2));
-        const QString marked =
-            QChar(0x25B8) + QStringLiteral(" ") + cell.text + QStringLiteral(" ") + QChar(0x25C2);
-        write(painter, rect.adjusted(2, 0, -3, 0), marked, Bold, cell.alignment);
-    } else {
-        write(painter, rect.adjusted(0, 0, -1, 0), cell.text, Plain, cell.alignment);
     }
+    write(painter, rect.adjusted(2, 0, -3, 0), cell.text, Plain, cell.alignment);
 }
 
 void FlexGridDelegate::paintTintedHeader(QPainter &painter, const QRect &rect, const FlexGridModel &model,

@@ -176,6 +176,6 @@ void FlexMarksLayer::paintNow(QPainter &painter) const {
     painter.fillRect(m_marks.nowLabels, m_labels);
     painter.drawRoundedRect(m_marks.nowPill, m_marks.nowPill.height() / 2.0, m_marks.nowPill.height() / 2.0);
     painter.setPen(m_aspect.feuille);
-    painter.setFont(bold(font()));
+    painter.setFont(m_aspect.contemporaine() ? bold(font()) : font()); // see the header of the day
     painter.drawText(m_marks.nowPill, Qt::AlignCenter, m_marks.nowText);
 }

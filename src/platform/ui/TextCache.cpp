@@ -9,48 +9,42 @@ namespace {
 
 constexpr QChar ellipsis(0x2026);
 constexpr int most = 4000; // texts: several weeks
+constexpr double endless = 1e6;
 
-/// The one line of `layout`, as long as it comes.
-QTextLine layLong(QTextLayout &layout) {
+/// Lays the text of `layout` out; gives where its last line begins when it is not shown whole, else -1.
+int lay(QTextLayout &layout, QSizeF &size, int width, int lines, int step) {
+    QTextOption option;
+    option.setWrapMode(lines > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.setCacheEnabled(true);
+    size = QSizeF();
+    QTextLine line;
     layout.beginLayout();
-    const QTextLine line = layout.createLine();
+    for (int i = 0; i < lines; ++i) {
+        const QTextLine next = layout.createLine();
+        if (!next.isValid()) {
+            break;
+        }
+        line = next;
+        line.setLineWidth(lines > 1 ? width + 1 : endless);
+        line.setPosition(QPointF(0, i * step));
+        size = QSizeF(std::max(size.width(), line.naturalTextWidth()), i * step + line.height());
+    }
     layout.endLayout();
-    return line;
+    const bool whole = !line.isValid() || (line.textStart() + line.textLength() >= layout.text().size() &&
+                                           size.width() <= width + 1);
+    return whole ? -1 : line.textStart();
 }
 
 /// A line that ends in an ellipsis where the width ends.
 QString cut(const QString &text, const QFont &font, int width) {
     QTextLayout layout(text, font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::NoWrap);
-    layout.setTextOption(option);
-    const QTextLine line = layLong(layout);
-    if (line.naturalTextWidth() <= width) {
+    QSizeF size;
+    if (lay(layout, size, width, 1, 0) < 0) {
         return text;
     }
     const double room = width - QFontMetricsF(font).horizontalAdvance(ellipsis);
-    return text.left(std::max(line.xToCursor(room, QTextLine::CursorOnCharacter), 0)) + ellipsis;
-}
-
-/// Where the last of `lines` lines begins; -1 when there are fewer.
-int lastLine(const QString &text, const QFont &font, int width, int lines) {
-    QTextLayout layout(text, font);
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
-    layout.setTextOption(option);
-    int start = -1;
-    layout.beginLayout();
-    for (int i = 0; i < lines; ++i) {
-        QTextLine line = layout.createLine();
-        if (!line.isValid()) {
-            start = -1;
-            break;
-        }
-        line.setLineWidth(width);
-        start = line.textStart();
-    }
-    layout.endLayout();
-    return start;
+    return text.left(std::max(layout.lineAt(0).xToCursor(room, QTextLine::CursorOnCharacter), 0)) + ellipsis;
 }
 
 } // namespace
@@ -74,25 +68,12 @@ const TextCache::Laid &TextCache::lay(const QString &text, const QFont &font, in
     }
     QString shown = text;
     shown.replace(QChar::LineFeed, QChar::Space);
-    const int last = lines > 1 ? lastLine(shown, font, width, lines) : 0;
-    if (last >= 0) {
-        shown = shown.left(last) + cut(shown.mid(last), font, width);
-    }
     Laid laid{std::make_shared<QTextLayout>(shown, font), {}};
-    QTextOption option;
-    option.setWrapMode(lines > 1 ? QTextOption::WrapAtWordBoundaryOrAnywhere : QTextOption::NoWrap);
-    laid.layout->setTextOption(option);
-    laid.layout->setCacheEnabled(true);
-    laid.layout->beginLayout();
-    for (int i = 0; i < lines; ++i) {
-        QTextLine line = laid.layout->createLine();
-        if (!line.isValid()) {
-            break;
-        }
-        line.setLineWidth(lines > 1 ? width + 1 : 1e6);
-        line.setPosition(QPointF(0, i * step));
-        laid.size = QSizeF(std::max(laid.size.width(), line.naturalTextWidth()), i * step + line.height());
+    const int last = ::lay(*laid.layout, laid.size, width, lines, step);
+    if (last >= 0) { // most texts fit, and are laid out once
+        laid.layout->clearLayout();
+        laid.layout->setText(shown.left(last) + cut(shown.mid(last), font, width));
+        ::lay(*laid.layout, laid.size, width, lines, step);
     }
-    laid.layout->endLayout();
     return *m_laid.insert(key, laid);
 }
