@@ -41,7 +41,7 @@ class Habillage : public QObject {
   private:
     void applique();
     void construitBarre();
-    QAction *ajoute(int icone, const QString &texte, const std::function<void()> &operation);
+    QAction *ajoute(int quoi, const QString &texte, const std::function<void()> &operation);
 
     const Ui::FrmEntree &m_ui;
     const Environnement &m_env;

@@ -5,7 +5,6 @@
 #include "support/WaitUntil.h"
 
 #include <QFile>
-#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
 #include <gtest/gtest.h>
@@ -44,9 +43,6 @@ class FicheTest : public testing::Test, public Fenetre {
     QRect bloc() const {
         const QRect place = grille().blockRect(rdv);
         return {grille().viewport()->mapToGlobal(place.topLeft()), place.size()};
-    }
-    static void laisse() {
-        waitUntil([] { return false; }, std::chrono::milliseconds(20));
     }
 
     qint64 rdv = 0;
@@ -106,7 +102,7 @@ TEST_F(FicheTest, TheHourMovesEachMinuteWithoutARedraw) {
     const int avant = marques->marks().nowLine.top();
     int redessins = 0;
     QObject::connect(&grille().cells(), &QAbstractItemModel::modelReset, fenetre.get(), [&] { ++redessins; });
-    cabinet.maintenant = cabinet.maintenant.addSecs(20 * 60);
+    cabinet.maintenant = cabinet.maintenant.addSecs(1200);
     objet<QTimer>("Minute").start(0);
     EXPECT_TRUE(waitUntil([&] { return marques->marks().nowText == q("10:25"); }));
     EXPECT_GT(marques->marks().nowLine.top(), avant);
