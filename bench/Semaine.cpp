@@ -2,6 +2,7 @@
 #include "LectureNue.h"
 #include "Livres.h"
 #include "Mesure.h"
+#include "booking/FicheRDV.h"
 #include "booking/FrmAjouter.h"
 #include "grid/AffichageTables.h"
 #include "grid/GrilleSemaine.h"
@@ -11,6 +12,7 @@
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 
+#include <QAction>
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
@@ -116,8 +118,9 @@ Paire traceSemaine() {
             [=](auto &) { return millisecondes([&] { nue.lit(); }); }};
 }
 
-Paire peintureSemaine() {
+Paire peintureSemaine(const QString &presentation) {
     const auto carnet = std::make_shared<Carnet>();
+    carnet->fenetre.findChild<QAction *>(presentation)->trigger();
     constexpr QSize taille(1920, 1080);
     carnet->fenetre.resize(carnet->fenetre.size() + taille - carnet->GrilleRDV.size());
     carnet->image = QImage(carnet->GrilleRDV.size(), QImage::Format_RGB32);
@@ -186,6 +189,31 @@ Paire selection() {
     }};
 }
 
+/// The card of one appointment of a full week, then of another: its act read, laid out and painted.
+Paire fiche() {
+    const auto carnet = std::make_shared<Carnet>();
+    return {[carnet, place = size_t(0)](auto &) mutable {
+        carnet->peint();
+        const auto &blocs = carnet->GrilleRDV.cells().blocks();
+        place = (place + 1) % blocs.size();
+        while (carnet->GrilleRDV.blockRect(blocs[place].id).isEmpty()) { // scrolled away
+            place = (place + 1) % blocs.size();
+        }
+        const double duree = millisecondes([&] {
+            emit carnet->GrilleRDV.cardAsked(blocs[place].id);
+            if (auto *ouverte = carnet->fenetre.template findChild<FicheRDV *>()) {
+                ouverte->repaint();
+            }
+        });
+        const auto *ouverte = carnet->fenetre.template findChild<FicheRDV *>();
+        if (ouverte == nullptr || !ouverte->isVisible()) {
+            throw MesureImpossible(QStringLiteral("la fiche ne s'ouvre pas"));
+        }
+        emit carnet->GrilleRDV.cardAsked(0);
+        return duree;
+    }};
+}
+
 /// Takes away what the measure has booked, and what an interrupted one left.
 void efface(const Environnement &env) {
     Database base = env.ouvreCarnet();
@@ -230,7 +258,15 @@ Paire ajout() {
 
 std::vector<Mesure> mesuresSemaine() {
     return {{.nom = "trace_semaine", .repetitions = 201, .prepare = traceSemaine, .rapportMax = 1.8},
-            {.nom = "peinture_semaine", .repetitions = 101, .prepare = peintureSemaine, .valeurMax = 16},
+            {.nom = "peinture_semaine",
+             .repetitions = 101,
+             .prepare = [] { return peintureSemaine(QStringLiteral("mnuClassique")); },
+             .valeurMax = 8},
+            {.nom = "peinture_contemporaine",
+             .repetitions = 101,
+             .prepare = [] { return peintureSemaine(QStringLiteral("mnuContemporaine")); },
+             .valeurMax = 8},
+            {.nom = "fiche", .repetitions = 101, .prepare = fiche, .valeurMax = 16},
             {.nom = "changement_semaine",
              .repetitions = 101,
              .prepare = changementSemaine,

@@ -295,6 +295,19 @@ PlaceRDV PlaceDe(const Affichage &affichage, const Selection &selection) {
             selection.ChoixHoraire};
 }
 
+QString HeuresSelection(const Selection &selection) {
+    const QString forme = QStringLiteral("HH:mm");
+    return selection.vide() ? QString()
+                            : selection.horaire.debut.toString(forme) + QChar(0x2013) +
+                                  selection.horaire.fin.toString(forme);
+}
+
+QString DureeSelection(const Selection &selection) {
+    return selection.vide() || selection.rdv
+               ? QString()
+               : QStringLiteral("%1 min").arg(Minutes(selection.horaire.debut, selection.horaire.fin));
+}
+
 QString InfoBulleRDV(const Selection &selection) {
     if (!selection.rdv) {
         return {};

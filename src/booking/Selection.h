@@ -72,6 +72,11 @@ QDate JourCourant(const Affichage &affichage, const Selection &selection);
 /// Where a selection books.
 PlaceRDV PlaceDe(const Affichage &affichage, const Selection &selection);
 
+/// "14:45–15:15" of the appointment, or of what is selected; empty when nothing is.
+QString HeuresSelection(const Selection &selection);
+/// "30 min" of a free selection; empty on an appointment.
+QString DureeSelection(const Selection &selection);
+
 /// The grid's tool-tip for the selection; empty when it holds no appointment.
 QString InfoBulleRDV(const Selection &selection);
 /// The status bar's text for the selection: empty names leave a blank.

@@ -2,8 +2,11 @@
 
 #include "grid/Fourchette.h"
 #include "grid/ImagesRDV.h"
+#include "grid/TexteLu.h"
 #include "platform/ui/DatesFr.h"
 #include "platform/ui/FlexGridModel.h"
+
+#include <algorithm>
 
 namespace {
 
@@ -11,13 +14,37 @@ const QColor gris(couleurWindows(couleurGris));
 const QColor texteHeure(couleurWindows(0xF0F0F0));
 const QColor texteRetard(couleurWindows(0x0000FF));
 
+/// Of each appointment that the cell shows, or of the slot.
+QString lecture(const FlexGridModel &cellules, const Grille &grille, int ligne, int col, QDate jour,
+                QDate aujourdhui) {
+    QStringList lus;
+    for (const FlexBlock &bloc : cellules.blocks()) {
+        const auto rdv = std::ranges::find(grille.rendezVous, bloc.id, &RendezVous::RefRDV);
+        if (bloc.col == col && bloc.first <= ligne && ligne <= bloc.last && rdv != grille.rendezVous.end()) {
+            lus << TexteLuRDV(*rdv, bloc.late, aujourdhui);
+        }
+    }
+    return lus.isEmpty() ? TexteLuCase(jour, grille.creneaux.heure(ligne),
+                                       cellules.cell(ligne, col).use == FlexUse::Shut)
+                         : lus.join(QStringLiteral(" ; "));
+}
+
 } // namespace
+
+void EcritLecture(FlexGridModel &cellules, const Grille &grille, const QList<QDate> &jours,
+                  QDate aujourdhui) {
+    cellules.setSpoken([&cellules, grille, jours, aujourdhui](int ligne, int col) {
+        const bool creneau = ligne > 0 && ligne < cellules.rows() - 1 && jours.value(col).isValid();
+        return creneau ? lecture(cellules, grille, ligne, col, jours[col], aujourdhui) : QString();
+    });
+}
 
 void EcritHeure(FlexCell &cellule, const QString &texte) {
     cellule.text = texte;
     cellule.alignment = Qt::AlignCenter;
     cellule.back = gris;
     cellule.fore = texteHeure;
+    cellule.use = FlexUse::Label;
 }
 
 void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col) {
@@ -29,7 +56,9 @@ void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col) {
 
 void Grise(FlexGridModel &cellules, int premiere, int derniere, int col) {
     for (int ligne = premiere; ligne <= derniere; ++ligne) {
-        cellules.at(ligne, col).back = gris;
+        FlexCell &cellule = cellules.at(ligne, col);
+        cellule.back = gris;
+        cellule.use = FlexUse::Shut;
     }
 }
 
@@ -59,4 +88,18 @@ void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const 
     if (!rdv.Present && enRetard) {
         premiere.fore = texteRetard;
     }
+    cellules.addBlock({.id = rdv.RefRDV,
+                       .col = colonne,
+                       .first = fourchette.premiere,
+                       .last = fourchette.derniere,
+                       .day = jour,
+                       .start = rdv.HeureDebut,
+                       .end = rdv.HeureFin,
+                       .name = NomComplet(rdv.Nom, rdv.Prenom),
+                       .detail = rdv.Description.trimmed(),
+                       .present = rdv.Present,
+                       .late = !rdv.Present && enRetard,
+                       .past = EstPasse(rdv, maintenant),
+                       .cutAbove = fourchette.coupeeEnHaut,
+                       .cutBelow = fourchette.coupeeEnBas});
 }

@@ -1,7 +1,6 @@
 #pragma once
 
-#include "grid/RendezVous.h"
-#include "schedule/Creneaux.h"
+#include "grid/Affichage.h"
 
 #include <QDateTime>
 
@@ -18,7 +17,11 @@ void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col);
 /// Background 0xA0A0A0 on rows `premiere` … `derniere` of `col`; none when the first is greater.
 void Grise(FlexGridModel &cellules, int premiere, int derniere, int col);
 
-/// Draws one appointment in `colonne`: picture strip, text, and the colours of attendance and lateness.
+/// What is read aloud of the slots of `grille`, whose columns stand for `jours` (an invalid one: no slots).
+void EcritLecture(FlexGridModel &cellules, const Grille &grille, const QList<QDate> &jours, QDate aujourdhui);
+
+/// Draws one appointment in `colonne`: picture strip, text, the colours of attendance and lateness, and the
+/// block that looks draw over its rows.
 /// The first drawn row's label in column 0 is what lateness is measured against, at `maintenant`.
 void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const RendezVous &rdv, int colonne,
                        ImagesRDV &images, const QDateTime &maintenant);

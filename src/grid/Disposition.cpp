@@ -7,17 +7,18 @@
 namespace {
 
 constexpr int bandeSousGrille = 1200;
+constexpr int barreEtat = 375;
 constexpr int ascenseur = 300;
 constexpr int ecartGrillesJour = 120;
 
 } // namespace
 
-std::optional<Disposition> DisposeFenetre(int largeur, int hauteur) {
+std::optional<Disposition> DisposeFenetre(int largeur, int hauteur, bool avecBoutons) {
     if (hauteur <= bandeSousGrille) {
         return std::nullopt;
     }
     Disposition d;
-    d.GrilleRDV = {0, 0, largeur, hauteur - bandeSousGrille};
+    d.GrilleRDV = {0, 0, largeur, hauteur - (avecBoutons ? bandeSousGrille : barreEtat)};
     const int cadre = d.GrilleRDV.hauteur + 80;
     const int bouton = d.GrilleRDV.hauteur + 320;
     constexpr int hauteurCadre = 735;

@@ -31,7 +31,8 @@ struct Disposition {
 };
 
 /// The layout for an inner size in twips; nothing at a height of 1200 or less, where the previous one stays.
-std::optional<Disposition> DisposeFenetre(int largeur, int hauteur);
+/// Where a toolbar takes the place of the buttons, the grids go down to the status bar.
+std::optional<Disposition> DisposeFenetre(int largeur, int hauteur, bool avecBoutons = true);
 
 /// Column widths of a grid, in twips.
 struct LargeursColonnes {

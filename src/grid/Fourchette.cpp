@@ -23,6 +23,10 @@ Fourchette CoupeFourchette(int premiere, int derniere, int fermeture) {
     return {std::max(premiere, 1), std::min(derniere, fermeture - 1), premiere < 1, derniere >= fermeture};
 }
 
+QString NomComplet(const QString &nom, const QString &prenom) {
+    return QStringView(nom).trimmed() % u' ' % QStringView(prenom).trimmed();
+}
+
 QString TexteRDV(const QString &nom, const QString &prenom, const QString &description) {
     QString texte = u"  " % QStringView(nom).trimmed() % u' ' % QStringView(prenom).trimmed();
     if (const QStringView courte = QStringView(description).trimmed(); !courte.isEmpty()) {

@@ -19,6 +19,9 @@ struct Fourchette {
 /// drawn. Nothing is drawn either for an appointment wholly outside or one that has no row.
 Fourchette CoupeFourchette(int premiere, int derniere, int fermeture);
 
+/// "Nom Prenom"
+QString NomComplet(const QString &nom, const QString &prenom);
+
 /// What the first row of an appointment says: "  Nom Prenom" and, when there is one, "  [description]".
 QString TexteRDV(const QString &nom, const QString &prenom, const QString &description);
 

@@ -49,9 +49,12 @@ void GrilleSemaine::dessine(const Affichage &affichage) {
     EcritHeures(cellules, grille.creneaux, 0);
     EcritHeures(cellules, grille.creneaux, cellules.cols() - 1);
     const QDate lundi = Lundi(affichage.demande.jour);
+    QList<QDate> jours(cellules.cols());
     for (int jour = 1; jour <= 7; ++jour) {
         if (const int col = ColonneDuJour(jour, config.JourAffich)) {
-            ecritEntete(cellules.at(0, col), lundi.addDays(jour - 1));
+            jours[col] = lundi.addDays(jour - 1);
+            ecritEntete(cellules.at(0, col), jours[col]);
+            cellules.setDay(col, jour);
             griseJour(cellules, config, jour, col);
         }
     }
@@ -60,6 +63,8 @@ void GrilleSemaine::dessine(const Affichage &affichage) {
             AfficheFourchette(cellules, grille.creneaux, rdv, col, m_images, affichage.lu);
         }
     }
+    cellules.setToday(int(jours.indexOf(affichage.lu.date())));
+    EcritLecture(cellules, grille, jours, affichage.lu.date());
     m_grille.setSelectableArea(QRect(1, 1, cellules.cols() - 2, cellules.rows() - 2));
 }
 

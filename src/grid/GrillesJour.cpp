@@ -16,6 +16,7 @@ namespace {
 void ecritEtiquette(FlexCell &cellule, const QString &texte) {
     cellule.text = texte;
     cellule.alignment = Qt::AlignCenter;
+    cellule.use = FlexUse::Label;
     cellule.back = QGuiApplication::palette().color(QPalette::Button);
     cellule.fore = QGuiApplication::palette().color(QPalette::ButtonText);
 }
@@ -73,6 +74,10 @@ void GrillesJour::dessineGrille(FlexGrid &vue, const Grille &grille, const Affic
             heure.alignment = Qt::AlignHCenter | Qt::AlignTop;
         }
     }
+    const QDate jour = affichage.demande.jour;
+    cellules.setDay(1, Jour(jour));
+    cellules.setToday(jour == affichage.lu.date() ? 1 : -1);
+    EcritLecture(cellules, grille, {QDate(), jour}, affichage.lu.date());
     for (const RendezVous &rdv : grille.rendezVous) {
         AfficheFourchette(cellules, grille.creneaux, rdv, 1, m_images, affichage.lu);
     }

@@ -1,11 +1,13 @@
 #include "grid/Vues.h"
 
+#include "platform/ui/FlexGridDelegate.h"
+
 #include <algorithm>
 
 Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, const Environnement &env,
            QObject *parent)
     : QObject(parent), m_vueSemaine(GrilleRDV), m_vuesJour{&GrilleRDV02, &GrilleRDV03},
-      m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env) {
+      m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env), m_heure(new LigneHeure(env, this)) {
     const QList<std::pair<FlexGrid *, int>> places{{&GrilleRDV, 0}, {&GrilleRDV02, 0}, {&GrilleRDV03, 1}};
     for (const auto &[vue, grille] : places) {
         connect(vue, &FlexGrid::selectionAsked, this,
@@ -14,6 +16,8 @@ Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, co
                 });
         connect(vue, &FlexGrid::opened, this, &Vues::ouvertureDemandee);
         connect(vue, &FlexGrid::contextMenuAsked, this, &Vues::menuDemande);
+        connect(vue, &FlexGrid::cardAsked, this, &Vues::ficheDemandee);
+        connect(vue, &FlexGrid::moved, this, &Vues::deplacee);
     }
 }
 
@@ -30,14 +34,39 @@ void Vues::dessine(const Affichage &affichage) {
         m_jour.dessine(affichage);
         m_jour.dimensionne();
     }
+    m_heure->montre(affichage, montrees());
 }
 
-void Vues::contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle) {
+void Vues::contourne(int grille, const FlexGrid::Corners &coins, const FlexGrid::OutlineText &texte,
+                     const QString &infoBulle) {
     const QList<FlexGrid *> vues = montrees();
     for (int i = 0; i < vues.size(); ++i) {
-        vues[i]->showOutline(i == grille ? std::optional(coins) : std::nullopt);
-        vues[i]->setOutlineToolTip(i == grille ? infoBulle : QString());
+        const bool ici = i == grille;
+        vues[i]->showOutline(ici ? std::optional(coins) : std::nullopt,
+                             ici ? texte : FlexGrid::OutlineText{{}, {}, 0});
+        vues[i]->setOutlineToolTip(ici ? infoBulle : QString());
     }
+}
+
+void Vues::habille(const Aspect &aspect) {
+    m_vueSemaine.setAspect(aspect);
+    for (FlexGrid *vue : m_vuesJour) {
+        vue->setAspect(aspect);
+    }
+}
+
+const Aspect &Vues::aspect() const {
+    return m_vueSemaine.painting().aspect();
+}
+
+QRect Vues::placeBloc(qint64 RefRDV) const {
+    for (const FlexGrid *vue : montrees()) {
+        const QRect bloc = vue->blockRect(RefRDV);
+        if (!bloc.isEmpty()) {
+            return {vue->viewport()->mapToGlobal(bloc.topLeft()), bloc.size()};
+        }
+    }
+    return {};
 }
 
 void Vues::dimensionne() {

@@ -2,6 +2,7 @@
 
 #include "grid/GrilleSemaine.h"
 #include "grid/GrillesJour.h"
+#include "grid/LigneHeure.h"
 #include "platform/ui/FlexGrid.h"
 
 #include <QObject>
@@ -16,8 +17,13 @@ class Vues : public QObject {
 
     void dessine(const Affichage &affichage);
     /// Outlines these cells of one grid (-1: none) and nothing elsewhere.
-    void contourne(int grille, const FlexGrid::Corners &coins, const QString &infoBulle);
+    void contourne(int grille, const FlexGrid::Corners &coins, const FlexGrid::OutlineText &texte,
+                   const QString &infoBulle);
     void dimensionne();
+    void habille(const Aspect &aspect);
+    const Aspect &aspect() const;
+    /// Where an appointment is drawn on the screen; empty where it is out of sight.
+    QRect placeBloc(qint64 RefRDV) const;
     /// Brings the hour of `affichage.lu` into sight where that day is shown.
     void montreHeureCourante(const Affichage &affichage);
     /// Brings the outlined cells into sight.
@@ -30,6 +36,10 @@ class Vues : public QObject {
     void selectionDemandee(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
     void ouvertureDemandee(bool parSouris);
     void menuDemande(const QPoint &position);
+    /// The card of an appointment is wanted; 0: not any more.
+    void ficheDemandee(qint64 RefRDV);
+    /// What is drawn has moved under what stands over it.
+    void deplacee();
 
   private:
     QList<FlexGrid *> montrees() const;
@@ -38,5 +48,6 @@ class Vues : public QObject {
     const QList<FlexGrid *> m_vuesJour;
     GrilleSemaine m_semaine;
     GrillesJour m_jour;
+    LigneHeure *m_heure;
     bool m_parSemaine = true;
 };

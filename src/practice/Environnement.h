@@ -28,6 +28,8 @@ struct Environnement {
     QString CheminFichiers;
     QString CheminBaseRDV;
 
+    /// What this workstation remembers of how it shows the book; empty: nothing is remembered.
+    QString fichierReglages;
     /// The program that answers to --essaie-verrou, for the test of the book's locks; none: they are not
     /// tested.
     QString programme;

@@ -30,6 +30,11 @@ int Creneaux::premiereLigne(QTime t) const {
     return int(std::floor(double(Minutes(debut, t)) / intervalle)) + 1;
 }
 
+std::optional<double> Creneaux::place(QTime t) const {
+    const double rangee = double(Minutes(debut, t)) / intervalle + 1;
+    return rangee < 1 || rangee >= lignes() - 1 ? std::nullopt : std::optional(rangee);
+}
+
 int Creneaux::derniereLigne(QTime t) const {
     return int(MaxInt(double(Minutes(debut, t)) / intervalle));
 }

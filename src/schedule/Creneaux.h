@@ -5,6 +5,8 @@
 #include <QDate>
 #include <QTime>
 
+#include <optional>
+
 /// Slot arithmetic of the grids. Rows count from 1 (row 0 is the header); times are minutes of the day,
 /// seconds never count. Every function expects a configuration without default (see DefautConfiguration).
 
@@ -34,6 +36,8 @@ struct Creneaux {
     QTime heure(int ligne) const;
     /// First row of an appointment that starts at `t`; below 1 when it starts before the grid.
     int premiereLigne(QTime t) const;
+    /// Where `t` lies in rows, 1 being the top of row 1; nothing before the first slot or after the last.
+    std::optional<double> place(QTime t) const;
     /// Last row of an appointment that ends at `t`.
     int derniereLigne(QTime t) const;
 

@@ -31,8 +31,8 @@ QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     return bouton;
 }
 
-bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur) {
-    const auto d = DisposeFenetre(twipsFromPixels(largeur), twipsFromPixels(hauteur));
+bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur, bool avecBoutons) {
+    const auto d = DisposeFenetre(twipsFromPixels(largeur), twipsFromPixels(hauteur), avecBoutons);
     if (!d) {
         return false;
     }
@@ -64,16 +64,21 @@ bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur) {
     return true;
 }
 
-void MontreVue(const Ui::FrmEntree &ui, bool semaine) {
+void MontreVue(const Ui::FrmEntree &ui, bool semaine, bool avecBoutons) {
     QWidget *grille = semaine ? ui.GrilleRDV : ui.GrilleRDV02;
     const bool change = grille->isHidden();
-    for (QWidget *w :
-         QList<QWidget *>{ui.GrilleRDV, ui.Frame1, ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant}) {
-        w->setVisible(semaine);
-    }
-    for (QWidget *w : QList<QWidget *>{ui.BandeauMois1, ui.GrilleRDV02, ui.GrilleRDV03, ui.Frame4,
-                                       ui.BtnPrecedent2, ui.BtnAujourdhui2, ui.BtnSuivant2}) {
+    ui.GrilleRDV->setVisible(semaine);
+    for (QWidget *w : QList<QWidget *>{ui.BandeauMois1, ui.GrilleRDV02, ui.GrilleRDV03}) {
         w->setVisible(!semaine);
+    }
+    for (QWidget *w : QList<QWidget *>{ui.Frame1, ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant}) {
+        w->setVisible(semaine && avecBoutons);
+    }
+    for (QWidget *w : QList<QWidget *>{ui.Frame4, ui.BtnPrecedent2, ui.BtnAujourdhui2, ui.BtnSuivant2}) {
+        w->setVisible(!semaine && avecBoutons);
+    }
+    for (QWidget *w : QList<QWidget *>{ui.Frame2, ui.Frame3, ui.BtnRafraichir, ui.BtnMois, ui.BtnQuitter}) {
+        w->setVisible(avecBoutons);
     }
     if (change) { // a redraw leaves the focus where it is
         grille->setFocus();

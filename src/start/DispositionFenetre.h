@@ -16,7 +16,7 @@ QFont PoliceSansMiseEnForme(QFont police);
 QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom);
 
 /// Places the main window's controls for an inner size in pixels; false where it is too low, and all stay.
-bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur);
+bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur, bool avecBoutons);
 
-/// Shows the grids and navigation buttons of one view.
-void MontreVue(const Ui::FrmEntree &ui, bool semaine);
+/// Shows the grids of one view and, unless a toolbar has their place, its buttons.
+void MontreVue(const Ui::FrmEntree &ui, bool semaine, bool avecBoutons);

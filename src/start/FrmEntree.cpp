@@ -13,12 +13,15 @@
 #include "start/Clavier.h"
 #include "start/Demarrage.h"
 #include "start/DispositionFenetre.h"
+#include "start/FicheMontree.h"
 #include "start/FrmAPropos.h"
 #include "start/FrmTouches.h"
+#include "start/Habillage.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
 
 #include <QApplication>
+#include <QLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QShowEvent>
@@ -49,6 +52,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     : QMainWindow(parent), ui(controles(*this)), m_env(env), m_carnet(env, this), m_commandes(*ui, env),
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
+      m_habillage(new Habillage(*ui, env, *m_vues, *this)),
       m_actions(new ActionsSelection(env, m_carnet, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
@@ -62,7 +66,8 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieMenus();
     relieBoutons();
     relieClavier();
-    MontreVue(*ui, true);
+    new FicheMontree(env, m_carnet, *m_vues, *this);
+    MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
 }
 
@@ -113,6 +118,9 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuAllerDate, &FrmEntree::mnuAllerDate_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
+    relieA(m_habillage, ui->mnuClassique, [](Habillage *h) { h->choisit(Presentation::Classique); });
+    relieA(m_habillage, ui->mnuContemporaine, [](Habillage *h) { h->choisit(Presentation::Contemporaine); });
+    connect(m_habillage, &Habillage::change, this, &FrmEntree::montreVue);
     relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
     relieA(m_options, ui->mnuexclure, &ActionsOptions::mnuexclure_Click);
     relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);
@@ -184,7 +192,7 @@ void FrmEntree::dessine() {
     m_etat->montrePraticien(libelle);
     m_vues->dessine(affichage);
     ui->BandeauMois1->dessine(affichage);
-    MontreVue(*ui, affichage.demande.VueSemaine);
+    MontreVue(*ui, affichage.demande.VueSemaine, m_habillage->avecBoutons());
     dessineLecture();
     dessineSelection();
 }
@@ -193,8 +201,10 @@ void FrmEntree::dessineSelection() {
     const Selection &selection = m_carnet.selection();
     const Coins &c = selection.coins;
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
-    m_vues->contourne(selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
-                      semaine ? InfoBulleRDV(selection) : QString());
+    m_vues->contourne(
+        selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
+        {HeuresSelection(selection), DureeSelection(selection), selection.rdv.value_or(RendezVous()).RefRDV},
+        semaine ? InfoBulleRDV(selection) : QString());
     m_etat->montreSelection(m_carnet.affichage(), selection);
     m_commandes.dessine(m_carnet);
 }
@@ -212,6 +222,7 @@ void FrmEntree::dessineMenus() {
     BtnSemaine->setChecked(semaine);
     BtnJour->setChecked(!semaine);
     m_clavier->dessine(m_carnet.affichage().demande.intervalleSansZoom > 0);
+    m_habillage->dessine(m_carnet.affichage());
 }
 
 void FrmEntree::dessineLecture() {
@@ -312,9 +323,17 @@ void FrmEntree::Timer1_Timer() {
 
 // ---- Window
 
+/// The view that is shown, in the presentation that is chosen.
+void FrmEntree::montreVue() {
+    MontreVue(*ui, m_carnet.affichage().demande.VueSemaine, m_habillage->avecBoutons());
+    dessineMenus();
+    layout()->activate(); // a toolbar has come or gone
+    dispose();
+}
+
 void FrmEntree::dispose() {
     const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
-    if (PlaceControles(*ui, centralWidget()->width(), hauteur)) {
+    if (PlaceControles(*ui, centralWidget()->width(), hauteur, m_habillage->avecBoutons())) {
         m_vues->dimensionne();
     }
 }

@@ -17,6 +17,7 @@ class ActionsPatient;
 class ActionsSelection;
 class BarreEtat;
 class Clavier;
+class Habillage;
 class MenusPraticien;
 class QPushButton;
 struct Depart;
@@ -54,6 +55,7 @@ class FrmEntree : public QMainWindow {
     void dessineSelection();
     void dessineMenus();
     void dessineLecture();
+    void montreVue();
     void dispose();
 
     // The selection
@@ -80,6 +82,7 @@ class FrmEntree : public QMainWindow {
     Commandes m_commandes;
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
+    Habillage *m_habillage;
     ActionsSelection *m_actions;
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;

@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QTextStream>
 #include <QTimer>
 #include <QTranslator>
@@ -118,6 +119,8 @@ int ouvreFenetre(Environnement &env, const Ouverture &ouverture, const Options &
         return codeErreur;
     }
     env.programme = QCoreApplication::applicationFilePath();
+    env.fichierReglages =
+        QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/tavelin.ini");
     FrmEntree FrmEntree(env);
     if (ouverture.depart.messages.isEmpty() && ouverture.depart.premier) {
         FrmEntree.Form_Load(ouverture.depart);

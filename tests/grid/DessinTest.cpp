@@ -57,7 +57,9 @@ std::string dessin(const FlexGrid &grille) {
 }
 
 RendezVous rdv(const char *nom, int jour, const char *debut, const char *fin, bool present = false) {
+    static qint64 ref = 0;
     RendezVous rdv;
+    rdv.RefRDV = ++ref;
     rdv.Nom = q(nom);
     rdv.Prenom = q(" Léa ");
     rdv.Description = jour == 1 ? q("bilan ") : QString();
@@ -105,6 +107,16 @@ TEST(Dessin, AWeek) {
 #l13:00||M2|#|#|#l13:00
 #l13:30|||#|#|#l13:30
 )");
+    const auto lu = [&](int ligne, int col) {
+        return grille.cells().index(ligne, col).data(Qt::AccessibleTextRole).toString().toStdString();
+    };
+    EXPECT_EQ(lu(2, 1), "lundi 9 mars, 8 heures à 9 heures 30, VENU Léa, bilan, présent");
+    EXPECT_EQ(lu(1, 2), "mardi 10 mars, 7 heures à 8 heures 45, AVANT Léa, absent");
+    EXPECT_EQ(lu(1, 3), "mercredi 11 mars, 8 heures à 8 heures 30, RETARD Léa, en retard");
+    EXPECT_EQ(lu(3, 4), "vendredi 13 mars, 8 heures à 9 heures 30, SANS Léa, à venir");
+    EXPECT_EQ(
+        lu(8, 1) + "; " + lu(8, 3) + "; " + lu(1, 0) + "; " + lu(0, 1),
+        "lundi 9 mars, 11 heures 30, libre; mercredi 11 mars, 11 heures 30, grisé; 08:00; lundi 09 mars");
     affichage.lu = QDateTime(mercredi.jour, QTime(9, 30, 59));
     semaine.dessine(affichage);
     EXPECT_EQ(vu(grille.cells().cell(4, 3)), q("D3  BIENTOT Léa")) << "its row's minute has not passed";

@@ -1,4 +1,5 @@
 #include "platform/ui/FlexGrid.h"
+#include "platform/ui/FlexGridDelegate.h"
 
 #include <QHeaderView>
 #include <QTest>
@@ -52,6 +53,26 @@ class FlexGridTest : public testing::Test {
     std::string asked;
 };
 
+FlexBlock block(qint64 id, int col, int first, int last) {
+    FlexBlock made;
+    made.id = id;
+    made.col = made.day = col;
+    made.first = first;
+    made.last = last;
+    return made;
+}
+
+class Counting : public FlexGridDelegate {
+  public:
+    explicit Counting(const FlexGridDelegate &like) { setAspect(like.aspect(), QFont()); }
+    void paint(QPainter *painter, const QStyleOptionViewItem &option,
+               const QModelIndex &index) const override {
+        ++painted;
+        FlexGridDelegate::paint(painter, option, index);
+    }
+    mutable int painted = 0;
+};
+
 } // namespace
 
 TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
@@ -89,4 +110,72 @@ TEST_F(FlexGridTest, KeysStayInTheSelectableCells) {
     type({Key_Down}, Qt::ShiftModifier);
     type({Key_Up, Key_Enter});
     EXPECT_EQ(taken(), "key 7 2 8 2;key 6 2 6 2;opened;");
+}
+
+TEST_F(FlexGridTest, AMarkThatMovesRepaintsNoCell) {
+    Counting counting(grid.painting());
+    grid.setItemDelegate(&counting);
+    const auto picture = [this] { return grid.viewport()->grab().toImage(); };
+    grid.showOutline(FlexGrid::Corners{2, 1, 3, 1}, {QStringLiteral("08:00"), {}, 0});
+    picture();
+    grid.showOutline(FlexGrid::Corners{3, 1, 3, 1}, {QStringLiteral("08:30"), {}, 0});
+    const QImage before = picture(); // kept from the first mark that moves
+    EXPECT_GT(counting.painted, 0);
+    counting.painted = 0;
+    grid.showOutline(FlexGrid::Corners{5, 2, 6, 2}, {QStringLiteral("09:00"), {}, 0});
+    EXPECT_NE(picture(), before) << "the outline has moved";
+    grid.showNow(4.5, QStringLiteral("10:12"));
+    const QImage now = picture();
+    QTest::mouseMove(grid.viewport(), at(7, 3));
+    EXPECT_NE(picture(), now) << "the slot under the pointer is marked";
+    EXPECT_EQ(counting.painted, 0);
+    grid.showOutline(std::nullopt);
+    grid.showNow(std::nullopt, {});
+    grid.cells().setToday(2);
+    { const FlexGridWriting writing(grid.cells()); }
+    picture();
+    EXPECT_GT(counting.painted, 0) << "what is written is painted";
+    grid.setItemDelegate(nullptr);
+}
+
+TEST_F(FlexGridTest, BlocksOfOneRowStandSideBySide) {
+    {
+        const FlexGridWriting writing(grid.cells());
+        for (int i = 0; i < 12; ++i) {
+            grid.cells().addBlock(block(i + 1, 1, 2, 2));
+        }
+        grid.cells().addBlock(block(20, 1, 3, 4));
+        grid.cells().addBlock(block(21, 1, 4, 5));
+        grid.cells().addBlock(block(22, 1, 5, 6));
+        grid.cells().addBlock(block(23, 2, 5, 6));
+    }
+    EXPECT_TRUE(grid.blockRect(1).isEmpty()) << "the stated look shows the last of a cell";
+    grid.setAspect(AspectDe(Presentation::Contemporaine, QPalette()));
+    const QRegion cell(grid.visualRect(grid.cells().index(2, 1)));
+    QRegion taken;
+    for (int i = 1; i <= 12; ++i) {
+        const QRect place = grid.blockRect(i);
+        EXPECT_FALSE(place.isEmpty() || taken.intersects(place)) << i;
+        taken += place;
+    }
+    EXPECT_TRUE((taken - cell).isEmpty());
+    EXPECT_EQ(grid.blockRect(20).left(), grid.blockRect(22).left()) << "a lane that is free again";
+    EXPECT_GT(grid.blockRect(21).left(), grid.blockRect(20).right());
+    EXPECT_GT(grid.blockRect(23).width(), 1.5 * grid.blockRect(20).width()) << "another column";
+}
+
+TEST_F(FlexGridTest, RowsShareTheHeightUntilTheirTextNeedsIt) {
+    const auto below = [this] {
+        return grid.viewport()->height() - 9 * grid.rowHeight(1); // the header shows the tenth
+    };
+    for (const int height : {300, 400, 2000}) {
+        grid.resize(300, height);
+        EXPECT_TRUE(below() >= 0 && below() < 9) << height;
+    }
+    QFont large = grid.font();
+    large.setPointSize(24);
+    grid.setFont(large);
+    grid.resize(300, 200);
+    EXPECT_GE(grid.rowHeight(1), QFontMetrics(large).height() * 9 / 10);
+    EXPECT_LT(below(), 0) << "it scrolls";
 }

@@ -26,6 +26,7 @@ const Environnement &CabinetDEssai::environnement() {
     m_env.maintenant = [this] { return maintenant; };
     m_env.messages = &messages;
     m_env.traitementDeTexte = [this] { return std::make_unique<RecordingWord>(word); };
+    m_env.fichierReglages = m_temporaire.filePath(QStringLiteral("reglages.ini"));
     m_env.patience = std::chrono::milliseconds(300);
     Database chemins = ouvre(Base::Chemins);
     m_env.prendEmplacements(LitChemin(chemins).value());

@@ -25,6 +25,18 @@ QString enteteJour(QDate date) {
     return spelled(date, u"dddd dd MMM");
 }
 
+QString periode(QDate premier, QDate dernier) {
+    if (premier == dernier) {
+        return spelled(premier, u"dddd d MMMM yyyy");
+    }
+    if (premier.month() == dernier.month()) {
+        return QString::number(premier.day()) + QChar(0x2013) + spelled(dernier, u"d MMMM yyyy");
+    }
+    const bool memeAnnee = premier.year() == dernier.year();
+    return spelled(premier, memeAnnee ? QStringView(u"d MMMM") : QStringView(u"d MMMM yyyy")) +
+           QStringLiteral(" – ") + spelled(dernier, u"d MMMM yyyy");
+}
+
 QString enteteJourLong(QDate date) {
     return spelled(date, u"dddd dd MMMM");
 }

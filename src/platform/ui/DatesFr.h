@@ -21,6 +21,8 @@ QString jourComplet(QDate date);
 QString jourImprime(QDate date);
 /// "dd MMM yyyy": the status bar, a list of appointments
 QString etat(QDate date);
+/// "23–28 novembre 2026", "30 novembre – 5 décembre 2026"; one day: "mercredi 25 novembre 2026"
+QString periode(QDate premier, QDate dernier);
 /// "hh:mm", 24 hours; empty for an invalid time
 QString heure(QTime time);
 

@@ -1,6 +1,7 @@
 #include "platform/ui/FlexGrid.h"
 
 #include "platform/ui/FlexGridDelegate.h"
+#include "platform/ui/FlexMarks.h"
 #include "platform/ui/PlainTip.h"
 
 #include <QGuiApplication>
@@ -23,7 +24,7 @@ class FlexHeader : public QHeaderView {
 
   protected:
     void paintSection(QPainter *painter, const QRect &rect, int section) const override {
-        paintFlexCell(*painter, rect, m_grid.cells().cell(0, section), palette(), false);
+        m_grid.painting().paintHeader(*painter, rect, m_grid.cells(), section);
     }
     void mousePressEvent(QMouseEvent *event) override {
         const int col = logicalIndexAt(event->position().toPoint());
@@ -38,16 +39,22 @@ class FlexHeader : public QHeaderView {
     }
     void mouseMoveEvent(QMouseEvent *event) override { event->accept(); }
     /// The base class would measure the captions in bold, with a font that nothing else needs.
-    QSize sectionSizeFromContents(int) const override { return {1, m_grid.leastRowHeight() + 4}; }
+    QSize sectionSizeFromContents(int) const override { return {1, m_grid.headerHeight()}; }
 
   private:
     FlexGrid &m_grid;
 };
 
-FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
+FlexGrid::FlexGrid(QWidget *parent)
+    : QTableView(parent), m_painting(new FlexGridDelegate(this)), m_layer(new FlexMarksLayer(viewport())) {
+    constexpr int rest = 300; // ms
     setHorizontalHeader(new FlexHeader(*this));
     setModel(&m_cells);
-    setItemDelegate(new FlexGridDelegate(this));
+    setItemDelegate(m_painting);
+    setAspect(AspectDe(Presentation::Classique, palette()));
+    viewport()->setMouseTracking(true);
+    m_rest.setSingleShot(true);
+    m_rest.setInterval(rest);
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     verticalHeader()->setMinimumSectionSize(1);
@@ -62,6 +69,9 @@ FlexGrid::FlexGrid(QWidget *parent) : QTableView(parent) {
     setWordWrap(false);
 
     connect(&m_cells, &QAbstractItemModel::modelReset, this, &FlexGrid::afterReset);
+    connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
+    connect(verticalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
+    connect(&m_rest, &QTimer::timeout, this, [this] { emit cardAsked(m_under); });
 }
 
 void FlexGrid::showAtTop(int row) {
@@ -83,17 +93,19 @@ void FlexGrid::settleRows() {
     updateGeometries();
 }
 
-void FlexGrid::showOutline(const std::optional<Corners> &corners) {
+void FlexGrid::showOutline(const std::optional<Corners> &corners, const OutlineText &text) {
     m_outline = corners;
+    m_outlineText = text;
     const Corners c = corners.value_or(Corners{-1, -1, -1, -1});
     const QModelIndex first = m_cells.index(std::min(c.row, c.rowSel), std::min(c.col, c.colSel));
     const QModelIndex last = m_cells.index(std::max(c.row, c.rowSel), std::max(c.col, c.colSel));
     if (!first.isValid() || !last.isValid()) {
         selectionModel()->clear();
-        return;
+    } else {
+        selectionModel()->setCurrentIndex(m_cells.index(c.row, c.col), QItemSelectionModel::NoUpdate);
+        selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
     }
-    selectionModel()->setCurrentIndex(m_cells.index(c.row, c.col), QItemSelectionModel::NoUpdate);
-    selectionModel()->select(QItemSelection(first, last), QItemSelectionModel::ClearAndSelect);
+    moveMarks();
 }
 
 /// A message box that a press brings up takes the release away.
@@ -105,11 +117,18 @@ void FlexGrid::afterReset() {
     if (m_cells.rows() > 0) {
         setRowHidden(0, true); // the header shows it
     }
+    m_hover = QModelIndex();
+    m_layer->setAspect(m_painting->aspect(), m_painting->labelColor(m_cells));
     fitRows();
+    forgetPicture();
 }
 
 int FlexGrid::leastRowHeight() const {
-    return fontMetrics().height() + 4;
+    return m_painting->leastRowHeight();
+}
+
+int FlexGrid::headerHeight() const {
+    return m_painting->headerHeight();
 }
 
 void FlexGrid::setTimeScale(const std::optional<TimeScale> &scale) {
@@ -142,14 +161,15 @@ void FlexGrid::fitRows() {
         return;
     }
     const int rowsBelowHeader = std::max(m_cells.rows() - 1, 1);
-    const int least = leastRowHeight();
     verticalHeader()->setDefaultSectionSize(
-        std::clamp(viewport()->height() / rowsBelowHeader, least, 2 * least));
+        std::max(viewport()->height() / rowsBelowHeader, leastRowHeight()));
 }
 
 void FlexGrid::resizeEvent(QResizeEvent *event) {
     QTableView::resizeEvent(event);
+    m_layer->setGeometry(viewport()->rect());
     fitRows();
+    forgetPicture();
 }
 
 QPoint FlexGrid::nearestCell(const QPoint &position) const {
@@ -163,6 +183,8 @@ QPoint FlexGrid::nearestCell(const QPoint &position) const {
 
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
     setFocus(Qt::MouseFocusReason);
+    leave();
+    emit cardAsked(0);
     const QModelIndex under = indexAt(event->position().toPoint());
     if (!under.isValid()) {
         return;
@@ -184,6 +206,7 @@ void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
         m_dragging = false;
     }
     if (!m_dragging) {
+        hoverAt(event->position().toPoint());
         return;
     }
     const QPoint cell = nearestCell(event->position().toPoint());
@@ -230,6 +253,12 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
             emit opened(false);
         }
         break;
+    case Qt::Key_Space:
+        emit cardAsked(m_outlineText.block);
+        break;
+    case Qt::Key_Escape:
+        emit cardAsked(0);
+        break;
     case Qt::Key_Menu:
         emit contextMenuAsked(menuPosition());
         break;
@@ -257,6 +286,7 @@ void FlexGrid::moveBy(int rows, int cols, bool extend) {
     if (area.isEmpty()) {
         return;
     }
+    emit cardAsked(0);
     const Corners from =
         m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
     // From a block of several rows, Down leaves it by its end and Up by its beginning.
@@ -277,32 +307,10 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
     QTableView::wheelEvent(event);
 }
 
-void FlexGrid::paintEvent(QPaintEvent *event) {
-    QTableView::paintEvent(event);
-    paintFrame();
-    if (!accessibleDescription().isEmpty()) {
-        QPainter painter(viewport());
-        painter.setPen(palette().color(QPalette::PlaceholderText));
-        painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap,
-                         accessibleDescription());
-    }
-}
-
-/// Light and dark, so that it stands out on every block.
-void FlexGrid::paintFrame() {
-    if (!m_outline) {
-        return;
-    }
-    const QRect frame = visualRect(m_cells.index(m_outline->row, m_outline->col))
-                            .united(visualRect(m_cells.index(m_outline->rowSel, m_outline->colSel)));
-    QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::Text)); // no thicker: the accents of capitals come next
-    painter.drawRect(frame.adjusted(0, 0, -1, -1));
-    painter.setPen(palette().color(QPalette::Base));
-    painter.drawRect(frame.adjusted(1, 1, -2, -2));
-}
-
 bool FlexGrid::viewportEvent(QEvent *event) {
+    if (event->type() == QEvent::Leave) {
+        leave();
+    }
     if (event->type() != QEvent::ToolTip) {
         return QTableView::viewportEvent(event);
     }

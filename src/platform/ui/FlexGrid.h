@@ -1,13 +1,22 @@
 #pragma once
 
+#include "platform/ui/Aspect.h"
 #include "platform/ui/FlexGridModel.h"
 
+#include <QPixmap>
 #include <QTableView>
+#include <QTimer>
 #include <optional>
 
-/// A grid of cells with an outline. What the user does with mouse and keys asks for a selection; what is
-/// outlined is shown by whoever answers, and is nobody's gesture. Row 0 is the header: it stays in sight, and
-/// a click on it asks for a selection like any cell.
+class FlexGridDelegate;
+class FlexMarksLayer;
+struct FlexMarks;
+
+/// A grid of cells, of blocks that lie over them, and of marks that move over both: outline, hover, the hour.
+/// Once a mark has moved, cells and blocks are kept as a picture, so that no mark ever repaints them. What
+/// the user does with mouse and keys asks for a selection; what is outlined is shown by whoever answers, and
+/// is nobody's gesture. Row 0 is the header: it stays in sight, and a click on it asks for a selection like
+/// any cell.
 class FlexGrid : public QTableView {
     Q_OBJECT
   public:
@@ -34,11 +43,24 @@ class FlexGrid : public QTableView {
     FlexGridModel &cells() { return m_cells; }
     const FlexGridModel &cells() const { return m_cells; }
 
+    void setAspect(const Aspect &aspect);
+
+    /// What is said of the outlined cells: their hours, and of a free range its length too.
+    struct OutlineText {
+        QString hours;
+        QString length;
+        qint64 block; ///< the block that is meant; 0: the cells are free
+    };
     /// Outlines these cells, or none.
-    void showOutline(const std::optional<Corners> &corners);
+    void showOutline(const std::optional<Corners> &corners, const OutlineText &text = OutlineText{{}, {}, 0});
     const std::optional<Corners> &outline() const { return m_outline; }
+    /// The line of the hour in today's column: so many rows below the header, 1 being the top of row 1. None
+    /// where the hour lies outside the grid or another day is shown.
+    void showNow(std::optional<double> rows, const QString &hour);
     /// Plain text shown while the pointer rests on the outlined cells.
     void setOutlineToolTip(const QString &text) { m_toolTip = text; }
+    /// The block of that key in viewport pixels; null where there is none, or it is scrolled away.
+    QRect blockRect(qint64 id) const;
     /// Said in the middle of a grid that has no rows to show.
     void setPlaceholder(const QString &text) { setAccessibleDescription(text); }
     /// From the next drawing on, rows are as high as they last: grids of one scale and one height show an
@@ -52,8 +74,10 @@ class FlexGrid : public QTableView {
     bool isDragging() const;
     /// A message box takes the release away.
     void endDrag() { m_dragging = false; }
-    /// What a row of text needs, in pixels.
+    /// What a row of text needs, in pixels; the header.
     int leastRowHeight() const;
+    int headerHeight() const;
+    const FlexGridDelegate &painting() const { return *m_painting; }
     /// Scrolls so that `row` comes to the top of the shown rows.
     void showAtTop(int row);
     /// Scrolls as little as brings the outlined cells into sight, the first of them in any case.
@@ -64,6 +88,11 @@ class FlexGrid : public QTableView {
     /// Enter, or a double click on the outlined cells.
     void opened(bool byMouse);
     void contextMenuAsked(const QPoint &globalPosition);
+    /// The pointer has rested on this block, or Space was pressed while it was outlined; 0: the pointer has
+    /// left it, or Escape was pressed.
+    void cardAsked(qint64 block);
+    /// Rows or columns have moved under what stands over the grid.
+    void moved();
 
   protected:
     void mousePressEvent(QMouseEvent *event) override;
@@ -75,14 +104,36 @@ class FlexGrid : public QTableView {
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
     bool viewportEvent(QEvent *event) override;
+    void scrollContentsBy(int dx, int dy) override;
+    void focusInEvent(QFocusEvent *event) override;
+    void focusOutEvent(QFocusEvent *event) override;
+    void changeEvent(QEvent *event) override;
 
   private:
     void afterReset();
-    /// Rows share the height, between the least that their text needs and twice that.
+    /// Rows share the whole height as long as their text fits: a large screen gives blocks more lines. Below
+    /// that they scroll.
     void fitRows();
     void fitRowsToScale();
     void settleRows();
-    void paintFrame();
+
+    // Painting
+    void paintAll(QPainter &painter, const QRect &rect) const;
+    void paintCells(QPainter &painter, const QRect &rect) const;
+    /// The picture is out of date.
+    void forgetPicture();
+    /// Marks from what is known now.
+    void placeMarks();
+    void placeOutline(FlexMarks &marks) const;
+    void placeNow(FlexMarks &marks) const;
+    /// A mark alone has moved.
+    void moveMarks();
+    QRect cellsRect(const Corners &corners) const;
+    QRect blockRectAt(int place) const;
+    int blockAt(const QPoint &position) const;
+    void hoverAt(const QPoint &position);
+    void leave();
+
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;
     bool isOutlined(const QModelIndex &index) const { return selectionModel()->isSelected(index); }
@@ -98,4 +149,17 @@ class FlexGrid : public QTableView {
     bool m_dragging = false;
     QRect m_selectable;
     QString m_toolTip;
+
+    FlexGridDelegate *m_painting;
+    FlexMarksLayer *m_layer;
+    OutlineText m_outlineText{{}, {}, 0};
+    std::optional<double> m_now;
+    QString m_nowHour;
+    QModelIndex m_hover;
+    QTimer m_rest;
+    qint64 m_under = 0; ///< block under the pointer
+    QPixmap m_picture;
+    bool m_painted = false;
+    bool m_keepsPicture = false; ///< from the first mark that moves
+    bool m_pictureFresh = false;
 };

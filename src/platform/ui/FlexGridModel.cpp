@@ -7,6 +7,7 @@ void FlexGridModel::beginWriting() {
 }
 
 void FlexGridModel::endWriting() {
+    shareLanes(m_blocks);
     endResetModel();
 }
 
@@ -14,6 +15,36 @@ void FlexGridModel::clear(int rows, int cols) {
     m_rows = std::max(rows, 0);
     m_cols = std::max(cols, 0);
     m_cells.assign(size_t(m_rows) * size_t(m_cols), FlexCell());
+    m_blocks.clear();
+    m_days.assign(size_t(m_cols), 0);
+    m_today = -1;
+    m_spoken = nullptr;
+}
+
+void FlexGridModel::addBlock(const FlexBlock &block) {
+    for (int row = block.first; row <= block.last; ++row) {
+        at(row, block.col).block = int(m_blocks.size());
+    }
+    m_blocks.push_back(block);
+}
+
+std::pair<int, int> FlexGridModel::ownRows(int block) const {
+    const FlexBlock &b = m_blocks[size_t(block)];
+    int first = b.first;
+    while (first <= b.last && cell(first, b.col).block != block) {
+        ++first;
+    }
+    int last = first;
+    while (last <= b.last && cell(last, b.col).block == block) {
+        ++last;
+    }
+    return {first, last - 1};
+}
+
+void FlexGridModel::setDay(int col, int day) {
+    if (col >= 0 && size_t(col) < m_days.size()) {
+        m_days[size_t(col)] = day;
+    }
 }
 
 const FlexCell &FlexGridModel::cell(int row, int col) const {
@@ -37,8 +68,13 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
     const FlexCell &found = cell(index.row(), index.column());
     switch (role) {
     case Qt::DisplayRole:
-    case Qt::AccessibleTextRole:
         return found.text;
+    case Qt::AccessibleTextRole: {
+        const QString spoken = m_spoken ? m_spoken(index.row(), index.column()) : QString();
+        return spoken.isEmpty() ? found.text : spoken;
+    }
+    case BlockRole:
+        return found.block >= 0 ? QVariant::fromValue(m_blocks[size_t(found.block)]) : QVariant();
     case Qt::TextAlignmentRole:
         return int(found.alignment);
     case Qt::BackgroundRole:

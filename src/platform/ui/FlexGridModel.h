@@ -1,9 +1,16 @@
 #pragma once
 
+#include "platform/ui/FlexBlock.h"
+
 #include <QAbstractTableModel>
 #include <QColor>
 #include <QImage>
+
+#include <functional>
 #include <vector>
+
+/// What a cell is for: looks that have colours of their own ask for it.
+enum class FlexUse { Slot, Label, Shut };
 
 /// What one cell of a flex grid holds. An invalid colour stands for the system's window or text colour.
 struct FlexCell {
@@ -12,6 +19,8 @@ struct FlexCell {
     QColor fore;
     Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter;
     QImage picture;
+    FlexUse use = FlexUse::Slot;
+    int block = -1; ///< place of the block that the cell shows a row of; the last of several
 
     friend bool operator==(const FlexCell &, const FlexCell &) = default;
 };
@@ -37,6 +46,25 @@ class FlexGridModel : public QAbstractTableModel {
     /// The cell to write to; outside the grid, a cell that nobody sees.
     FlexCell &at(int row, int col);
 
+    /// Draws a block over its rows; cells that it covers know it.
+    void addBlock(const FlexBlock &block);
+    const std::vector<FlexBlock> &blocks() const { return m_blocks; }
+    /// The rows of a block that no later one covers, first and last; none when the first is greater.
+    std::pair<int, int> ownRows(int block) const;
+
+    /// The weekday of a column, and the column of today (-1: none): looks mark them.
+    void setDay(int col, int day);
+    int day(int col) const { return col >= 0 && size_t(col) < m_days.size() ? m_days[size_t(col)] : 0; }
+    void setToday(int col) { m_today = col; }
+    int today() const { return m_today; }
+
+    /// What is read aloud of a cell, asked for when somebody listens; empty: its text.
+    using Spoken = std::function<QString(int row, int col)>;
+    void setSpoken(const Spoken &spoken) { m_spoken = spoken; }
+
+    /// The FlexBlock that a cell shows a row of; nothing elsewhere.
+    static constexpr int BlockRole = Qt::UserRole;
+
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
     QVariant data(const QModelIndex &index, int role) const override;
@@ -50,6 +78,10 @@ class FlexGridModel : public QAbstractTableModel {
     int m_cols = 0;
     std::vector<FlexCell> m_cells;
     FlexCell m_outside;
+    std::vector<FlexBlock> m_blocks;
+    std::vector<int> m_days;
+    int m_today = -1;
+    Spoken m_spoken;
 };
 
 /// Groups all the writing of one drawing into one reset.

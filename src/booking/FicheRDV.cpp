@@ -1,0 +1,116 @@
+#include "booking/FicheRDV.h"
+
+#include "booking/PlaceFiche.h"
+#include "grid/Fourchette.h"
+#include "platform/ui/DatesFr.h"
+#include "schedule/Creneaux.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QPainter>
+#include <QScreen>
+
+namespace {
+
+constexpr int bord = 6;
+constexpr QMargins marges(18, 12, 16, 12);
+
+QLabel *etiquette(QWidget *fiche, const char *nom) {
+    auto *label = new QLabel(fiche);
+    label->setObjectName(QLatin1String(nom));
+    label->setTextFormat(Qt::PlainText);
+    label->setWordWrap(true);
+    return label;
+}
+
+} // namespace
+
+FicheRDV::FicheRDV(QWidget *parent)
+    : QFrame(parent, Qt::ToolTip), m_nom(etiquette(this, "FicheNom")), m_quand(etiquette(this, "FicheQuand")),
+      m_champs(new QFormLayout), Telephone(etiquette(this, "FicheTelephone")),
+      Description(etiquette(this, "FicheDescription")), Acte(etiquette(this, "FicheActe")),
+      NumPatient(etiquette(this, "FicheNumPatient")), Present(etiquette(this, "FichePresent")),
+      m_touches(etiquette(this, "FicheTouches")) {
+    setObjectName(QStringLiteral("FicheRDV"));
+    setAccessibleName(QStringLiteral("Fiche du rendez-vous"));
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::NoFocus);
+    m_champs->addRow(QStringLiteral("Téléphone"), Telephone);
+    m_champs->addRow(QStringLiteral("Description"), Description);
+    m_champs->addRow(QStringLiteral("Acte à faire"), Acte);
+    m_champs->addRow(QStringLiteral("N° de patient"), NumPatient);
+    m_champs->addRow(QStringLiteral("Présent"), Present);
+    m_touches->setText(QStringLiteral("Entrée : éditer     Échap : fermer"));
+    auto *colonne = new QVBoxLayout(this);
+    colonne->setContentsMargins(marges);
+    colonne->addWidget(m_nom);
+    colonne->addWidget(m_quand);
+    colonne->addLayout(m_champs);
+    colonne->addWidget(m_touches);
+}
+
+void FicheRDV::habille(const Aspect &aspect) {
+    if (aspect == m_aspect && !m_nom->text().isEmpty()) {
+        return;
+    }
+    m_aspect = aspect;
+    setPalette(PaletteDe(aspect, palette()));
+    QPalette second = palette();
+    second.setColor(QPalette::WindowText, aspect.encre2);
+    QFont titre = font();
+    constexpr double grand = 15.0 / 12.0;
+    titre.setPointSizeF(QFontInfo(font()).pointSizeF() * grand);
+    titre.setWeight(QFont::DemiBold);
+    m_nom->setFont(titre);
+    m_quand->setPalette(second);
+    m_touches->setPalette(second);
+    for (int rangee = 0; rangee < m_champs->rowCount(); ++rangee) {
+        m_champs->itemAt(rangee, QFormLayout::LabelRole)->widget()->setPalette(second);
+    }
+}
+
+void FicheRDV::remplit(const RendezVous &rdv, const QString &acte) {
+    m_nom->setText(NomComplet(rdv.Nom, rdv.Prenom).trimmed());
+    m_quand->setText(QStringLiteral("%1 · %2–%3 · %4 min")
+                         .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
+                              DatesFr::heure(rdv.HeureFin))
+                         .arg(Minutes(rdv.HeureDebut, rdv.HeureFin)));
+    Telephone->setText(rdv.Telephone.trimmed());
+    Description->setText(rdv.Description.trimmed());
+    Acte->setText(acte);
+    NumPatient->setText(rdv.NumPatient == QStringLiteral("0") ? QString() : rdv.NumPatient);
+    Present->setText(rdv.Present ? QStringLiteral("oui") : QStringLiteral("non"));
+    for (QLabel *champ : {Telephone, Description, Acte, NumPatient}) {
+        if (champ->text().isEmpty()) {
+            champ->setText(QStringLiteral("—"));
+        }
+    }
+}
+
+bool FicheRDV::montre(const RendezVous &rdv, const QString &acte, const Aspect &aspect, const QRect &bloc) {
+    constexpr int largeur = 334;
+    constexpr int corps = 16; // height of the font that the width was made for
+    habille(aspect);
+    remplit(rdv, acte);
+    m_bord = aspect.jours[size_t(Jour(rdv.Date1))].bord;
+    const int large = std::max(largeur, largeur * fontMetrics().height() / corps);
+    const QSize taille(large, layout()->totalHeightForWidth(large));
+    const QScreen *ecran = parentWidget()->screen();
+    const auto place = PlaceFiche(bloc, taille, ecran->availableGeometry());
+    if (!place) {
+        hide();
+        return false;
+    }
+    setGeometry(*place);
+    show();
+    update();
+    return true;
+}
+
+void FicheRDV::paintEvent(QPaintEvent *) {
+    QPainter peintre(this);
+    peintre.fillRect(rect(), m_aspect.feuille);
+    peintre.setPen(m_aspect.encre3);
+    peintre.drawRect(rect().adjusted(0, 0, -1, -1));
+    peintre.fillRect(0, 0, bord, height(), m_bord);
+}

@@ -1,0 +1,181 @@
+#include "platform/ui/FlexMarks.h"
+
+#include <QPaintEvent>
+#include <QPainter>
+
+namespace {
+
+constexpr int halo = 1;
+constexpr int outlineWidth = 2;
+constexpr int radius = 5;
+constexpr int indent = 20; // of a text in a free slot
+constexpr int arrow = 5;   // before the line of the hour
+constexpr int nowEnd = 7;  // what is left of that line on a block
+
+QFont bold(QFont font) {
+    font.setBold(true);
+    return font;
+}
+
+QFont smaller(QFont font) {
+    constexpr double second = 11.0 / 12.0;
+    font.pixelSize() > 0 ? font.setPixelSize(int(font.pixelSize() * second))
+                         : font.setPointSizeF(font.pointSizeF() * second);
+    return font;
+}
+
+/// What drawing these marks may touch.
+QRect outlineArea(const FlexMarks &m) {
+    return m.outline.isNull() ? QRect() : m.outline.adjusted(-1 - halo, -1 - halo, halo, halo);
+}
+QRect nowArea(const FlexMarks &m) {
+    return m.nowLine.isNull() ? m.nowLabels
+                              : m.nowLabels.united(m.nowLine.adjusted(-arrow, -arrow, 0, arrow));
+}
+
+} // namespace
+
+FlexMarksLayer::FlexMarksLayer(QWidget *viewport) : QWidget(viewport) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+    setFocusPolicy(Qt::NoFocus);
+}
+
+void FlexMarksLayer::setAspect(const Aspect &aspect, const QColor &labels) {
+    m_aspect = aspect;
+    m_labels = labels;
+    update();
+}
+
+void FlexMarksLayer::setMarks(const FlexMarks &marks) {
+    if (marks == m_marks) {
+        return;
+    }
+    const FlexMarks before = std::exchange(m_marks, marks);
+    const auto changed = [this](bool same, const QRect &from, const QRect &to) {
+        if (!same) {
+            update(QRegion(from) + to);
+        }
+    };
+    const bool sameOutline = before.outline == marks.outline && before.hours == marks.hours &&
+                             before.length == marks.length && before.free == marks.free &&
+                             before.focused == marks.focused;
+    changed(sameOutline, outlineArea(before), outlineArea(marks));
+    changed(before.hover == marks.hover && before.hoverText == marks.hoverText, before.hover, marks.hover);
+    changed(before.nowLine == marks.nowLine && before.nowPill == marks.nowPill &&
+                before.nowText == marks.nowText && before.nowOnBlock == marks.nowOnBlock,
+            nowArea(before), nowArea(marks));
+}
+
+void FlexMarksLayer::paintEvent(QPaintEvent *event) {
+    QPainter painter(this);
+    painter.setClipRegion(event->region());
+    painter.setRenderHint(QPainter::Antialiasing);
+    paintHover(painter);
+    paintNow(painter);
+    paintOutline(painter);
+}
+
+void FlexMarksLayer::paintHover(QPainter &painter) const {
+    if (m_marks.hover.isNull()) {
+        return;
+    }
+    constexpr double border = 0.35;
+    const QRect frame = m_marks.hover.adjusted(1, 0, -2, -1);
+    painter.setPen(Melange(m_aspect.accent, m_aspect.feuille, border));
+    painter.setBrush(m_aspect.survol);
+    painter.drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), radius - 1, radius - 1);
+    painter.setPen(m_aspect.encre2);
+    painter.setFont(smaller(font()));
+    painter.drawText(frame.adjusted(indent, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter, m_marks.hoverText);
+}
+
+void FlexMarksLayer::paintOutline(QPainter &painter) const {
+    if (m_marks.outline.isNull()) {
+        return;
+    }
+    const QColor accent = m_marks.focused ? m_aspect.accent : m_aspect.encre3;
+    // over the gap and the contour of what it surrounds: the text keeps its place
+    const QRectF frame = QRectF(m_marks.outline).adjusted(-1, -1, 0, 0);
+    painter.setBrush(m_marks.free ? QBrush(m_aspect.choix) : QBrush(Qt::NoBrush));
+    painter.setPen(QPen(m_aspect.feuille, halo));
+    constexpr double half = 0.5;
+    painter.drawRoundedRect(frame.adjusted(-half, -half, half, half), radius, radius);
+    painter.setBrush(Qt::NoBrush);
+    if (!m_aspect.contemporaine()) { // seen on a solid block of the same blue too
+        constexpr double inner = outlineWidth + half;
+        painter.drawRoundedRect(frame.adjusted(inner, inner, -inner, -inner), radius - 2, radius - 2);
+    }
+    painter.setPen(QPen(accent, outlineWidth));
+    painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), radius, radius);
+    if (!m_marks.free) {
+        paintChip(painter);
+        return;
+    }
+    const QRect text = m_marks.outline.adjusted(indent, 0, -radius, 0);
+    const QFontMetrics metrics(bold(font()));
+    const QRect line(text.left(), text.top(), text.width(),
+                     m_marks.oneRow ? text.height() : metrics.height() + outlineWidth);
+    painter.setPen(accent);
+    painter.setFont(bold(font()));
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
+                     metrics.elidedText(m_marks.hours, Qt::ElideRight, line.width()));
+    constexpr int gap = 8;
+    painter.setFont(font());
+    painter.drawText(line.adjusted(metrics.horizontalAdvance(m_marks.hours) + gap, 0, 0, 0),
+                     Qt::AlignLeft | Qt::AlignVCenter, m_marks.length);
+}
+
+/// The hours of an appointment: on the line where it writes them, or at the right where it has no such line.
+void FlexMarksLayer::paintChip(QPainter &painter) const {
+    if (m_marks.hours.isEmpty()) {
+        return;
+    }
+    const QFont small = bold(smaller(font()));
+    const QFontMetrics metrics(small);
+    constexpr int padding = 5;
+    const QSize size(metrics.horizontalAdvance(m_marks.hours) + 2 * padding, metrics.height() - 1);
+    const QRect inside = m_marks.outline.adjusted(outlineWidth, outlineWidth, -outlineWidth, -outlineWidth);
+    QRect chip(QPoint(inside.right() - size.width() + 1, inside.bottom() - size.height() + 1), size);
+    if (m_aspect.contemporaine() && !m_marks.oneRow) {
+        chip.moveTopLeft(inside.topLeft() + QPoint(indent - 4, QFontMetrics(font()).height() - 2));
+    } else if (m_marks.oneRow) {
+        chip.moveTop(inside.top());
+        chip.setBottom(inside.bottom());
+    }
+    chip.moveRight(std::min(chip.right(), inside.right()));
+    chip = chip.intersected(inside);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_marks.focused ? m_aspect.accent : m_aspect.encre3);
+    painter.drawRoundedRect(chip, 3, 3);
+    painter.setPen(m_marks.focused ? m_aspect.surAccent : m_aspect.feuille);
+    painter.setFont(small);
+    painter.drawText(chip, Qt::AlignCenter, metrics.elidedText(m_marks.hours, Qt::ElideRight, chip.width()));
+}
+
+void FlexMarksLayer::paintNow(QPainter &painter) const {
+    const QRect &line = m_marks.nowLine;
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(m_aspect.encre);
+    if (!line.isNull()) {
+        QRegion drawn(line);
+        if (m_marks.nowOnBlock) { // no name is struck through
+            drawn -= line.adjusted(nowEnd, 0, -nowEnd, 0);
+        }
+        painter.setRenderHint(QPainter::Antialiasing, false);
+        for (const QRect &part : drawn) {
+            painter.fillRect(part.adjusted(0, -halo, 0, halo), m_aspect.feuille);
+            painter.fillRect(part, m_aspect.encre);
+        }
+        painter.setRenderHint(QPainter::Antialiasing);
+        const QPointF tip(line.left() + 2, line.top() + 1);
+        painter.drawPolygon(QPolygonF{tip, tip + QPointF(-arrow, -arrow), tip + QPointF(-arrow, arrow)});
+    }
+    if (m_marks.nowPill.isNull()) {
+        return;
+    }
+    painter.fillRect(m_marks.nowLabels, m_labels);
+    painter.drawRoundedRect(m_marks.nowPill, m_marks.nowPill.height() / 2.0, m_marks.nowPill.height() / 2.0);
+    painter.setPen(m_aspect.feuille);
+    painter.setFont(m_aspect.contemporaine() ? bold(font()) : font()); // see the header of the day
+    painter.drawText(m_marks.nowPill, Qt::AlignCenter, m_marks.nowText);
+}

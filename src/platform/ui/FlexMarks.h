@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/ui/Aspect.h"
+
+#include <QWidget>
+
+/// What moves over a grid without being part of its picture, in pixels of the viewport. Nothing is a null
+/// rectangle.
+struct FlexMarks {
+    QRect outline;
+    QString hours;  ///< of what is outlined
+    QString length; ///< of a free range; an appointment's hours stand in a chip instead
+    bool free = false;
+    bool oneRow = false;
+    bool focused = true;
+
+    QRect hover; ///< free slot under the pointer
+    QString hoverText;
+
+    QRect nowLine;           ///< in today's column, two pixels high
+    bool nowOnBlock = false; ///< only its ends are drawn then
+    QRect nowLabels;         ///< the labels that the hour takes the place of
+    QRect nowPill;
+    QString nowText;
+
+    friend bool operator==(const FlexMarks &, const FlexMarks &) = default;
+};
+
+/// Draws the marks: the one child of a grid's viewport, which lets every gesture through.
+class FlexMarksLayer : public QWidget {
+    Q_OBJECT
+  public:
+    explicit FlexMarksLayer(QWidget *viewport);
+
+    const FlexMarks &marks() const { return m_marks; }
+    /// Only what changes is drawn again.
+    void setMarks(const FlexMarks &marks);
+    void setAspect(const Aspect &aspect, const QColor &labels);
+
+  protected:
+    void paintEvent(QPaintEvent *event) override;
+
+  private:
+    void paintHover(QPainter &painter) const;
+    void paintOutline(QPainter &painter) const;
+    void paintChip(QPainter &painter) const;
+    void paintNow(QPainter &painter) const;
+
+    FlexMarks m_marks;
+    Aspect m_aspect;
+    QColor m_labels; ///< behind the hour labels
+};

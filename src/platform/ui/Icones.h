@@ -1,0 +1,9 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+
+enum class Icone { Precedent, Aujourdhui, Suivant, Rechercher, Libre, Mois, Rafraichir, Quitter };
+
+/// A toolbar's picture, drawn in strokes of `couleur`; paler when it is disabled.
+QIcon icone(Icone quoi, const QColor &couleur);

@@ -1,0 +1,136 @@
+#include "start/Habillage.h"
+
+#include "ui_FrmEntree.h"
+
+#include "grid/Vues.h"
+#include "platform/ui/DatesFr.h"
+#include "platform/ui/Icones.h"
+#include "practice/Environnement.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QLabel>
+#include <QSettings>
+#include <QToolBar>
+
+namespace {
+
+const QString cle = QStringLiteral("presentation");
+const QString contemporaine = QStringLiteral("contemporaine");
+
+/// What an older or a later version may have stored is Classique.
+Presentation retenue(const Environnement &env) {
+    const QString lue = QSettings(env.fichierReglages, QSettings::IniFormat).value(cle).toString();
+    return !env.fichierReglages.isEmpty() && lue == contemporaine ? Presentation::Contemporaine
+                                                                  : Presentation::Classique;
+}
+
+} // namespace
+
+Habillage::Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vues, QMainWindow &fenetre)
+    : QObject(&fenetre), m_ui(ui), m_env(env), m_vues(vues), m_fenetre(fenetre),
+      m_presentation(retenue(env)) {
+    fenetre.installEventFilter(this);
+    applique();
+}
+
+void Habillage::choisit(Presentation presentation) {
+    m_presentation = presentation;
+    if (!m_env.fichierReglages.isEmpty()) {
+        QSettings(m_env.fichierReglages, QSettings::IniFormat)
+            .setValue(cle, avecBoutons() ? QStringLiteral("classique") : contemporaine);
+    }
+    applique();
+}
+
+void Habillage::applique() {
+    const QPalette bureau = QApplication::palette();
+    const Aspect aspect = AspectDe(m_presentation, bureau);
+    m_fenetre.setPalette(avecBoutons() ? QPalette() : PaletteDe(aspect, bureau));
+    m_vues.habille(aspect);
+    if (!avecBoutons()) {
+        delete m_barre; // its icons have the look's colour
+        construitBarre();
+    }
+    if (m_barre != nullptr) {
+        m_barre->setVisible(!avecBoutons());
+    }
+    emit change();
+}
+
+QAction *Habillage::ajoute(int quoi, const QString &texte, const std::function<void()> &operation) {
+    QAction *action = m_barre->addAction(icone(Icone(quoi), m_vues.aspect().encre), texte, this, operation);
+    m_actions << action;
+    return action;
+}
+
+void Habillage::construitBarre() {
+    constexpr int cote = 16;
+    m_actions.clear();
+    m_barre = new QToolBar(&m_fenetre);
+    m_barre->setObjectName(QStringLiteral("BarreOutils"));
+    m_barre->setMovable(false);
+    m_barre->setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the bar
+    m_barre->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    m_barre->setIconSize(QSize(cote, cote));
+    const auto presse = [this](QPushButton *semaine, QPushButton *jour) {
+        return [this, semaine, jour] { (m_semaine ? semaine : jour)->click(); };
+    };
+    ajoute(int(Icone::Precedent), {}, presse(m_ui.BtnPrecedent, m_ui.BtnPrecedent2));
+    ajoute(int(Icone::Aujourdhui), m_ui.BtnAujourdhui->text(),
+           presse(m_ui.BtnAujourdhui, m_ui.BtnAujourdhui2));
+    ajoute(int(Icone::Suivant), {}, presse(m_ui.BtnSuivant, m_ui.BtnSuivant2));
+    m_periode = new QLabel(m_barre);
+    QFont gras = m_fenetre.font();
+    gras.setWeight(QFont::DemiBold);
+    m_periode->setFont(gras);
+    m_periode->setObjectName(QStringLiteral("Periode"));
+    m_periode->setContentsMargins(cote / 2, 0, cote, 0);
+    m_barre->addWidget(m_periode);
+    auto *ressort = new QWidget(m_barre);
+    ressort->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    m_barre->addWidget(ressort);
+    ajoute(int(Icone::Rechercher), QStringLiteral("Rechercher"), [this] { m_ui.mnurechercher->trigger(); });
+    ajoute(int(Icone::Libre), QStringLiteral("Créneau libre"), [this] { m_ui.mnuRDVlibre->trigger(); });
+    m_barre->addSeparator();
+    ajoute(int(Icone::Mois), m_ui.BtnMois->text(), presse(m_ui.BtnMois, m_ui.BtnMois));
+    ajoute(int(Icone::Rafraichir), m_ui.BtnRafraichir->text(),
+           presse(m_ui.BtnRafraichir, m_ui.BtnRafraichir));
+    ajoute(int(Icone::Quitter), m_ui.mnuquitter->text().remove(u'&'),
+           presse(m_ui.BtnQuitter, m_ui.BtnQuitter));
+    m_fenetre.addToolBar(m_barre);
+}
+
+void Habillage::dessine(const Affichage &affichage) {
+    m_ui.mnuClassique->setChecked(avecBoutons());
+    m_ui.mnuContemporaine->setChecked(!avecBoutons());
+    m_semaine = affichage.demande.VueSemaine;
+    for (const char *nom : {"BtnSemaine", "BtnJour"}) {
+        auto *bouton = m_fenetre.findChild<QPushButton *>(QLatin1String(nom));
+        bouton->setPalette(avecBoutons() ? QPalette() : PaletteBouton(m_vues.aspect(), bouton->isChecked()));
+    }
+    if (avecBoutons()) {
+        return;
+    }
+    enum Place { Precedent, Aujourdhui, Suivant, Rechercher, Libre, Mois, Rafraichir, Quitter };
+    m_actions[Precedent]->setText(m_semaine ? QStringLiteral("Précédente") : QStringLiteral("Précédent"));
+    m_actions[Suivant]->setText(m_semaine ? QStringLiteral("Suivante") : QStringLiteral("Suivant"));
+    const std::initializer_list<std::pair<Place, bool>> actives{
+        {Precedent, m_ui.BtnPrecedent->isEnabled()},   {Aujourdhui, m_ui.BtnAujourdhui->isEnabled()},
+        {Suivant, m_ui.BtnSuivant->isEnabled()},       {Rechercher, m_ui.mnurechercher->isEnabled()},
+        {Libre, m_ui.mnuRDVlibre->isEnabled()},        {Mois, m_ui.BtnMois->isEnabled()},
+        {Rafraichir, m_ui.BtnRafraichir->isEnabled()}, {Quitter, m_ui.BtnQuitter->isEnabled()}};
+    for (const auto &[place, active] : actives) {
+        m_actions[place]->setEnabled(active);
+    }
+    const auto [premier, dernier] = JoursLus(affichage.demande);
+    m_periode->setText(affichage.grilles.isEmpty() ? QString() : DatesFr::periode(premier, dernier));
+}
+
+/// The desktop turns dark or light while the book is open.
+bool Habillage::eventFilter(QObject *objet, QEvent *evenement) {
+    if (evenement->type() == QEvent::ApplicationPaletteChange) {
+        applique();
+    }
+    return QObject::eventFilter(objet, evenement);
+}

@@ -1,0 +1,55 @@
+#pragma once
+
+#include "platform/ui/Aspect.h"
+
+#include <QObject>
+
+#include <functional>
+
+class QAction;
+class QLabel;
+class QMainWindow;
+class QToolBar;
+class Vues;
+struct Affichage;
+struct Environnement;
+namespace Ui {
+class FrmEntree;
+}
+
+/// The presentation that this workstation has chosen: the looks of the grids, the window's colours, and a
+/// toolbar or the bar of buttons. The toolbar's actions press those buttons, so that there is one way to do
+/// each thing.
+class Habillage : public QObject {
+    Q_OBJECT
+  public:
+    Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vues, QMainWindow &fenetre);
+
+    bool avecBoutons() const { return m_presentation == Presentation::Classique; }
+    /// Chosen in the menu, and remembered.
+    void choisit(Presentation presentation);
+    /// Ticks and toolbar, as the buttons are.
+    void dessine(const Affichage &affichage);
+
+  signals:
+    /// Other controls have to be shown.
+    void change();
+
+  protected:
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+  private:
+    void applique();
+    void construitBarre();
+    QAction *ajoute(int quoi, const QString &texte, const std::function<void()> &operation);
+
+    const Ui::FrmEntree &m_ui;
+    const Environnement &m_env;
+    Vues &m_vues;
+    QMainWindow &m_fenetre;
+    Presentation m_presentation;
+    QToolBar *m_barre = nullptr; ///< made when it is first shown
+    QLabel *m_periode = nullptr;
+    QList<QAction *> m_actions;
+    bool m_semaine = true;
+};
