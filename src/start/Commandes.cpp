@@ -15,9 +15,8 @@ void Commandes::dessine(const CarnetMontre &carnet) {
             action->setEnabled(charge);
         }
     }
-    for (QAction *action :
-         {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRubrique, m_ui.mnuTouches, m_ui.mnuRafraichir,
-          m_ui.mnuClassique, m_ui.mnuContemporaine}) {
+    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRubrique, m_ui.mnuTouches,
+                            m_ui.mnuRafraichir, m_ui.mnuClassique, m_ui.mnuContemporaine}) {
         action->setEnabled(true);
     }
     m_ui.mnuReporter->setEnabled(false);

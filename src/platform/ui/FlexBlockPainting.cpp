@@ -18,6 +18,14 @@ constexpr int markSize = 12;
 constexpr int nameLine = 15; // pixels
 constexpr int outlineWidth = 2;
 
+/// Inside the edges of `rect`; a pen takes ten times as long.
+void paintBorder(QPainter &painter, const QRect &rect, const QColor &color) {
+    painter.fillRect(rect.left(), rect.top(), rect.width(), 1, color);
+    painter.fillRect(rect.left(), rect.bottom(), rect.width(), 1, color);
+    painter.fillRect(rect.left(), rect.top(), 1, rect.height(), color);
+    painter.fillRect(rect.right(), rect.top(), 1, rect.height(), color);
+}
+
 } // namespace
 
 void FlexGridDelegate::paintBlock(QPainter &painter, const QRect &rect, const FlexGridModel &model,
@@ -47,6 +55,10 @@ const QPixmap &FlexGridDelegate::drawnOnce(const QPainter &painter, const QList<
     const auto known = m_drawn.constFind(whole);
     if (known != m_drawn.constEnd()) {
         return *known;
+    }
+    constexpr int most = 1000; // heights change while a window is pulled larger
+    if (m_drawn.size() >= most) {
+        m_drawn.clear();
     }
     QPixmap picture(size * scale);
     picture.setDevicePixelRatio(scale);
@@ -99,9 +111,7 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     const auto [first, last] = model.ownRows(place);
     const FlexCell &cell = model.cell(first, block.col);
     constexpr double darker = 0.35;
-    painter.setBrush(Qt::NoBrush);
-    painter.setPen(cell.back.isValid() ? Melange(Qt::black, cell.back, darker) : m_aspect.encre3);
-    painter.drawRect(rect.adjusted(0, 0, -1, -1));
+    paintBorder(painter, rect, cell.back.isValid() ? Melange(Qt::black, cell.back, darker) : m_aspect.encre3);
     if (first != block.first) {
         return; // the row that has its text is another's
     }
@@ -114,13 +124,13 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     if (!block.detail.isEmpty()) {
         text += QStringLiteral("  [") + block.detail + u']';
     }
-    const int lines = last > first ? std::max((rect.height() - 3) / lineStep(), 1) : 1;
+    const int lines = last > first ? std::max((rect.height() - 3) / m_lineStep, 1) : 1;
     if (last > first) {
         text.prepend(DatesFr::heure(block.start) + u' ');
     }
     painter.setPen(cell.fore.isValid() ? cell.fore : m_aspect.encre);
     const int left = std::max(scaled(classicIndent), cell.picture.width());
-    const int above = rect.height() > 2 * lineStep() ? 2 : 0; // the outline leaves the accents alone
+    const int above = rect.height() > 2 * m_lineStep ? 2 : 0; // the outline leaves the accents alone
     write(painter, rect.adjusted(left, above, -3, 0), text, Plain,
           Qt::AlignLeft | (last > first ? Qt::AlignTop : Qt::AlignVCenter), lines);
 }
@@ -179,9 +189,7 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
     } else { // square: it goes on beyond the grid, or has no room for corners
         painter.fillRect(rect, frame.tint);
         painter.fillRect(rect.left(), rect.top(), solid, rect.height(), frame.edge);
-        painter.setBrush(Qt::NoBrush);
-        painter.setPen(frame.contour);
-        painter.drawRect(rect.adjusted(0, 0, -1, -1));
+        paintBorder(painter, rect, frame.contour);
     }
     painter.setPen(QPen(m_aspect.encre3, 1, Qt::DashLine));
     for (const auto &[beyond, y] :
@@ -203,8 +211,8 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
 /// Name, hours, description: one below the other as far as they fit.
 void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
     const int needed = scaled(nameLine);
-    const int lines = (rect.height() - needed) / lineStep();
-    const int spare = rect.height() - needed - std::min(lines, 2) * lineStep();
+    const int lines = (rect.height() - needed) / m_lineStep;
+    const int spare = rect.height() - needed - std::min(lines, 2) * m_lineStep;
     // the outline leaves the accents of capitals alone
     const int above = lines < 1 ? 0 : std::min(spare / 2, outlineWidth);
     const QRect name(rect.left(), rect.top() + above, rect.width(), lines < 1 ? rect.height() : needed);
@@ -215,15 +223,15 @@ void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, con
         write(painter, name.adjusted(width + radius, 0, 0, 0), block.detail, Small);
         return;
     }
-    QRect line(rect.left(), name.bottom(), rect.width(), lineStep());
+    QRect line(rect.left(), name.bottom(), rect.width(), m_lineStep);
     if (lines == 1) {
         const QString behind = block.detail.isEmpty() ? QString() : QStringLiteral(" · ") + block.detail;
         write(painter, line, block.hours() + behind, Small);
         return;
     }
     write(painter, line, block.hours(), Small);
-    line.moveTop(line.top() + lineStep());
+    line.moveTop(line.top() + m_lineStep);
     line.setBottom(rect.bottom());
     write(painter, line, block.detail, Small, Qt::AlignLeft | Qt::AlignTop,
-          std::max(line.height() / lineStep(), 1));
+          std::max(line.height() / m_lineStep, 1));
 }

@@ -65,6 +65,7 @@ FlexGrid::FlexGrid(QWidget *parent)
     setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOn);
     setVerticalScrollMode(QAbstractItemView::ScrollPerItem);
     setTabKeyNavigation(false);
+    viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
     setAutoScroll(false); // a redraw keeps the rows in sight
     setWordWrap(false);
 

@@ -40,6 +40,7 @@ void FlexGridDelegate::setAspect(const Aspect &aspect, const QFont &font) {
     } else {
         m_fonts[Small].setPointSizeF(font.pointSizeF() * second);
     }
+    m_lineStep = QFontMetrics(m_fonts[aspect.contemporaine() ? Small : Plain]).height();
     m_scale = double(QFontMetrics(font).height()) / fontHeight;
     m_hatching = hatching(aspect.hachure, aspect.hachure2);
     m_texts.clear();
@@ -55,10 +56,6 @@ int FlexGridDelegate::headerHeight() const {
     return std::max(height, scaled(height));
 }
 
-int FlexGridDelegate::lineStep() const {
-    return QFontMetrics(m_fonts[m_aspect.contemporaine() ? Small : Plain]).height();
-}
-
 QColor FlexGridDelegate::labelColor(const FlexGridModel &model) const {
     const QColor stated = model.cell(1, 0).back;
     return m_aspect.contemporaine() || !stated.isValid() ? m_aspect.fond : stated;
@@ -71,7 +68,7 @@ int FlexGridDelegate::write(QPainter &painter, const QRect &rect, const QString 
         return 0;
     }
     const TextCache::Laid &laid =
-        m_texts.lay(text, m_fonts[size_t(font)], font, rect.width(), lines, lineStep());
+        m_texts.lay(text, m_fonts[size_t(font)], font, rect.width(), lines, m_lineStep);
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, alignment, laid.size.toSize(), rect);
     laid.layout->draw(&painter, place.topLeft());
     return int(laid.size.width() + 1);
@@ -100,13 +97,25 @@ void FlexGridDelegate::paintClassicCell(QPainter &painter, const QRect &rect, co
     }
     painter.fillRect(rect.right(), rect.top(), 1, rect.height(), m_aspect.trait);
     if (!cell.picture.isNull()) {
-        painter.setRenderHint(QPainter::SmoothPixmapTransform);
-        painter.drawImage(QRect(rect.left(), rect.top(), cell.picture.width(), rect.height()), cell.picture);
+        paintPicture(painter, QRect(rect.topLeft(), QSize(cell.picture.width(), rect.height())),
+                     cell.picture);
     }
     if (cell.block < 0 && !cell.text.isEmpty()) {
         painter.setPen(cell.fore.isValid() ? cell.fore : text);
         write(painter, rect.adjusted(0, 0, -1, 0), cell.text, Plain, cell.alignment);
     }
+}
+
+/// Stretched over the height of its cell.
+void FlexGridDelegate::paintPicture(QPainter &painter, const QRect &rect, const QImage &picture) const {
+    const auto stretch = [&](QPainter &drawing) {
+        drawing.setRenderHint(QPainter::SmoothPixmapTransform);
+        drawing.drawImage(QRect(QPoint(0, 0), rect.size()), picture);
+    };
+    constexpr int half = 32; // bits
+    const auto which = quint64(picture.cacheKey());
+    painter.drawPixmap(rect.topLeft(),
+                       drawnOnce(painter, {uint(which >> half), uint(which)}, rect.size(), stretch));
 }
 
 void FlexGridDelegate::paintTintedCell(QPainter &painter, const QRect &rect, const QModelIndex &index) const {

@@ -48,6 +48,7 @@ class FlexGridDelegate : public QStyledItemDelegate {
     int scaled(double pixels) const { return qRound(pixels * m_scale); }
     void paintClassicCell(QPainter &painter, const QRect &rect, const QModelIndex &index,
                           const QColor &text) const;
+    void paintPicture(QPainter &painter, const QRect &rect, const QImage &picture) const;
     void paintTintedCell(QPainter &painter, const QRect &rect, const QModelIndex &index) const;
     void paintTintedHeader(QPainter &painter, const QRect &rect, const FlexGridModel &model, int col) const;
     void paintClassicBlock(QPainter &painter, const QRect &rect, const FlexGridModel &model, int place) const;
@@ -63,10 +64,10 @@ class FlexGridDelegate : public QStyledItemDelegate {
     /// Gives the width of what was written.
     int write(QPainter &painter, const QRect &rect, const QString &text, Font font,
               Qt::Alignment alignment = Qt::AlignLeft | Qt::AlignVCenter, int lines = 1) const;
-    int lineStep() const;
 
     Aspect m_aspect;
     std::array<QFont, 3> m_fonts;
+    int m_lineStep = 0; ///< pixels from line to line of a text
     double m_scale = 1; ///< of the font to the one that the sizes were made for
     QPixmap m_hatching;
     mutable TextCache m_texts;

@@ -53,7 +53,9 @@ void FlexGrid::paintEvent(QPaintEvent *event) {
 }
 
 void FlexGrid::paintAll(QPainter &painter, const QRect &rect) const {
-    painter.fillRect(rect, m_painting->aspect().feuille);
+    for (const QRect &bare : QRegion(rect) - cellsRect({0, 0, m_cells.rows() - 1, m_cells.cols() - 1})) {
+        painter.fillRect(bare, m_painting->aspect().feuille);
+    }
     paintCells(painter, rect);
     for (size_t i = 0; i < m_cells.blocks().size(); ++i) {
         const QRect place = blockRectAt(int(i));
