@@ -47,10 +47,13 @@ void EcritHeure(FlexCell &cellule, const QString &texte) {
     cellule.use = FlexUse::Label;
 }
 
-void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col) {
-    EcritHeure(cellules.at(0, col), QStringLiteral("Heure"));
+void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux) {
+    EcritHeure(cellules.at(0, 0), QStringLiteral("Heure"));
     for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
-        EcritHeure(cellules.at(ligne, col), DatesFr::heure(creneaux.heure(ligne)));
+        EcritHeure(cellules.at(ligne, 0), DatesFr::heure(creneaux.heure(ligne)));
+    }
+    for (int ligne = 0; ligne < cellules.rows(); ++ligne) {
+        cellules.at(ligne, cellules.cols() - 1) = cellules.cell(ligne, 0);
     }
 }
 
@@ -75,7 +78,7 @@ void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const 
     const int jour = Jour(rdv.Date1);
     for (int ligne = fourchette.premiere; ligne <= fourchette.derniere; ++ligne) {
         FlexCell &cellule = cellules.at(ligne, colonne);
-        cellule.picture = images.image(NomImage(fourchette.forme(ligne), jour));
+        cellule.picture = images.image(fourchette.forme(ligne), jour);
         if (rdv.Present) {
             cellule.back = QColor(couleurWindows(CouleurJour(jour)));
             cellule.fore = Qt::white;

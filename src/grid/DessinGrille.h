@@ -12,8 +12,9 @@ struct FlexCell;
 
 /// A grey, centred hour label.
 void EcritHeure(FlexCell &cellule, const QString &texte);
-/// "Heure" in row 0 and the time of every row from 1 on, closing row included, in column `col`.
-void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux, int col);
+/// "Heure" in row 0 and the time of every row from 1 on, closing row included, in the first
+/// and in the last column.
+void EcritHeures(FlexGridModel &cellules, const Creneaux &creneaux);
 /// Background 0xA0A0A0 on rows `premiere` … `derniere` of `col`; none when the first is greater.
 void Grise(FlexGridModel &cellules, int premiere, int derniere, int col);
 

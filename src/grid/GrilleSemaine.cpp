@@ -46,8 +46,7 @@ void GrilleSemaine::dessine(const Affichage &affichage) {
     }
     const Configuration &config = grille.config;
     cellules.clear(grille.creneaux.lignes(), config.NbJours + 2);
-    EcritHeures(cellules, grille.creneaux, 0);
-    EcritHeures(cellules, grille.creneaux, cellules.cols() - 1);
+    EcritHeures(cellules, grille.creneaux);
     const QDate lundi = Lundi(affichage.demande.jour);
     QList<QDate> jours(cellules.cols());
     for (int jour = 1; jour <= 7; ++jour) {

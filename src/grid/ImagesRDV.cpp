@@ -36,14 +36,13 @@ QImage lit(const QString &fichier) {
 
 } // namespace
 
-QImage ImagesRDV::image(const QString &nom) {
-    if (nom.isEmpty()) {
-        return {};
+QImage ImagesRDV::image(FormeCellule forme, int jour) {
+    std::optional<QImage> &lue = m_lues.at(size_t(forme)).at(size_t(jour));
+    if (!lue) {
+        const QString nom = NomImage(forme, jour);
+        lue = nom.isEmpty()
+                  ? QImage()
+                  : lit(m_env.chemins.real(m_env.CheminRacine + QStringLiteral("\\Images\\") + nom));
     }
-    const auto connue = m_lues.constFind(nom);
-    if (connue != m_lues.constEnd()) {
-        return *connue;
-    }
-    return *m_lues.insert(nom,
-                          lit(m_env.chemins.real(m_env.CheminRacine + QStringLiteral("\\Images\\") + nom)));
+    return *lue;
 }

@@ -1,8 +1,11 @@
 #pragma once
 
-#include <QHash>
+#include "grid/Fourchette.h"
+
 #include <QImage>
-#include <QString>
+
+#include <array>
+#include <optional>
 
 struct Environnement;
 
@@ -12,9 +15,10 @@ class ImagesRDV {
   public:
     explicit ImagesRDV(const Environnement &env) : m_env(env) {}
 
-    QImage image(const QString &nom);
+    /// Of a weekday (1 … 7).
+    QImage image(FormeCellule forme, int jour);
 
   private:
     const Environnement &m_env;
-    QHash<QString, QImage> m_lues;
+    std::array<std::array<std::optional<QImage>, 8>, 5> m_lues; ///< by form and weekday
 };

@@ -179,7 +179,7 @@ void FlexGrid::placeNow(FlexMarks &marks) const {
     marks.nowText = m_nowHour;
     if (const int today = m_cells.today(); today > 0) {
         marks.nowLine = QRect(columnViewportPosition(today), y, columnWidth(today) - 1, 2);
-        marks.nowOnBlock = blockAt(marks.nowLine.center()) >= 0;
+        marks.nowOnBlock = m_cells.cell(row, today).block >= 0;
     }
 }
 
