@@ -51,7 +51,7 @@ struct Carnet {
         int combien = 0;
         for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
             for (int col = 1; col < cellules.cols() - 1; ++col) {
-                combien += cellules.cell(ligne, col).text.isEmpty() ? 0 : 1;
+                combien += cellules.text(ligne, col).isEmpty() ? 0 : 1;
             }
         }
         return combien;

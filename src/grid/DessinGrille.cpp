@@ -85,7 +85,6 @@ void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const 
         }
     }
     FlexCell &premiere = cellules.at(fourchette.premiere, colonne);
-    premiere.text = TexteRDV(rdv.Nom, rdv.Prenom, rdv.Description);
     const bool enRetard = rdv.Date1 == maintenant.date() &&
                           DatesFr::heure(maintenant.time()) > cellules.cell(fourchette.premiere, 0).text;
     if (!rdv.Present && enRetard) {

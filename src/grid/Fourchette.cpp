@@ -27,14 +27,6 @@ QString NomComplet(const QString &nom, const QString &prenom) {
     return QStringView(nom).trimmed() % u' ' % QStringView(prenom).trimmed();
 }
 
-QString TexteRDV(const QString &nom, const QString &prenom, const QString &description) {
-    QString texte = u"  " % QStringView(nom).trimmed() % u' ' % QStringView(prenom).trimmed();
-    if (const QStringView courte = QStringView(description).trimmed(); !courte.isEmpty()) {
-        texte += u"  [" % courte % u']';
-    }
-    return texte;
-}
-
 QString NomImage(FormeCellule forme, int jour) {
     constexpr std::array<QStringView, 5> formes{u"", u"Dbl", u"Top", u"Mid", u"Low"};
     constexpr std::array<QStringView, 7> couleurs{u"Bleu", u"Violet", u"Orange", u"Jaune",

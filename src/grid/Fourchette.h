@@ -22,9 +22,6 @@ Fourchette CoupeFourchette(int premiere, int derniere, int fermeture);
 /// "Nom Prenom"
 QString NomComplet(const QString &nom, const QString &prenom);
 
-/// What the first row of an appointment says: "  Nom Prenom" and, when there is one, "  [description]".
-QString TexteRDV(const QString &nom, const QString &prenom, const QString &description);
-
 /// File name of an appointment's picture for a weekday (1 … 7), e.g. "TopBleu.bmp"; empty for
 /// FormeCellule::Aucune.
 QString NomImage(FormeCellule forme, int jour);

@@ -32,7 +32,8 @@ struct Images {
 };
 
 /// What a cell shows: shape and weekday of its picture, background and text colour by a letter, text.
-QString vu(const FlexCell &cellule) {
+QString vu(const FlexGridModel &cellules, int ligne, int col) {
+    const FlexCell &cellule = cellules.cell(ligne, col);
     const QString bouton = QGuiApplication::palette().color(QPalette::Button).name();
     const auto lettre = [](const QColor &couleur) {
         static const QMap<QString, QString> connues{
@@ -43,14 +44,15 @@ QString vu(const FlexCell &cellule) {
     const QString forme =
         image.isEmpty() ? QString() : q(".DTML")[image.width() - 10] + QString::number(image.height() - 20);
     const bool etiquette = cellule.back.isValid() && cellule.back.name() == bouton;
-    return forme + (etiquette ? q("b") : lettre(cellule.back) + lettre(cellule.fore)) + cellule.text;
+    return forme + (etiquette ? q("b") : lettre(cellule.back) + lettre(cellule.fore)) +
+           cellules.text(ligne, col);
 }
 
 std::string dessin(const FlexGrid &grille) {
     QString texte;
     for (int i = 0; i < grille.cells().rows() * grille.cells().cols(); ++i) {
         const int col = i % grille.cells().cols();
-        texte += vu(grille.cells().cell(i / grille.cells().cols(), col)) +
+        texte += vu(grille.cells(), i / grille.cells().cols(), col) +
                  (col + 1 < grille.cells().cols() ? u'|' : u'\n');
     }
     return texte.toStdString();

@@ -36,8 +36,7 @@ TEST(Fourchette, IsCutToTheGrid) {
         }
         EXPECT_EQ(dessin, cas[3].toStdString()) << cas[0];
     }
-    EXPECT_EQ(TexteRDV(q("%1"), q("%2"), q(" bilan ")), q("  %1 %2  [bilan]"));
-    EXPECT_EQ(TexteRDV(q(" D'ARC "), q("Jeanne"), q("  ")), q("  D'ARC Jeanne"));
+    EXPECT_EQ(NomComplet(q(" D'ARC "), q("Jeanne ")), q("D'ARC Jeanne"));
 }
 
 TEST(Navigation, StaysInTheBookAndComesBackFromTheZoom) {

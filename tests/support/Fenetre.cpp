@@ -124,7 +124,7 @@ std::string Fenetre::grilles() const {
             q("%1x%2 %3:").arg(cellules.rows()).arg(cellules.cols()).arg(cellules.cell(0, 1).text);
         for (int col = 1; col <= std::max(cellules.cols() - 2, 1); ++col) {
             for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
-                const QString dit = cellules.cell(ligne, col).text.trimmed();
+                const QString dit = cellules.text(ligne, col).trimmed();
                 texte += dit.isEmpty() ? QString() : q(" %1,%2 %3").arg(ligne).arg(col).arg(dit);
             }
         }

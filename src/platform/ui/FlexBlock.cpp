@@ -9,6 +9,10 @@ QString FlexBlock::hours() const {
     return DatesFr::heure(start) + QChar(0x2013) + DatesFr::heure(end);
 }
 
+QString FlexBlock::caption() const {
+    return detail.isEmpty() ? name : name + QStringLiteral("  [") + detail + u']';
+}
+
 namespace {
 
 /// One run of blocks, each of which shares a row with another: all get the same number of lanes.

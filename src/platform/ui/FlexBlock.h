@@ -26,6 +26,8 @@ struct FlexBlock {
     int lanes = 1;
 
     QString hours() const;
+    /// Name and, behind it in brackets, the detail.
+    QString caption() const;
 
     friend bool operator==(const FlexBlock &, const FlexBlock &) = default;
 };

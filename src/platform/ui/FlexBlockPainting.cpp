@@ -120,10 +120,7 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
         paintMark(painter, rect.topLeft() + QPoint(2, 1), size, block.present ? Mark::Check : Mark::Dial,
                   block.present ? m_aspect.encre : m_aspect.alerte, m_aspect.feuille);
     }
-    QString text = block.name;
-    if (!block.detail.isEmpty()) {
-        text += QStringLiteral("  [") + block.detail + u']';
-    }
+    QString text = block.caption();
     const int lines = last > first ? std::max((rect.height() - 3) / m_lineStep, 1) : 1;
     if (last > first) {
         text.prepend(DatesFr::heure(block.start) + u' ');

@@ -52,6 +52,15 @@ const FlexCell &FlexGridModel::cell(int row, int col) const {
     return contains(row, col) ? m_cells[size_t(row) * size_t(m_cols) + size_t(col)] : empty;
 }
 
+QString FlexGridModel::text(int row, int col) const {
+    const FlexCell &found = cell(row, col);
+    if (found.block >= 0) {
+        const FlexBlock &block = m_blocks[size_t(found.block)];
+        return block.first == row ? QStringLiteral("  ") + block.caption() : QString();
+    }
+    return found.text;
+}
+
 FlexCell &FlexGridModel::at(int row, int col) {
     return contains(row, col) ? m_cells[size_t(row) * size_t(m_cols) + size_t(col)] : m_outside;
 }
@@ -68,10 +77,10 @@ QVariant FlexGridModel::data(const QModelIndex &index, int role) const {
     const FlexCell &found = cell(index.row(), index.column());
     switch (role) {
     case Qt::DisplayRole:
-        return found.text;
+        return text(index.row(), index.column());
     case Qt::AccessibleTextRole: {
         const QString spoken = m_spoken ? m_spoken(index.row(), index.column()) : QString();
-        return spoken.isEmpty() ? found.text : spoken;
+        return spoken.isEmpty() ? text(index.row(), index.column()) : spoken;
     }
     case BlockRole:
         return found.block >= 0 ? QVariant::fromValue(m_blocks[size_t(found.block)]) : QVariant();

@@ -43,6 +43,9 @@ class FlexGridModel : public QAbstractTableModel {
     int rows() const { return m_rows; }
     int cols() const { return m_cols; }
     const FlexCell &cell(int row, int col) const;
+    /// What a cell says: the caption of the block that begins there, past the place of its picture, or its
+    /// own.
+    QString text(int row, int col) const;
     /// The cell to write to; outside the grid, a cell that nobody sees.
     FlexCell &at(int row, int col);
 
