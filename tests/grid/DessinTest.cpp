@@ -121,10 +121,10 @@ TEST(Dessin, AWeek) {
         "lundi 9 mars, 11 heures 30, libre; mercredi 11 mars, 11 heures 30, grisé; 08:00; lundi 09 mars");
     affichage.lu = QDateTime(mercredi.jour, QTime(9, 30, 59));
     semaine.dessine(affichage);
-    EXPECT_EQ(vu(grille.cells().cell(4, 3)), q("D3  BIENTOT Léa")) << "its row's minute has not passed";
+    EXPECT_EQ(vu(grille.cells(), 4, 3), q("D3  BIENTOT Léa")) << "its row's minute has not passed";
     affichage.lu = QDateTime(mercredi.jour.addDays(7), QTime(9, 31));
     semaine.dessine(affichage);
-    EXPECT_EQ(vu(grille.cells().cell(1, 3)), q("D3  RETARD Léa")) << "lateness is today's";
+    EXPECT_EQ(vu(grille.cells(), 1, 3), q("D3  RETARD Léa")) << "lateness is today's";
     affichage.grilles = {{config, {}, {}, liste, q("pourquoi")}};
     semaine.dessine(affichage);
     EXPECT_EQ(dessin(grille), "");
