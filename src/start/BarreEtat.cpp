@@ -5,6 +5,8 @@
 
 #include <QStatusBar>
 
+#include <algorithm>
+
 BarreEtat::BarreEtat(QStatusBar &StatusBar1) {
     struct Panneau {
         int part;
@@ -27,7 +29,8 @@ BarreEtat::BarreEtat(QStatusBar &StatusBar1) {
         StatusBar1.addWidget(panneau, part);
         m_panneaux << panneau;
     }
-    StatusBar1.setFixedHeight(pixelsFromTwips(375));
+    constexpr int bords = 8; // pixels, of the bar and of its panels
+    StatusBar1.setFixedHeight(std::max(pixelsFromTwips(375), StatusBar1.fontMetrics().height() + bords));
 }
 
 void BarreEtat::montreSelection(const Affichage &affichage, const Selection &selection) {

@@ -109,7 +109,8 @@ bool CarnetMontre::montrePlace(const PlaceRDV &place) {
     return lu.has_value();
 }
 
-void CarnetMontre::decale(int jours) {
+void CarnetMontre::tourne(int sens) {
+    const int jours = m_affichage.demande.VueSemaine ? 7 * sens : sens;
     const QDate jour = estVide() ? QDate() : DecaleDate(jourCourant(), jours);
     if (jour.isValid()) {
         vaAu(jour);

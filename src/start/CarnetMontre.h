@@ -43,8 +43,8 @@ class CarnetMontre : public QObject {
     void vaAu(QDate jour);
     /// Goes to a free place and selects its hours. False: the reading failed, and all stays.
     bool montrePlace(const PlaceRDV &place);
-    /// Says where the book ends.
-    void decale(int jours);
+    /// One week, or one day, on (1) or back (-1); says where the book ends.
+    void tourne(int sens);
     /// The week in 5-minute slots, or back; the day grids keep their own.
     bool basculeZoom();
     /// The configuration that the settings windows work on, and what they make of it.

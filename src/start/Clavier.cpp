@@ -36,6 +36,8 @@ Clavier::Clavier(const Ui::FrmEntree &ui, QMainWindow &fenetre)
             fenetre.addAction(action);
         }
     }
+    connect(ui.toucheVolet, &QAction::triggered, this, [this] { voletSuivant(1); });
+    connect(ui.toucheVoletPrecedent, &QAction::triggered, this, [this] { voletSuivant(-1); });
     dessine(false);
     fenetre.installEventFilter(this);
 }

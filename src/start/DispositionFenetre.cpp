@@ -7,11 +7,33 @@
 
 #include <QHBoxLayout>
 
+#include <algorithm>
+
 QFont PoliceSansMiseEnForme(QFont police) {
     police.setStyleStrategy(QFont::PreferNoShaping);
     police.setKerning(false);
     return police;
 }
+
+namespace {
+
+/// The window's font, or the largest below it in which `texte` has room on `place`.
+void ajustePolice(QWidget &controle, const QString &texte, QSize place) {
+    constexpr int bords = 6; // pixels
+    QFont police = controle.parentWidget()->font();
+    const QSize voulue(QFontMetrics(police).horizontalAdvance(texte) + bords,
+                       QFontMetrics(police).height() + bords);
+    const double reste =
+        std::min(double(place.width()) / voulue.width(), double(place.height()) / voulue.height());
+    if (reste < 1) {
+        police.setPointSizeF(std::max(police.pointSizeF() * reste, 1.0));
+    }
+    if (controle.font() != police) {
+        controle.setFont(police);
+    }
+}
+
+} // namespace
 
 QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     QWidget *coin = ui.menubar->cornerWidget();
@@ -31,8 +53,10 @@ QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     return bouton;
 }
 
-bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur, bool avecBoutons) {
-    const auto d = DisposeFenetre(twipsFromPixels(largeur), twipsFromPixels(hauteur), avecBoutons);
+bool PlaceControles(const Ui::FrmEntree &ui, QSize place, bool avecBoutons) {
+    constexpr int barreEtat = 375; // twips, which the layout counts with
+    const auto d = DisposeFenetre(twipsFromPixels(place.width()), twipsFromPixels(place.height()) + barreEtat,
+                                  avecBoutons);
     if (!d) {
         return false;
     }
@@ -53,11 +77,19 @@ bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur, bool avec
         {ui.BtnSuivant2, &d->BtnSuivant},
         {ui.GrilleRDV02, &d->GrilleRDV02},
         {ui.GrilleRDV03, &d->GrilleRDV03}};
-    for (const auto &[controle, place] : places) {
-        controle->setGeometry(pixelsFromTwips(place->gauche, place->haut, place->largeur, place->hauteur));
+    for (const auto &[controle, ou] : places) {
+        controle->setGeometry(pixelsFromTwips(ou->gauche, ou->haut, ou->largeur, ou->hauteur));
+    }
+    for (QPushButton *bouton :
+         {ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant, ui.BtnPrecedent2, ui.BtnAujourdhui2,
+          ui.BtnSuivant2, ui.BtnRafraichir, ui.BtnMois, ui.BtnQuitter}) {
+        ajustePolice(*bouton, bouton->text(), bouton->size());
+    }
+    for (QGroupBox *cadre : {ui.Frame1, ui.Frame2}) { // their titles stand above the buttons
+        ajustePolice(*cadre, cadre->title(), QSize(cadre->width(), ui.BtnMois->y() - cadre->y()));
     }
     const int bandeau = ui.BandeauMois1->sizeHint().height();
-    ui.BandeauMois1->setGeometry(0, 0, largeur, bandeau);
+    ui.BandeauMois1->setGeometry(0, 0, place.width(), bandeau);
     for (QWidget *jour : {ui.GrilleRDV02, ui.GrilleRDV03}) { // the strip is above them
         jour->setGeometry(jour->geometry().adjusted(0, std::min(bandeau, jour->height()), 0, 0));
     }

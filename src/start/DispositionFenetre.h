@@ -3,6 +3,7 @@
 #include <QFont>
 
 class QPushButton;
+class QSize;
 class QString;
 namespace Ui {
 class FrmEntree;
@@ -15,8 +16,9 @@ QFont PoliceSansMiseEnForme(QFont police);
 /// left.
 QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom);
 
-/// Places the main window's controls for an inner size in pixels; false where it is too low, and all stay.
-bool PlaceControles(const Ui::FrmEntree &ui, int largeur, int hauteur, bool avecBoutons);
+/// Places the main window's controls above a status bar, on `place` pixels; false where that is too low, and
+/// all stay. A caption that is too large for its control is written smaller.
+bool PlaceControles(const Ui::FrmEntree &ui, QSize place, bool avecBoutons);
 
 /// Shows the grids of one view and, unless a toolbar has their place, its buttons.
 void MontreVue(const Ui::FrmEntree &ui, bool semaine, bool avecBoutons);

@@ -65,7 +65,6 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieCarnet();
     relieMenus();
     relieBoutons();
-    relieClavier();
     new FicheMontree(env, m_carnet, *m_vues, *this);
     MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
@@ -118,8 +117,6 @@ void FrmEntree::relieMenus() {
     relie(ui->mnuAllerDate, &FrmEntree::mnuAllerDate_Click);
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
-    relieA(m_habillage, ui->mnuClassique, [](Habillage *h) { h->choisit(Presentation::Classique); });
-    relieA(m_habillage, ui->mnuContemporaine, [](Habillage *h) { h->choisit(Presentation::Contemporaine); });
     connect(m_habillage, &Habillage::change, this, &FrmEntree::montreVue);
     relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
     relieA(m_options, ui->mnuexclure, &ActionsOptions::mnuexclure_Click);
@@ -132,32 +129,23 @@ void FrmEntree::relieMenus() {
 }
 
 void FrmEntree::relieBoutons() {
-    const auto aujourdhui = [this] { m_carnet.vaAu(m_env.maintenant().date()); };
     connect(BtnSemaine, &QPushButton::clicked, &m_carnet, &CarnetMontre::montreSemaine);
     connect(BtnJour, &QPushButton::clicked, this, &FrmEntree::BtnJour_Click);
-    connect(ui->BtnPrecedent, &QPushButton::clicked, this, [this] { m_carnet.decale(-7); });
-    connect(ui->BtnAujourdhui, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant, &QPushButton::clicked, this, [this] { m_carnet.decale(7); });
-    connect(ui->BtnPrecedent2, &QPushButton::clicked, this, [this] { m_carnet.decale(-1); });
-    connect(ui->BtnAujourdhui2, &QPushButton::clicked, this, aujourdhui);
-    connect(ui->BtnSuivant2, &QPushButton::clicked, this, [this] { m_carnet.decale(1); });
+    const auto relie = [this](QAction *touche, const QList<QPushButton *> &boutons, auto operation) {
+        connect(touche, &QAction::triggered, this, operation);
+        for (const QPushButton *bouton : boutons) {
+            connect(bouton, &QPushButton::clicked, this, operation);
+        }
+    };
+    relie(ui->touchePrecedent, {ui->BtnPrecedent, ui->BtnPrecedent2}, [this] { m_carnet.tourne(-1); });
+    relie(ui->toucheSuivant, {ui->BtnSuivant, ui->BtnSuivant2}, [this] { m_carnet.tourne(1); });
+    relie(ui->toucheAujourdhui, {ui->BtnAujourdhui, ui->BtnAujourdhui2},
+          [this] { m_carnet.vaAu(m_env.maintenant().date()); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BandeauMois1, &BandeauMois::jourChoisi, &m_carnet, &CarnetMontre::vaAu);
     connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
-}
-
-void FrmEntree::relieClavier() {
-    const auto touche = [this](QAction *action, auto operation) {
-        connect(action, &QAction::triggered, this, operation);
-    };
-    touche(ui->touchePrecedent,
-           [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? -7 : -1); });
-    touche(ui->toucheSuivant, [this] { m_carnet.decale(m_carnet.affichage().demande.VueSemaine ? 7 : 1); });
-    touche(ui->toucheAujourdhui, [this] { m_carnet.vaAu(m_env.maintenant().date()); });
-    touche(ui->toucheVolet, [this] { m_clavier->voletSuivant(1); });
-    touche(ui->toucheVoletPrecedent, [this] { m_clavier->voletSuivant(-1); });
 }
 
 // ---- Start-up
@@ -332,8 +320,7 @@ void FrmEntree::montreVue() {
 }
 
 void FrmEntree::dispose() {
-    const int hauteur = centralWidget()->height() + ui->StatusBar1->height();
-    if (PlaceControles(*ui, centralWidget()->width(), hauteur, m_habillage->avecBoutons())) {
+    if (PlaceControles(*ui, centralWidget()->size(), m_habillage->avecBoutons())) {
         m_vues->dimensionne();
     }
 }

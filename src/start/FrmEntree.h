@@ -48,7 +48,6 @@ class FrmEntree : public QMainWindow {
     void relieCarnet();
     void relieMenus();
     void relieBoutons();
-    void relieClavier();
 
     // Drawing, which cannot fail
     void dessine();

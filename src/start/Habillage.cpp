@@ -30,6 +30,8 @@ Presentation retenue(const Environnement &env) {
 Habillage::Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vues, QMainWindow &fenetre)
     : QObject(&fenetre), m_ui(ui), m_env(env), m_vues(vues), m_fenetre(fenetre),
       m_presentation(retenue(env)) {
+    connect(ui.mnuClassique, &QAction::triggered, this, [this] { choisit(Presentation::Classique); });
+    connect(ui.mnuContemporaine, &QAction::triggered, this, [this] { choisit(Presentation::Contemporaine); });
     fenetre.installEventFilter(this);
     applique();
 }

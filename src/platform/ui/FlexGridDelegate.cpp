@@ -102,7 +102,9 @@ void FlexGridDelegate::paintClassicCell(QPainter &painter, const QRect &rect, co
     }
     if (cell.block < 0 && !cell.text.isEmpty()) {
         painter.setPen(cell.fore.isValid() ? cell.fore : text);
-        write(painter, rect.adjusted(0, 0, -1, 0), cell.text, Plain, cell.alignment);
+        const bool fits = QFontMetrics(m_fonts[Plain]).horizontalAdvance(cell.text) < rect.width();
+        write(painter, rect.adjusted(0, 0, -1, 0), cell.text,
+              fits || cell.use != FlexUse::Label ? Plain : Small, cell.alignment);
     }
 }
 
