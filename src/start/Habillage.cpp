@@ -4,7 +4,6 @@
 
 #include "grid/Vues.h"
 #include "platform/ui/DatesFr.h"
-#include "platform/ui/Icones.h"
 #include "practice/Environnement.h"
 
 #include <QApplication>
@@ -17,6 +16,14 @@ namespace {
 
 const QString cle = QStringLiteral("presentation");
 const QString contemporaine = QStringLiteral("contemporaine");
+
+QString nomDe(Icone quoi) {
+    static const QStringList noms{QStringLiteral("Precedent"),  QStringLiteral("Aujourdhui"),
+                                  QStringLiteral("Suivant"),    QStringLiteral("Rechercher"),
+                                  QStringLiteral("Libre"),      QStringLiteral("Mois"),
+                                  QStringLiteral("Rafraichir"), QStringLiteral("Quitter")};
+    return noms.at(int(quoi));
+}
 
 /// What an older or a later version may have stored is Classique.
 Presentation retenue(const Environnement &env) {
@@ -60,10 +67,10 @@ void Habillage::applique() {
     emit change();
 }
 
-QAction *Habillage::ajoute(int quoi, const QString &texte, const std::function<void()> &operation) {
-    QAction *action = m_barre->addAction(icone(Icone(quoi), m_vues.aspect().encre), texte, this, operation);
-    m_actions << action;
-    return action;
+void Habillage::ajoute(Icone quoi, const QString &texte, const std::function<void()> &operation) {
+    QAction *action = m_barre->addAction(icone(quoi, m_vues.aspect().encre), texte, this, operation);
+    m_barre->widgetForAction(action)->setObjectName(QStringLiteral("Outil") + nomDe(quoi));
+    m_actions[quoi] = action;
 }
 
 void Habillage::construitBarre() {
@@ -78,10 +85,9 @@ void Habillage::construitBarre() {
     const auto presse = [this](QPushButton *semaine, QPushButton *jour) {
         return [this, semaine, jour] { (m_semaine ? semaine : jour)->click(); };
     };
-    ajoute(int(Icone::Precedent), {}, presse(m_ui.BtnPrecedent, m_ui.BtnPrecedent2));
-    ajoute(int(Icone::Aujourdhui), m_ui.BtnAujourdhui->text(),
-           presse(m_ui.BtnAujourdhui, m_ui.BtnAujourdhui2));
-    ajoute(int(Icone::Suivant), {}, presse(m_ui.BtnSuivant, m_ui.BtnSuivant2));
+    ajoute(Icone::Precedent, {}, presse(m_ui.BtnPrecedent, m_ui.BtnPrecedent2));
+    ajoute(Icone::Aujourdhui, m_ui.BtnAujourdhui->text(), presse(m_ui.BtnAujourdhui, m_ui.BtnAujourdhui2));
+    ajoute(Icone::Suivant, {}, presse(m_ui.BtnSuivant, m_ui.BtnSuivant2));
     m_periode = new QLabel(m_barre);
     QFont gras = m_fenetre.font();
     gras.setWeight(QFont::DemiBold);
@@ -92,14 +98,12 @@ void Habillage::construitBarre() {
     auto *ressort = new QWidget(m_barre);
     ressort->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
     m_barre->addWidget(ressort);
-    ajoute(int(Icone::Rechercher), QStringLiteral("Rechercher"), [this] { m_ui.mnurechercher->trigger(); });
-    ajoute(int(Icone::Libre), QStringLiteral("Créneau libre"), [this] { m_ui.mnuRDVlibre->trigger(); });
+    ajoute(Icone::Rechercher, QStringLiteral("Rechercher"), [this] { m_ui.mnurechercher->trigger(); });
+    ajoute(Icone::Libre, QStringLiteral("Créneau libre"), [this] { m_ui.mnuRDVlibre->trigger(); });
     m_barre->addSeparator();
-    ajoute(int(Icone::Mois), m_ui.BtnMois->text(), presse(m_ui.BtnMois, m_ui.BtnMois));
-    ajoute(int(Icone::Rafraichir), m_ui.BtnRafraichir->text(),
-           presse(m_ui.BtnRafraichir, m_ui.BtnRafraichir));
-    ajoute(int(Icone::Quitter), m_ui.mnuquitter->text().remove(u'&'),
-           presse(m_ui.BtnQuitter, m_ui.BtnQuitter));
+    ajoute(Icone::Mois, m_ui.BtnMois->text(), presse(m_ui.BtnMois, m_ui.BtnMois));
+    ajoute(Icone::Rafraichir, m_ui.BtnRafraichir->text(), presse(m_ui.BtnRafraichir, m_ui.BtnRafraichir));
+    ajoute(Icone::Quitter, m_ui.mnuquitter->text().remove(u'&'), presse(m_ui.BtnQuitter, m_ui.BtnQuitter));
     m_fenetre.addToolBar(m_barre);
 }
 
@@ -114,16 +118,20 @@ void Habillage::dessine(const Affichage &affichage) {
     if (avecBoutons()) {
         return;
     }
-    enum Place { Precedent, Aujourdhui, Suivant, Rechercher, Libre, Mois, Rafraichir, Quitter };
-    m_actions[Precedent]->setText(m_semaine ? QStringLiteral("Précédente") : QStringLiteral("Précédent"));
-    m_actions[Suivant]->setText(m_semaine ? QStringLiteral("Suivante") : QStringLiteral("Suivant"));
-    const std::initializer_list<std::pair<Place, bool>> actives{
-        {Precedent, m_ui.BtnPrecedent->isEnabled()},   {Aujourdhui, m_ui.BtnAujourdhui->isEnabled()},
-        {Suivant, m_ui.BtnSuivant->isEnabled()},       {Rechercher, m_ui.mnurechercher->isEnabled()},
-        {Libre, m_ui.mnuRDVlibre->isEnabled()},        {Mois, m_ui.BtnMois->isEnabled()},
-        {Rafraichir, m_ui.BtnRafraichir->isEnabled()}, {Quitter, m_ui.BtnQuitter->isEnabled()}};
-    for (const auto &[place, active] : actives) {
-        m_actions[place]->setEnabled(active);
+    m_actions[Icone::Precedent]->setText(m_semaine ? QStringLiteral("Précédente")
+                                                   : QStringLiteral("Précédent"));
+    m_actions[Icone::Suivant]->setText(m_semaine ? QStringLiteral("Suivante") : QStringLiteral("Suivant"));
+    const std::initializer_list<std::pair<Icone, bool>> actives{
+        {Icone::Precedent, m_ui.BtnPrecedent->isEnabled()},
+        {Icone::Aujourdhui, m_ui.BtnAujourdhui->isEnabled()},
+        {Icone::Suivant, m_ui.BtnSuivant->isEnabled()},
+        {Icone::Rechercher, m_ui.mnurechercher->isEnabled()},
+        {Icone::Libre, m_ui.mnuRDVlibre->isEnabled()},
+        {Icone::Mois, m_ui.BtnMois->isEnabled()},
+        {Icone::Rafraichir, m_ui.BtnRafraichir->isEnabled()},
+        {Icone::Quitter, m_ui.BtnQuitter->isEnabled()}};
+    for (const auto &[quoi, active] : actives) {
+        m_actions[quoi]->setEnabled(active);
     }
     const auto [premier, dernier] = JoursLus(affichage.demande);
     m_periode->setText(affichage.grilles.isEmpty() ? QString() : DatesFr::periode(premier, dernier));

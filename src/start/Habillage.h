@@ -1,7 +1,9 @@
 #pragma once
 
 #include "platform/ui/Aspect.h"
+#include "platform/ui/Icones.h"
 
+#include <QMap>
 #include <QObject>
 
 #include <functional>
@@ -41,7 +43,7 @@ class Habillage : public QObject {
   private:
     void applique();
     void construitBarre();
-    QAction *ajoute(int quoi, const QString &texte, const std::function<void()> &operation);
+    void ajoute(Icone quoi, const QString &texte, const std::function<void()> &operation);
 
     const Ui::FrmEntree &m_ui;
     const Environnement &m_env;
@@ -50,6 +52,6 @@ class Habillage : public QObject {
     Presentation m_presentation;
     QToolBar *m_barre = nullptr; ///< made when it is first shown
     QLabel *m_periode = nullptr;
-    QList<QAction *> m_actions;
+    QMap<Icone, QAction *> m_actions;
     bool m_semaine = true;
 };

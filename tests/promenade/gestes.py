@@ -10,7 +10,9 @@ from recherche import LANCE
 DECALE = {"BtnPrecedent": -7, "BtnSuivant": 7, "BtnPrecedent2": -1, "BtnSuivant2": 1}
 OUVRE = {"mnuAjouter": "FrmAjouter", "mnuEditer": "FrmEditer", "mnuSupprimer": "FrmSupprimer"}
 AUTRES = ("mnuPresent", "mnusemaine", "mnuJour", "mnuRafraichir", "mnuZoom")
-BOUTONS = (*DECALE, "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnAujourdhui", "BtnAujourdhui2")
+OUTILS = {"OutilPrecedent": -1, "OutilSuivant": 1}  # the toolbar's, in weeks or days
+PRESENTATIONS = ("mnuClassique", "mnuContemporaine")
+BOUTONS = (*DECALE, *OUTILS, "OutilAujourdhui", "OutilRafraichir", "BtnSemaine", "BtnJour", "BtnRafraichir", "BtnAujourdhui", "BtnAujourdhui2")
 FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 
 
@@ -202,7 +204,7 @@ class Gestes:
         """The view after this command."""
         vue, aujourdhui, montre = self.fixe, cabinet.MAINTENANT.date(), self.ctx.montre
         pas = 7 if vue.semaine else 1
-        if jours := (DECALE | {"Prior": -pas, "Next": pas}).get(nom):
+        if jours := (DECALE | {"Prior": -pas, "Next": pas} | {o: pas * n for o, n in OUTILS.items()}).get(nom):
             return replace(vue, jour=vue.jour + datetime.timedelta(jours))
         if "Aujourdhui" in nom or nom == "Home":
             return replace(vue, jour=aujourdhui)
@@ -249,7 +251,7 @@ class Gestes:
 
     def menu_surgi(self):
         offerts = [a for a in self.etat.surgis if a["enabled"] and (
-            a["objectName"] in (*OUVRE, *AUTRES, *LANCE) or a["menu"] in ("mnuPraticien", "menuFaut"))]
+            a["objectName"] in (*OUVRE, *AUTRES, *LANCE, *PRESENTATIONS) or a["menu"] in ("mnuPraticien", "menuFaut"))]
         if not offerts or not self.presse and self.h.random() < 0.1:
             self.dit("Échap dans le menu")
             return self.prog.frappe("Escape")
@@ -270,7 +272,7 @@ class Gestes:
         elif nom == "mnuPresent":
             self.promet("present", Present=not action["checked"])
             self.visees, self.peut = [r for r in [self.ctx.rdv] if r], True
-        else:
+        elif nom not in PRESENTATIONS:
             vue = self.apres(nom)
         self.prog.clic(centre(action))
         if vue:
