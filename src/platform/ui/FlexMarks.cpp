@@ -1,5 +1,6 @@
 #include "platform/ui/FlexMarks.h"
 
+#include <QFontInfo>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -31,6 +32,15 @@ QRect outlineArea(const FlexMarks &m) {
 QRect nowArea(const FlexMarks &m) {
     return m.nowLine.isNull() ? m.nowLabels
                               : m.nowLabels.united(m.nowLine.adjusted(-arrow, -arrow, 0, arrow));
+}
+
+/// `font`, or a smaller one in which `text` is `width` pixels wide: hours are never cut.
+QFont fitted(QFont font, const QString &text, int width) {
+    const int needed = QFontMetrics(font).horizontalAdvance(text);
+    if (needed > width && width > 0) {
+        font.setPointSizeF(std::max(QFontInfo(font).pointSizeF() * width / needed, 1.0));
+    }
+    return font;
 }
 
 } // namespace
@@ -112,13 +122,13 @@ void FlexMarksLayer::paintOutline(QPainter &painter) const {
         return;
     }
     const QRect text = m_marks.outline.adjusted(indent, 0, -radius, 0);
-    const QFontMetrics metrics(bold(font()));
+    const QFont large = fitted(bold(font()), m_marks.hours, text.width());
+    const QFontMetrics metrics(large);
     const QRect line(text.left(), text.top(), text.width(),
                      m_marks.oneRow ? text.height() : metrics.height() + outlineWidth);
     painter.setPen(accent);
-    painter.setFont(bold(font()));
-    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                     metrics.elidedText(m_marks.hours, Qt::ElideRight, line.width()));
+    painter.setFont(large);
+    painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, m_marks.hours);
     constexpr int gap = 8;
     painter.setFont(font());
     painter.drawText(line.adjusted(metrics.horizontalAdvance(m_marks.hours) + gap, 0, 0, 0),
@@ -130,9 +140,10 @@ void FlexMarksLayer::paintChip(QPainter &painter) const {
     if (m_marks.hours.isEmpty()) {
         return;
     }
-    const QFont small = bold(smaller(font()));
-    const QFontMetrics metrics(small);
     constexpr int padding = 5;
+    const QFont small =
+        fitted(bold(smaller(font())), m_marks.hours, m_marks.outline.width() - 2 * (padding + outlineWidth));
+    const QFontMetrics metrics(small);
     const QSize size(metrics.horizontalAdvance(m_marks.hours) + 2 * padding, metrics.height() - 1);
     const QRect inside = m_marks.outline.adjusted(outlineWidth, outlineWidth, -outlineWidth, -outlineWidth);
     QRect chip(QPoint(inside.right() - size.width() + 1, inside.bottom() - size.height() + 1), size);
@@ -149,7 +160,7 @@ void FlexMarksLayer::paintChip(QPainter &painter) const {
     painter.drawRoundedRect(chip, 3, 3);
     painter.setPen(m_marks.focused ? m_aspect.surAccent : m_aspect.feuille);
     painter.setFont(small);
-    painter.drawText(chip, Qt::AlignCenter, metrics.elidedText(m_marks.hours, Qt::ElideRight, chip.width()));
+    painter.drawText(chip, Qt::AlignCenter, m_marks.hours);
 }
 
 void FlexMarksLayer::paintNow(QPainter &painter) const {
