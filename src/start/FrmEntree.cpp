@@ -53,9 +53,9 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_habillage(new Habillage(*ui, env, *m_vues, *this)),
-      m_actions(new ActionsSelection(env, m_carnet, *this)),
+      m_actions(new ActionsSelection(env, m_carnet, m_annulation, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
-      m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
+      m_patient(new ActionsPatient(env, m_carnet, m_annulation, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/Annulation.h"
 #include "grid/FrmMois.h"
 #include "platform/ui/FlexGrid.h"
 #include "start/CarnetMontre.h"
@@ -79,6 +80,7 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<Ui::FrmEntree> ui;
     const Environnement &m_env;
     CarnetMontre m_carnet;
+    Annulation m_annulation;
     Commandes m_commandes;
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;

@@ -67,7 +67,7 @@ void purge(const QString &archive) {
     while (!purge.finie()) {
         Database archives = Database::open(archive);
         Database rdv = Database::open(livre);
-        purge.deplaceLot(rdv, archives);
+        purge.deplaceLot(rdv, archives, {});
     }
 }
 

@@ -93,13 +93,15 @@ class Poste {
         const int quoi = jour.isEmpty() ? 0 : entre(0, 9);
         if (quoi < 5) {
             annonce({}, contenu(Rempli(ou, saisie)));
-            return AjouteRDV(rdv, {saisie, QString::number(ou.NumPraticien), QString::number(ou.Fauteuil)})
-                .has_value();
+            return AjouteRDV(rdv, {},
+                             {saisie, QString::number(ou.NumPraticien), QString::number(ou.Fauteuil)})
+                       .resultat == Ecriture::Fait;
         }
         const RendezVous &choisi = jour[entre(0, int(jour.size()) - 1)];
         annonce(contenu(choisi), quoi < 8 ? contenu(Rempli(choisi, saisie)) : QString());
-        const BilanEcriture bilan = quoi < 8 ? ModifieRDV(rdv, choisi, saisie, ou.NumPraticien, ou.Fauteuil)
-                                             : SupprimeRDV(rdv, choisi);
+        const BilanEcriture bilan = quoi < 8
+                                        ? ModifieRDV(rdv, {}, choisi, saisie, ou.NumPraticien, ou.Fauteuil)
+                                        : SupprimeRDV(rdv, {}, choisi);
         return bilan.resultat == Ecriture::Fait;
     }
 
