@@ -38,10 +38,11 @@ struct EcritureRDV {
 
 /// The same as the history has it.
 struct LigneJournal {
+    qint64 RefJournal = 0;
     QDateTime quand;
     QString poste;
     QString utilisateur;
-    EcritureRDV ecriture;
+    EcritureRDV ecriture = {};
 };
 
 /// What a patient's writings are found by: his names in capitals without accents, one blank between words.

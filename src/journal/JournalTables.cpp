@@ -88,13 +88,14 @@ QList<LigneJournal> lit(Database &carnet, const SqlText &condition) {
     if (!estTenu(carnet)) {
         return lignes;
     }
-    carnet.forEach(SqlText("Select Quand, Poste, Utilisateur, Quoi, Avant, Apres from TavJournal Where ")
-                       << condition << " order by RefJournal desc",
-                   [&](const RowView &r) {
-                       lignes.append(
-                           {QDateTime::fromString(r.text(0), formeQuand), r.text(1), r.text(2),
-                            EcritureRDV{Operation(r.integer(3)), enRangee(r.text(4)), enRangee(r.text(5))}});
-                   });
+    carnet.forEach(
+        SqlText("Select RefJournal, Quand, Poste, Utilisateur, Quoi, Avant, Apres from TavJournal Where ")
+            << condition << " order by RefJournal desc",
+        [&](const RowView &r) {
+            lignes.append(
+                LigneJournal{r.integer(0), QDateTime::fromString(r.text(1), formeQuand), r.text(2), r.text(3),
+                             EcritureRDV{Operation(r.integer(4)), enRangee(r.text(5)), enRangee(r.text(6))}});
+        });
     return lignes;
 }
 
@@ -193,6 +194,13 @@ QList<LigneJournal> JournalDuJour(Database &carnet, QDate jour, long praticien) 
                            << ceJour << " and Quoi <> 5 and NumPraticien = " << lui
                            << ") or (JourAvant = " << ceJour << " and NumPraticien = " << lui
                            << ") or (Quoi = 5 and NumPraticien = " << lui << " and Jour > " << ceJour << ")");
+}
+
+bool CleReprise(Database &carnet, const LigneJournal &ligne) {
+    const QList<LigneJournal> ajouts =
+        lit(carnet, SqlText("RefRDV = ") << nombre(ligne.ecriture.RefRDV())
+                                         << " and Quoi = 1 and RefJournal > " << nombre(ligne.RefJournal));
+    return !ajouts.isEmpty();
 }
 
 // ---- Forgetting

@@ -37,6 +37,9 @@ QList<LigneJournal> JournalDuPatient(Database &carnet, const QString &nom, const
 /// Of what lies, or lay, on that day of the practitioner; and what a purge has taken from it.
 QList<LigneJournal> JournalDuJour(Database &carnet, QDate jour, long praticien);
 
+/// Whether the key of a writing's appointment was given to another one since: some books do that.
+bool CleReprise(Database &carnet, const LigneJournal &ligne);
+
 /// How long a writing is kept.
 constexpr int moisGardes = 12;
 /// Takes out the oldest of the writings before `limite`, a few hundred at most. False: none is left.

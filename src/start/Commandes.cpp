@@ -2,7 +2,20 @@
 
 #include "ui_FrmEntree.h"
 
+#include "booking/Annulation.h"
 #include "start/CarnetMontre.h"
+
+namespace {
+
+/// "Annuler « Déplacer DURAND »"
+void nomme(QAction &action, const QString &verbe, const std::optional<EcritureRDV> &pas, bool possible) {
+    QString geste = pas ? NomDuGeste(*pas) : QString();
+    geste.replace(u'&', QStringLiteral("&&"));
+    action.setText(pas ? QStringLiteral("%1 « %2 »").arg(verbe, geste) : verbe);
+    action.setEnabled(possible && pas);
+}
+
+} // namespace
 
 void Commandes::dessine(const CarnetMontre &carnet) {
     const Selection &selection = carnet.selection();
@@ -15,9 +28,8 @@ void Commandes::dessine(const CarnetMontre &carnet) {
             action->setEnabled(charge);
         }
     }
-    for (QAction *action :
-         {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRubrique, m_ui.mnuTouches, m_ui.mnuRafraichir,
-          m_ui.mnuClassique, m_ui.mnuContemporaine}) {
+    for (QAction *action : {m_ui.mnuquitter, m_ui.mnuAPropos, m_ui.mnuRubrique, m_ui.mnuTouches,
+                            m_ui.mnuRafraichir, m_ui.mnuClassique, m_ui.mnuContemporaine}) {
         action->setEnabled(true);
     }
     m_ui.mnuReporter->setEnabled(false);
@@ -31,6 +43,8 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     for (QAction *action : {m_ui.mnuAllonger, m_ui.mnuRaccourcir}) {
         action->setEnabled(!selection.vide() && (ecrit || !surRDV));
     }
+    nomme(*m_ui.mnuAnnuler, QStringLiteral("A&nnuler"), m_annulation.aAnnuler(), ecrit);
+    nomme(*m_ui.mnuRetablir, QStringLiteral("Réta&blir"), m_annulation.aRefaire(), ecrit);
     m_ui.mnuLettre->setEnabled(surRDV);
     m_ui.mnuPresent->setChecked(surRDV && selection.rdv->Present);
 }

@@ -13,6 +13,7 @@
 namespace Ui {
 class FrmEntree;
 }
+class ActionsAnnulation;
 class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
@@ -86,6 +87,7 @@ class FrmEntree : public QMainWindow {
     Vues *m_vues;
     Habillage *m_habillage;
     ActionsSelection *m_actions;
+    ActionsAnnulation *m_retour;
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;
     ActionsOptions *m_options;
