@@ -92,6 +92,7 @@ FrmHistorique::FrmHistorique(const Environnement &env, const CibleHistorique &ci
     etale(*ui->AvantApres, {1, 2});
     ui->LblVide->setForegroundRole(QPalette::PlaceholderText);
     lit();
+    m_lignes.isEmpty() ? ui->BtnFermer->setFocus() : ui->Ecritures->setFocus();
 }
 
 FrmHistorique::~FrmHistorique() = default;

@@ -151,5 +151,8 @@ QList<ChampEnMots> ChampsEnMots(const EcritureRDV &ecriture) {
 }
 
 QString NombreEnMots(qsizetype ecritures) {
+    if (ecritures == 0) {
+        return QStringLiteral("aucune écriture");
+    }
     return ecritures == 1 ? QStringLiteral("1 écriture") : QStringLiteral("%1 écritures").arg(ecritures);
 }
