@@ -59,7 +59,7 @@ double reserve(const Environnement &env, int numero) {
     const double ms = millisecondes([&] {
         echec = tente(env, [&] {
             Database carnet = env.ouvreCarnetPourEcrire();
-            AjouteRDV(carnet, nouveau);
+            AjouteRDV(carnet, {}, nouveau);
         });
     });
     if (echec) {

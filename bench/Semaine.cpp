@@ -4,6 +4,8 @@
 #include "Mesure.h"
 #include "booking/FicheRDV.h"
 #include "booking/FrmAjouter.h"
+#include "booking/RangeeTables.h"
+#include "booking/ReservationTables.h"
 #include "grid/AffichageTables.h"
 #include "grid/GrilleSemaine.h"
 #include "grid/RendezVousTables.h"
@@ -13,9 +15,11 @@
 #include "start/FrmEntree.h"
 
 #include <QAction>
+#include <QApplication>
 #include <QImage>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -226,7 +230,7 @@ double ajoute(Carnet &carnet, QTime debut) {
     FrmAjouter dialogue(carnet.env, {.PraticienCourant = carnet.demande.PraticienCourant,
                                      .FauteuilCourant = config.FauteuilCourant,
                                      .jour = carnet.demande.jour,
-                                     .horaire = {debut, debut.addSecs(600)},
+                                     .horaire = {debut, debut.addSecs(300)},
                                      .Intervalle = config.Intervalle,
                                      .ChoixHoraire = 1});
     dialogue.findChild<QLineEdit *>(QStringLiteral("Text1"))->setText(QStringLiteral("MESURE"));
@@ -243,15 +247,114 @@ double ajoute(Carnet &carnet, QTime debut) {
     return duree;
 }
 
+/// The same in a book without a history.
+double ajouteSansHistorique(Carnet &carnet, QTime debut) {
+    carnet.env.ouvreCarnet().execute(SqlText("alter table TavJournal rename to TavJournalAbsent"));
+    const double duree = ajoute(carnet, debut);
+    carnet.env.ouvreCarnet().execute(SqlText("alter table TavJournalAbsent rename to TavJournal"));
+    return duree;
+}
+
 Paire ajout() {
     const std::shared_ptr<Carnet> carnet(new Carnet, [](Carnet *fini) {
         efface(fini->env);
         delete fini;
     });
     efface(carnet->env);
-    // Before the shown hours, where the full week is free: ten minutes further at each call.
-    return {
-        [carnet, rang = 0](auto &) mutable { return ajoute(*carnet, QTime(0, 10).addSecs(600 * rang++)); }};
+    // Before the shown hours, where the full week is free: five minutes further at each call.
+    const auto suivant = [rang = std::make_shared<int>(0)] { return QTime(0, 10).addSecs(300 * (*rang)++); };
+    return {[=](auto &) { return ajoute(*carnet, suivant()); },
+            [=](auto &) { return ajouteSansHistorique(*carnet, suivant()); }};
+}
+
+/// An appointment that the user has moved to the place of the next one of its day, which is taken out of the
+/// book for that.
+class Deplace {
+  public:
+    Deplace() {
+        const QList<RendezVous> montres = carnet.lit().grilles.first().rendezVous;
+        const auto voisins = std::ranges::adjacent_find(
+            montres, [](const RendezVous &a, const RendezVous &b) { return a.Date1 == b.Date1; });
+        m_rdv = *voisins;
+        m_place = *(voisins + 1);
+        Database base = carnet.env.ouvreCarnet();
+        m_otee = LitRangee(base, m_place.RefRDV);
+        SupprimeRDV(base, carnet.env.auteur(), m_place);
+        carnet.clique("BtnRafraichir");
+        deplace();
+        if (debut() != m_place.HeureDebut) {
+            throw MesureImpossible(QStringLiteral("le rendez-vous n'a pas été déplacé"));
+        }
+    }
+    ~Deplace() {
+        if (debut() != m_rdv.HeureDebut) {
+            bascule();
+        }
+        Database base = carnet.env.ouvreCarnet();
+        RemetRDV(base, carnet.env.auteur(), Operation::Retabli, {}, m_otee);
+    }
+    Deplace(const Deplace &) = delete;
+    Deplace &operator=(const Deplace &) = delete;
+
+    /// Undoes the move, or does it again, until the week is painted; the row is on the disk then.
+    double bascule() {
+        const QTime avant = debut();
+        auto *action = carnet.fenetre.findChild<QAction *>(
+            avant == m_place.HeureDebut ? QStringLiteral("mnuAnnuler") : QStringLiteral("mnuRetablir"));
+        const double duree = millisecondes([&] {
+            action->trigger();
+            carnet.peint();
+        });
+        if (debut() == avant) {
+            throw MesureImpossible(QStringLiteral("rien n'a été annulé"));
+        }
+        return duree;
+    }
+
+  private:
+    QTime debut() const {
+        Database base = carnet.env.ouvreCarnet();
+        return LitRDV(base, m_rdv.RefRDV).value_or(RendezVous()).HeureDebut;
+    }
+    void deplace() {
+        QTimer::singleShot(0, qApp, [this] {
+            QWidget *editer = QApplication::activeModalWidget();
+            const auto champ = [editer](const char *nom) {
+                return editer->findChild<QLineEdit *>(QLatin1StringView(nom));
+            };
+            champ("TextHeureDebut")->setText(m_place.HeureDebut.toString(QStringLiteral("HH:mm")));
+            champ("TextHeureFin")->setText(m_place.HeureFin.toString(QStringLiteral("HH:mm")));
+            editer->findChild<QPushButton *>(QStringLiteral("BtnMettreAJour"))->click();
+        });
+        const auto [premiere, colonne] = cellule();
+        emit carnet.GrilleRDV.selectionAsked({premiere, colonne, premiere, colonne},
+                                             FlexGrid::Gesture::Press);
+        carnet.fenetre.findChild<QAction *>(QStringLiteral("mnuEditer"))->trigger();
+    }
+    /// The row and the column where it is drawn.
+    std::pair<int, int> cellule() const {
+        const FlexGridModel &cellules = carnet.GrilleRDV.cells();
+        const QString debutDit = m_rdv.HeureDebut.toString(QStringLiteral("HH:mm"));
+        for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
+            for (int col = 1; col < cellules.cols() - 1; ++col) {
+                if (cellules.cell(ligne, col).text.contains(m_rdv.Nom) &&
+                    cellules.cell(ligne, 0).text == debutDit) {
+                    return {ligne, col};
+                }
+            }
+        }
+        throw MesureImpossible(QStringLiteral("le rendez-vous n'est pas dessiné"));
+    }
+
+    Carnet carnet;
+    RendezVous m_rdv;
+    RendezVous m_place;
+    Rangee m_otee;
+};
+
+Paire annule() {
+    const auto deplace = std::make_shared<Deplace>();
+    return {[=](auto &) { return deplace->bascule(); }};
 }
 
 } // namespace
@@ -274,5 +377,6 @@ std::vector<Mesure> mesuresSemaine() {
              .valeurMax = 20},
             {.nom = "bandeau_mois", .repetitions = 101, .prepare = bandeauMois, .valeurMax = 10},
             {.nom = "selection", .repetitions = 201, .prepare = selection, .valeurMax = 2},
-            {.nom = "ajout", .repetitions = 31, .prepare = ajout, .valeurMax = 40}};
+            {.nom = "ajout", .repetitions = 31, .prepare = ajout, .rapportMax = 1.3, .valeurMax = 40},
+            {.nom = "annule", .repetitions = 51, .prepare = annule, .valeurMax = 30}};
 }

@@ -24,23 +24,23 @@ void ActionsRDV::ajoute(const PlaceRDV &place) {
     }
     FrmAjouter fenetre(m_env, choisie, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
-        emit rdvEcrit(fenetre.rdvEcrit());
+        emit rdvEcrit(fenetre.rdvEcrit(), fenetre.ecriture());
     }
 }
 
 void ActionsRDV::edite(const RendezVous &rdv, const PlaceRDV &place) {
     FrmEditer fenetre(m_env, rdv, place, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
-        emit rdvEcrit(fenetre.rdvEcrit());
+        emit rdvEcrit(fenetre.rdvEcrit(), fenetre.ecriture());
     } else if (fenetre.rdvEcrit() != rdv) { // another workstation's, which was told
-        emit rdvEcrit({});
+        emit rdvEcrit({}, {});
     }
 }
 
 void ActionsRDV::supprime(const RendezVous &rdv, const PlaceRDV &place) {
     FrmSupprimer fenetre(m_env, rdv, place, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
-        emit rdvEcrit({}); // what is left of it is another workstation's, and was told
+        emit rdvEcrit({}, fenetre.ecriture()); // what is left of it is another workstation's, and was told
     }
 }
 
@@ -49,7 +49,7 @@ void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
     RendezVous apres; // nothing, where another workstation was first
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
-        bilan = MarquePresent(base, rdv, present);
+        bilan = MarquePresent(base, m_env.auteur(), rdv, present);
     });
     if (!ecrit) {
         return;
@@ -62,7 +62,7 @@ void ActionsRDV::marquePresent(const RendezVous &rdv, bool present) {
         apres = rdv;
         apres.Present = present;
     }
-    emit rdvEcrit(apres);
+    emit rdvEcrit(apres, bilan.ecriture);
 }
 
 void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens) {
@@ -73,7 +73,8 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
-        bilan = ChangeFin(base, rdv, fin, CLng(place.PraticienCourant), CLng(place.FauteuilCourant));
+        bilan = ChangeFin(base, m_env.auteur(), rdv, fin, CLng(place.PraticienCourant),
+                          CLng(place.FauteuilCourant));
     });
     if (!ecrit) {
         return;
@@ -95,7 +96,7 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
         apres.HeureFin = fin;
         break;
     }
-    emit rdvEcrit(apres);
+    emit rdvEcrit(apres, bilan.ecriture);
 }
 
 void ActionsRDV::reporte() {

@@ -3,6 +3,7 @@
 #include "booking/HorairesRDV.h"
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
+#include "journal/Ecriture.h"
 
 #include <QObject>
 
@@ -28,8 +29,9 @@ class ActionsRDV : public QObject {
 
   signals:
     /// The book was changed, or is not what the window shows: it is to be read again. `rdv` is the
-    /// appointment as it now stands, its RefRDV 0 when there is none left.
-    void rdvEcrit(const RendezVous &rdv);
+    /// appointment as it now stands, its RefRDV 0 when there is none left; `ecriture` what was written here,
+    /// empty when nothing was.
+    void rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture);
 
   private:
     const Environnement &m_env;

@@ -98,20 +98,21 @@ void FrmAjouter::BtnAjouter_Click() {
     }
     const NouveauRDV nouveau{*saisie, m_place.PraticienCourant, m_place.FauteuilCourant,
                              m_place.ChoixHoraire != 0};
-    std::optional<qint64> ref;
+    BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
-        ref = AjouteRDV(base, nouveau);
+        bilan = AjouteRDV(base, m_env.auteur(), nouveau);
     });
     if (!ecrit) {
         return;
     }
-    if (!ref) {
+    if (bilan.resultat != Ecriture::Fait) {
         m_refuse = true;
         m_env.messages->show(messageOccupe, titreOccupe);
         return;
     }
-    m_ecrit.RefRDV = *ref;
+    m_ecriture = bilan.ecriture;
+    m_ecrit.RefRDV = m_ecriture.RefRDV();
     m_ecrit.NumPraticien = CLng(nouveau.NumPraticien);
     m_ecrit.Fauteuil = CLng(nouveau.Fauteuil);
     m_ecrit = Rempli(m_ecrit, *saisie);

@@ -2,6 +2,7 @@
 
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
+#include "journal/Ecriture.h"
 #include "patients/AlerteNonHonore.h"
 
 #include <QDialog>
@@ -23,6 +24,7 @@ class FrmAjouter : public QDialog {
     ~FrmAjouter() override;
     /// The appointment as it was booked.
     RendezVous rdvEcrit() const { return m_ecrit; }
+    const EcritureRDV &ecriture() const { return m_ecriture; }
     /// The user was told that the place is taken.
     bool refuse() const { return m_refuse; }
 
@@ -45,6 +47,7 @@ class FrmAjouter : public QDialog {
     const Environnement &m_env;
     const PlaceRDV m_place;
     RendezVous m_ecrit;
+    EcritureRDV m_ecriture;
     bool m_refuse = false;
     using Transmis = std::tuple<qint64, QString, QString>;
     std::optional<Transmis> m_transmis; ///< number, name and first name of the hand-off read last

@@ -28,8 +28,8 @@ void FrmEditer::BtnMettreAJour_Click() {
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
-        bilan =
-            ModifieRDV(base, m_rdv, *saisie, CLng(m_place.PraticienCourant), CLng(m_place.FauteuilCourant));
+        bilan = ModifieRDV(base, m_env.auteur(), m_rdv, *saisie, CLng(m_place.PraticienCourant),
+                           CLng(m_place.FauteuilCourant));
     });
     if (!ecrit) {
         return;
@@ -48,6 +48,7 @@ void FrmEditer::BtnMettreAJour_Click() {
         break;
     case Ecriture::Fait:
         m_rdv = Rempli(m_rdv, *saisie);
+        m_ecriture = bilan.ecriture;
         break;
     }
     accept();

@@ -2,6 +2,7 @@
 
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
+#include "journal/Ecriture.h"
 
 #include <QDialog>
 #include <memory>
@@ -22,6 +23,7 @@ class FrmEditer : public QDialog {
     ~FrmEditer() override;
     /// The appointment as the book was last seen to have it: as written, once accepted. RefRDV 0 when gone.
     RendezVous rdvEcrit() const { return m_rdv; }
+    const EcritureRDV &ecriture() const { return m_ecriture; }
 
   private:
     void BtnMettreAJour_Click();
@@ -30,4 +32,5 @@ class FrmEditer : public QDialog {
     const Environnement &m_env;
     const PlaceRDV m_place;
     RendezVous m_rdv;
+    EcritureRDV m_ecriture;
 };

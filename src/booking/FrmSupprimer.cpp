@@ -37,7 +37,7 @@ void FrmSupprimer::BtnOK_Click() {
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
-        bilan = SupprimeRDV(base, m_rdv);
+        bilan = SupprimeRDV(base, m_env.auteur(), m_rdv);
     });
     if (!ecrit) {
         return;
@@ -48,5 +48,6 @@ void FrmSupprimer::BtnOK_Click() {
     } else if (bilan.resultat == Ecriture::Change) {
         m_env.messages->show(MessageModifie(m_rdv, bilan.actuel), titreModifie);
     }
+    m_ecriture = bilan.ecriture;
     accept();
 }

@@ -2,6 +2,7 @@
 
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
+#include "journal/Ecriture.h"
 
 #include <QDialog>
 #include <memory>
@@ -19,6 +20,8 @@ class FrmSupprimer : public QDialog {
     FrmSupprimer(const Environnement &env, const RendezVous &rdv, const PlaceRDV &place,
                  QWidget *parent = nullptr);
     ~FrmSupprimer() override;
+    /// Empty when nothing was deleted here.
+    const EcritureRDV &ecriture() const { return m_ecriture; }
 
   private:
     void BtnOK_Click();
@@ -26,4 +29,5 @@ class FrmSupprimer : public QDialog {
     std::unique_ptr<Ui::FrmSupprimer> ui;
     const Environnement &m_env;
     const RendezVous m_rdv;
+    EcritureRDV m_ecriture;
 };

@@ -1,5 +1,6 @@
 #include "booking/MessagesRDV.h"
 
+#include "booking/RangeeTables.h"
 #include "platform/ui/DatesFr.h"
 
 #include <QStringList>
@@ -33,4 +34,24 @@ QString MessageModifie(const RendezVous &avant, const RendezVous &actuel) {
     return QStringLiteral("Ce rendez-vous a été modifié sur un autre poste.\n\nVous aviez : %1.\n"
                           "Il est maintenant : %2.\n\nRien n'a été enregistré.")
         .arg(decrit(avant, actuel), decrit(actuel, avant));
+}
+
+QString MessageRefus(const QString &geste, bool annule, const BilanEcriture &bilan, const Rangee &attendue,
+                     const Rangee &voulue) {
+    const RendezVous attendu = RendezVousDe(attendue);
+    const RendezVous voulu = RendezVousDe(voulue);
+    QString raison = QStringLiteral("ce rendez-vous n'existe plus.");
+    if (bilan.resultat == Ecriture::Occupe) {
+        raison = QStringLiteral("la place du %1, de %2 à %3, n'est plus libre.")
+                     .arg(DatesFr::jourComplet(voulu.Date1), DatesFr::heure(voulu.HeureDebut),
+                          DatesFr::heure(voulu.HeureFin));
+    } else if (bilan.resultat == Ecriture::Change && attendue.isEmpty()) {
+        raison = QStringLiteral("ce rendez-vous est déjà de nouveau dans le carnet.");
+    } else if (bilan.resultat == Ecriture::Change) {
+        raison = QStringLiteral("ce rendez-vous a été modifié depuis sur un autre poste.\n\nIl était : %1.\n"
+                                "Il est maintenant : %2.")
+                     .arg(decrit(attendu, bilan.actuel), decrit(bilan.actuel, attendu));
+    }
+    return QStringLiteral("« %1 » ne peut pas être %2 : %3\n\nRien n'a été enregistré.")
+        .arg(geste, annule ? QStringLiteral("annulé") : QStringLiteral("refait"), raison);
 }

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "booking/ReservationTables.h"
 #include "grid/RendezVous.h"
 
 /// What the user is told about an appointment that another workstation changed since it was shown: both
 /// versions, and that nothing was written.
 QString MessageModifie(const RendezVous &avant, const RendezVous &actuel);
+/// Why what was done ("Déplacer DURAND") is not undone, or not done again.
+QString MessageRefus(const QString &geste, bool annule, const BilanEcriture &bilan, const Rangee &attendue,
+                     const Rangee &voulue);
 inline const QString titreModifie = QStringLiteral("Rendez-vous modifié");
 
 /// What the user is told where an appointment would lie on another one.

@@ -1,6 +1,10 @@
 #include "booking/ReservationTables.h"
 
+#include "booking/RangeeTables.h"
+#include "journal/JournalTables.h"
 #include "platform/db/DateInverse.h"
+
+#include <functional>
 
 namespace {
 
@@ -40,9 +44,40 @@ bool libreSauf(Database &rdv, qint64 ref, const SaisieRDV &saisie, long praticie
     return HoraireLibreSauf(duJour(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
 }
 
+/// The only place where a row of RDV is written: what it was and is then goes into the history with it.
+/// `ecriture` gives the row's key.
+BilanEcriture ecrit(Database &rdv, const Auteur &auteur, Operation quoi, qint64 ref,
+                    const std::function<qint64()> &ecriture) {
+    EcritureRDV faite{quoi, ref == 0 ? Rangee() : LitRangee(rdv, ref)};
+    faite.apres = LitRangee(rdv, ecriture());
+    NoteEcriture(rdv, auteur, faite);
+    return {.ecriture = faite};
+}
+
+BilanEcriture ecritChamps(Database &rdv, const Auteur &auteur, Operation quoi, qint64 ref,
+                          const Fields &champs) {
+    return ecrit(rdv, auteur, quoi, ref, [&] {
+        if (!champs.empty()) {
+            rdv.update(tableRDV, cle, ref, champs);
+        }
+        return ref;
+    });
+}
+
+BilanEcriture ecritNouvelle(Database &rdv, const Auteur &auteur, Operation quoi, const Fields &champs) {
+    return ecrit(rdv, auteur, quoi, 0, [&] { return rdv.insert(tableRDV, champs); });
+}
+
+BilanEcriture efface(Database &rdv, const Auteur &auteur, Operation quoi, qint64 ref) {
+    return ecrit(rdv, auteur, quoi, ref, [&] {
+        rdv.execute(SqlText("DELETE FROM RDV WHERE RefRDV = ") << nombre(ref));
+        return ref;
+    });
+}
+
 /// Writes `champs` of an appointment whose place is that of `saisie`.
-BilanEcriture reecrit(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, const Fields &champs,
-                      long praticien, long fauteuil) {
+BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const SaisieRDV &saisie,
+                      const Fields &champs, long praticien, long fauteuil) {
     const qint64 ref = avant.RefRDV;
     Transaction transaction(rdv);
     const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
@@ -56,9 +91,51 @@ BilanEcriture reecrit(Database &rdv, const RendezVous &avant, const SaisieRDV &s
         !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
         return {Ecriture::Occupe};
     }
-    rdv.update(tableRDV, cle, ref, champs);
+    const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, ref, champs);
     transaction.commit();
-    return {};
+    return bilan;
+}
+
+/// What a dialog would ask for such a place.
+SaisieRDV placeDe(const RendezVous &rdv) {
+    SaisieRDV place;
+    place.Date1 = rdv.Date1;
+    place.HeureDebut = rdv.HeureDebut;
+    place.HeureFin = rdv.HeureFin;
+    return place;
+}
+
+bool memePlace(const RendezVous &a, const RendezVous &b) {
+    return a.Date1 == b.Date1 && a.HeureDebut == b.HeureDebut && a.HeureFin == b.HeureFin &&
+           a.NumPraticien == b.NumPraticien && a.Fauteuil == b.Fauteuil;
+}
+
+/// A key that somebody else's appointment has got: books are in use that give one twice.
+bool cleReprise(const Rangee &voulue, const RendezVous &actuel) {
+    const RendezVous sien = RendezVousDe(voulue);
+    return actuel.Nom != sien.Nom || actuel.Prenom != sien.Prenom || actuel.NumPatient != sien.NumPatient;
+}
+
+/// The row of that key is not what was expected: gone, or another's doing.
+BilanEcriture autreEtat(Database &rdv, qint64 ref) {
+    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+    return actuel ? BilanEcriture{Ecriture::Change, *actuel} : BilanEcriture{Ecriture::Disparu};
+}
+
+bool placeLibreSauf(Database &rdv, const Rangee &rangee, qint64 ref) {
+    const RendezVous voulu = RendezVousDe(rangee);
+    const SaisieRDV place = placeDe(voulu);
+    return EstReservable(plageDe(place)) && libreSauf(rdv, ref, place, voulu.NumPraticien, voulu.Fauteuil);
+}
+
+/// `rangee` as a new row, of its old key where `garde`; fields that the table has lost are left out.
+Fields champsNouveaux(Database &rdv, const Rangee &rangee, bool garde) {
+    Fields champs = ChampsAutres(rangee, {});
+    const TableDef table = rdv.tableDef(tableRDV);
+    std::erase_if(champs, [&](const auto &champ) {
+        return !table.hasField(champ.first) || (!garde && champ.first == cle);
+    });
+    return champs;
 }
 
 } // namespace
@@ -76,10 +153,10 @@ RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie) {
     return rdv;
 }
 
-std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
+BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &nouveau) {
     const PlageHoraire voulu = plageDe(nouveau.saisie);
     if (!EstReservable(voulu)) {
-        return std::nullopt;
+        return {Ecriture::Occupe};
     }
     const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
@@ -89,27 +166,27 @@ std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
     Transaction transaction(rdv);
     const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
     if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
-        return std::nullopt;
+        return {Ecriture::Occupe};
     }
-    const qint64 ref = rdv.insert(tableRDV, champs);
+    const BilanEcriture bilan = ecritNouvelle(rdv, auteur, Operation::Ajout, champs);
     transaction.commit();
-    return ref;
+    return bilan;
 }
 
-BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
-                         long fauteuil) {
-    return reecrit(rdv, avant, saisie, champsDe(saisie), praticien, fauteuil);
+BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
+                         const SaisieRDV &saisie, long praticien, long fauteuil) {
+    return reecrit(rdv, auteur, avant, saisie, champsDe(saisie), praticien, fauteuil);
 }
 
-BilanEcriture ChangeFin(Database &rdv, const RendezVous &avant, QTime fin, long praticien, long fauteuil) {
-    SaisieRDV place;
-    place.Date1 = avant.Date1;
-    place.HeureDebut = avant.HeureDebut;
+BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
+                        long praticien, long fauteuil) {
+    SaisieRDV place = placeDe(avant);
     place.HeureFin = fin;
-    return reecrit(rdv, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien, fauteuil);
+    return reecrit(rdv, auteur, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien,
+                   fauteuil);
 }
 
-BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {
+BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {
     Transaction transaction(rdv);
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
@@ -118,12 +195,12 @@ BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {
     if (*actuel != avant) {
         return {Ecriture::Change, *actuel};
     }
-    rdv.execute(SqlText("DELETE FROM RDV WHERE RefRDV = ") << nombre(avant.RefRDV));
+    const BilanEcriture bilan = efface(rdv, auteur, Operation::Suppression, avant.RefRDV);
     transaction.commit();
-    return {};
+    return bilan;
 }
 
-BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present) {
+BilanEcriture MarquePresent(Database &rdv, const Auteur &auteur, const RendezVous &avant, bool present) {
     Transaction transaction(rdv);
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
@@ -132,7 +209,36 @@ BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present
     if (!memeSaisie(*actuel, avant)) {
         return {Ecriture::Change, *actuel};
     }
-    rdv.update(tableRDV, cle, avant.RefRDV, {{QStringLiteral("Present"), Value::boolean(present)}});
+    const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Presence, avant.RefRDV,
+                                            {{QStringLiteral("Present"), Value::boolean(present)}});
     transaction.commit();
-    return {};
+    return bilan;
+}
+
+// ---- Putting back
+
+bool PlaceLibre(Database &rdv, const Rangee &rangee) {
+    return placeLibreSauf(rdv, rangee, RendezVousDe(rangee).RefRDV);
+}
+
+BilanEcriture RemetRDV(Database &rdv, const Auteur &auteur, Operation quoi, const Rangee &attendue,
+                       const Rangee &voulue) {
+    const qint64 ref = EcritureRDV{quoi, attendue, voulue}.RefRDV();
+    Transaction transaction(rdv);
+    const Rangee actuelle = LitRangee(rdv, ref);
+    const bool reprise =
+        attendue.isEmpty() && !actuelle.isEmpty() && cleReprise(voulue, RendezVousDe(actuelle));
+    if (actuelle != attendue && !reprise) {
+        return autreEtat(rdv, ref);
+    }
+    const bool deplace = attendue.isEmpty() || !memePlace(RendezVousDe(attendue), RendezVousDe(voulue));
+    if (!voulue.isEmpty() && deplace && !placeLibreSauf(rdv, voulue, reprise ? 0 : ref)) {
+        return {Ecriture::Occupe};
+    }
+    const BilanEcriture bilan = voulue.isEmpty() ? efface(rdv, auteur, quoi, ref)
+                                : attendue.isEmpty()
+                                    ? ecritNouvelle(rdv, auteur, quoi, champsNouveaux(rdv, voulue, !reprise))
+                                    : ecritChamps(rdv, auteur, quoi, ref, ChampsAutres(voulue, attendue));
+    transaction.commit();
+    return bilan;
 }

@@ -2,11 +2,13 @@
 
 #include "grid/Occupation.h"
 #include "grid/RendezVousTables.h"
+#include "journal/Ecriture.h"
 #include "platform/db/Database.h"
+#include "practice/Auteur.h"
 
-/// Adding, changing, deleting appointments and marking attendance. Every write is one transaction that holds
-/// the writer's lock from its start, looks inside it whether the range is free and the appointment still what
-/// the user saw, and leaves nothing behind when it throws DbError.
+/// Adding, changing, deleting appointments, marking attendance, and putting back what was. Every write is one
+/// transaction that holds the writer's lock from its start, looks inside it whether the range is free and the
+/// appointment still what the user saw, tells the history, and leaves nothing behind when it throws DbError.
 
 /// The fields of an appointment that the user fills. The times are written in whole minutes.
 struct SaisieRDV {
@@ -30,10 +32,6 @@ struct NouveauRDV {
     bool Professionnel = true;
 };
 
-/// Adds an appointment; gives its RefRDV, or nothing when its range is not free any more, or not one
-/// (EstReservable; the dialogs refuse that with a message of their own before it comes here).
-std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau);
-
 enum class Ecriture {
     Fait,
     Occupe,  ///< the range is not free, or not one
@@ -42,18 +40,32 @@ enum class Ecriture {
 };
 struct BilanEcriture {
     Ecriture resultat = Ecriture::Fait;
-    RendezVous actuel = {}; ///< what the appointment is now, when it was changed meanwhile
+    RendezVous actuel = {};    ///< what the appointment is now, when it was changed meanwhile
+    EcritureRDV ecriture = {}; ///< what was written; empty when nothing was, or nothing is another for it
 };
+
+/// Adds an appointment. Occupe: its range is not free any more, or not one (EstReservable; the dialogs refuse
+/// that with a message of their own before it comes here).
+BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &nouveau);
 
 // `avant` is the appointment as the user saw it.
 
 /// Rewrites an appointment. It keeps its practitioner and its chair, for which the range must be free as well
 /// as for `praticien` and `fauteuil`, the current ones. Changed meanwhile: in a field that is written here.
-BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
-                         long fauteuil);
+BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
+                         const SaisieRDV &saisie, long praticien, long fauteuil);
 /// The same for its end alone: nothing else is written.
-BilanEcriture ChangeFin(Database &rdv, const RendezVous &avant, QTime fin, long praticien, long fauteuil);
+BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
+                        long praticien, long fauteuil);
 /// Changed meanwhile: in any field.
-BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant);
+BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant);
 /// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.
-BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present);
+BilanEcriture MarquePresent(Database &rdv, const Auteur &auteur, const RendezVous &avant, bool present);
+
+/// Makes a row what it was or was to be, `voulue` (empty: takes it out), as long as it is `attendue` (empty:
+/// it is gone) in every field; and its range free, where another one is taken by that. A row that is put back
+/// keeps its RefRDV, unless the book has given that to another patient's appointment since.
+BilanEcriture RemetRDV(Database &rdv, const Auteur &auteur, Operation quoi, const Rangee &attendue,
+                       const Rangee &voulue);
+/// Whether the range of a row is free but for the row itself.
+bool PlaceLibre(Database &rdv, const Rangee &rangee);

@@ -148,7 +148,7 @@ void FrmPurger::deplaceLot() {
     const std::optional<DbError> echec = tente(m_env, [this] {
         Database archive = ouvreArchive();
         Database carnet = m_env.ouvreCarnetPourEcrire();
-        m_purge->deplaceLot(carnet, archive);
+        m_purge->deplaceLot(carnet, archive, m_env.auteur());
     });
     if (echec) {
         echoue(*echec);

@@ -6,6 +6,7 @@
 #include <QFile>
 #include <algorithm>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -180,8 +181,10 @@ void Purge::archive(Database &archives, const std::vector<Fields> &lot) {
     m_enTrop = refs;
 }
 
-/// Takes those of the lot that are still what was archived. The others' copies are out of date.
-void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees) {
+/// Takes those of the lot that are still what was archived, and has it noted how many they are. The others'
+/// copies are out of date.
+void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees,
+                   const std::function<void(int)> &note) {
     Transaction transaction(rdv);
     const auto debut = Horloge::now();
     std::vector<qint64> partent;
@@ -195,6 +198,7 @@ void Purge::retire(Database &rdv, const std::vector<qint64> &refs, const std::ve
         throw DbError(DbError::Kind::Other, rdv.path(),
                       QStringLiteral("il garde des rendez-vous qui devaient en partir"));
     }
+    note(int(partent.size()));
     m_partent = partent;
     try {
         transaction.commit();
@@ -234,14 +238,23 @@ void Purge::regle(Database &rdv) {
 
 /// Only the second half keeps other writers out; they have the time of the first, and a pause at least, to
 /// come in.
-void Purge::deplaceLot(Database &rdv, Database &archives) {
+void Purge::deplaceLot(Database &rdv, Database &archives, const Auteur &auteur) {
     const size_t fin = std::min(m_refs.size(), m_vus + size_t(m_lot));
     const std::vector<qint64> refs(m_refs.begin() + ptrdiff_t(m_vus), m_refs.begin() + ptrdiff_t(fin));
     regle(rdv);
     const std::vector<Fields> lot = litLot(rdv, refs);
     archive(archives, lot);
     std::this_thread::sleep_until(m_libre + pauseEntreLots);
-    retire(rdv, refs, lot);
+    // what a transaction that fails leaves of its row is not known: the next one makes another
+    PurgeNotee notee = std::exchange(m_notee, {});
+    if (notee.RefJournal == 0) {
+        notee = {.praticien = m_praticien, .jour = m_jour, .archive = archives.path()};
+    }
+    retire(rdv, refs, lot, [&](int partis) {
+        notee.nombre += partis;
+        notee.RefJournal = partis == 0 ? notee.RefJournal : NotePurge(rdv, auteur, notee);
+    });
+    m_notee = notee;
     m_vus = fin;
 }
 

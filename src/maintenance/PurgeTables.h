@@ -1,5 +1,6 @@
 #pragma once
 
+#include "journal/JournalTables.h"
 #include "maintenance/ReglesPurge.h"
 #include "platform/db/Database.h"
 
@@ -22,8 +23,9 @@ class Purge {
     void cherche(Database &rdv);
     /// Moves the next of them as they are now; what has been moved to a later day, or deleted, since is left
     /// alone. It may begin anew after a failure. Keeps writers out of the book for a tenth of a second or so,
-    /// and waits until they had a moment of their own since the last lot.
-    void deplaceLot(Database &rdv, Database &archives);
+    /// and waits until they had a moment of their own since the last lot. The history has one row for all of
+    /// the purge, whose number of appointments each lot brings up to date as it leaves the book.
+    void deplaceLot(Database &rdv, Database &archives, const Auteur &auteur);
 
     /// Takes out of the archive what this purge has not taken from the book: for one that goes no further.
     void abandonne(Database &rdv, Database &archives);
@@ -45,7 +47,8 @@ class Purge {
     SqlText condition() const;
     std::vector<Fields> litLot(Database &rdv, const std::vector<qint64> &refs) const;
     void archive(Database &archives, const std::vector<Fields> &lot);
-    void retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees);
+    void retire(Database &rdv, const std::vector<qint64> &refs, const std::vector<Fields> &archivees,
+                const std::function<void(int)> &note);
     void partis();
     void regle(Database &rdv);
 
@@ -57,5 +60,6 @@ class Purge {
     int m_deplaces = 0;
     std::vector<qint64> m_enTrop;  ///< what was archived, but is not known to have been moved
     std::vector<qint64> m_partent; ///< those of them whose leaving failed, or seemed to
-    Horloge::time_point m_libre;   ///< since when the book is
+    PurgeNotee m_notee;
+    Horloge::time_point m_libre; ///< since when the book is
 };

@@ -2,6 +2,26 @@
 
 #include "platform/db/DbError.h"
 
+#include <QSysInfo>
+
+#include <pwd.h>
+#include <unistd.h>
+
+namespace {
+
+/// The account, not the environment's idea of it. Asked once: a directory service may take its time.
+QString compteDuSysteme() {
+    static const QString nom = [] {
+        const passwd *compte = getpwuid(getuid());
+        return compte != nullptr ? QString::fromLocal8Bit(compte->pw_name) : QString::number(getuid());
+    }();
+    return nom;
+}
+
+} // namespace
+
+Environnement::Environnement() : poste(QSysInfo::machineHostName), utilisateur(compteDuSysteme) {}
+
 void Environnement::prendEmplacements(const Emplacements &lus) {
     CheminRacine = lus.LeChemin;
     CheminFichiers = lus.CheminBase + QStringLiteral("\\Fichiers");

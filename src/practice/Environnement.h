@@ -4,6 +4,7 @@
 #include "platform/files/StoredPaths.h"
 #include "platform/printing/Printer.h"
 #include "platform/word/WordProcessor.h"
+#include "practice/Auteur.h"
 #include "practice/CheminTables.h"
 
 #include <QDateTime>
@@ -16,7 +17,11 @@ class Messages;
 /// The world outside: what a test replaces, and where the data lies. It is made before the first window,
 /// const from then on, and handed down by reference; it outlives every window.
 struct Environnement {
+    Environnement();
+
     std::function<QDateTime()> maintenant = [] { return QDateTime::currentDateTime(); };
+    std::function<QString()> poste;       ///< this workstation's name; at first what the system calls it
+    std::function<QString()> utilisateur; ///< at first the account that runs the program
     Messages *messages = nullptr;
     Printer imprimante = printOnDefaultPrinter;
     /// Starts a word processor. Throws WordError where none is installed.
@@ -37,6 +42,8 @@ struct Environnement {
     /// out (a damaged page, locks that do not hold) writes it while the book is open.
     std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();
 
+    /// Who writes, now.
+    Auteur auteur() const { return {maintenant(), poste(), utilisateur()}; }
     /// Fills the three data locations from the row of the path database.
     void prendEmplacements(const Emplacements &lus);
 

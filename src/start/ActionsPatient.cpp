@@ -1,5 +1,6 @@
 #include "start/ActionsPatient.h"
 
+#include "booking/Annulation.h"
 #include "booking/FrmAjouter.h"
 #include "patients/HistoriqueTables.h"
 #include "platform/ui/DatesFr.h"
@@ -13,9 +14,10 @@
 #include "start/CarnetMontre.h"
 #include "start/MenusPraticien.h"
 
-ActionsPatient::ActionsPatient(const Environnement &env, CarnetMontre &carnet, const MenusPraticien &menus,
-                               QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_menus(menus), m_fenetre(fenetre) {}
+ActionsPatient::ActionsPatient(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
+                               const MenusPraticien &menus, QWidget &fenetre)
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_annulation(annulation), m_menus(menus),
+      m_fenetre(fenetre) {}
 
 void ActionsPatient::mnurechercher_Click() {
     const RendezVous rdv = m_carnet.selection().rdv.value_or(RendezVous());
@@ -54,6 +56,7 @@ void ActionsPatient::reserve(FrmRDVlibre &recherche, const PlaceRDV &place) {
     }
     FrmAjouter ajouter(m_env, place, &recherche);
     const bool reservee = ajouter.exec() == QDialog::Accepted;
+    m_annulation.note(ajouter.ecriture());
     if (reservee) {
         m_carnet.montreRDV(ajouter.rdvEcrit().RefRDV); // by day where the week leaves its weekday out
     } else {

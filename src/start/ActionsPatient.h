@@ -2,6 +2,7 @@
 
 #include <QObject>
 
+class Annulation;
 class CarnetMontre;
 class FrmRDVlibre;
 class MenusPraticien;
@@ -13,9 +14,9 @@ struct PlaceRDV;
 class ActionsPatient : public QObject {
     Q_OBJECT
   public:
-    /// `fenetre` is the windows' parent.
-    ActionsPatient(const Environnement &env, CarnetMontre &carnet, const MenusPraticien &menus,
-                   QWidget &fenetre);
+    /// `fenetre` is the windows' parent; `annulation` is told what was booked.
+    ActionsPatient(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
+                   const MenusPraticien &menus, QWidget &fenetre);
 
     void mnurechercher_Click();
     void mnuRDVlibre_Click();
@@ -33,6 +34,7 @@ class ActionsPatient : public QObject {
 
     const Environnement &m_env;
     CarnetMontre &m_carnet;
+    Annulation &m_annulation;
     const MenusPraticien &m_menus;
     QWidget &m_fenetre;
 };

@@ -7,8 +7,9 @@
 
 #include <QWidget>
 
-ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_fenetre(fenetre),
+ActionsSelection::ActionsSelection(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
+                                   QWidget &fenetre)
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_annulation(annulation), m_fenetre(fenetre),
       m_actions(new ActionsRDV(env, fenetre)) {
     m_actions->setParent(this);
     connect(m_actions, &ActionsRDV::rdvEcrit, this, &ActionsSelection::rdvEcrit);
@@ -81,7 +82,8 @@ void ActionsSelection::changeDuree(Sens sens) {
     }
 }
 
-void ActionsSelection::rdvEcrit(const RendezVous &rdv) {
+void ActionsSelection::rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture) {
+    m_annulation.note(ecriture);
     m_fenetre.activateWindow(); // two windows that close together leave some window managers with none active
     m_carnet.montreEcrit(rdv);
 }

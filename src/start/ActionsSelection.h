@@ -1,6 +1,7 @@
 #pragma once
 
 #include "booking/ActionsRDV.h"
+#include "booking/Annulation.h"
 #include "start/CarnetMontre.h"
 
 /// What the menus do with the selection. The book is read again first: nothing opens, and nothing is written,
@@ -8,8 +9,9 @@
 class ActionsSelection : public QObject {
     Q_OBJECT
   public:
-    /// `fenetre` is the windows' parent.
-    ActionsSelection(const Environnement &env, CarnetMontre &carnet, QWidget &fenetre);
+    /// `fenetre` is the windows' parent; `annulation` is told what was written.
+    ActionsSelection(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
+                     QWidget &fenetre);
 
     void mnuAjouter_Click();
     void mnuEditer_Click();
@@ -24,10 +26,11 @@ class ActionsSelection : public QObject {
     /// The end of the selected appointment, or of what is selected free, one slot on.
     void changeDuree(Sens sens);
     PlaceRDV place() const { return PlaceDe(m_carnet.affichage(), m_carnet.selection()); }
-    void rdvEcrit(const RendezVous &rdv);
+    void rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture);
 
     const Environnement &m_env;
     CarnetMontre &m_carnet;
+    Annulation &m_annulation;
     QWidget &m_fenetre;
     ActionsRDV *m_actions;
 };

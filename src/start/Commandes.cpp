@@ -2,7 +2,20 @@
 
 #include "ui_FrmEntree.h"
 
+#include "booking/Annulation.h"
 #include "start/CarnetMontre.h"
+
+namespace {
+
+/// "Annuler « Déplacer DURAND »"
+void nomme(QAction &action, const QString &verbe, const std::optional<EcritureRDV> &pas, bool possible) {
+    QString geste = pas ? NomDuGeste(*pas) : QString();
+    geste.replace(u'&', QStringLiteral("&&"));
+    action.setText(pas ? QStringLiteral("%1 « %2 »").arg(verbe, geste) : verbe);
+    action.setEnabled(possible && pas);
+}
+
+} // namespace
 
 void Commandes::dessine(const CarnetMontre &carnet) {
     const Selection &selection = carnet.selection();
@@ -30,6 +43,8 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     for (QAction *action : {m_ui.mnuAllonger, m_ui.mnuRaccourcir}) {
         action->setEnabled(!selection.vide() && (ecrit || !surRDV));
     }
+    nomme(*m_ui.mnuAnnuler, QStringLiteral("A&nnuler"), m_annulation.aAnnuler(), ecrit);
+    nomme(*m_ui.mnuRetablir, QStringLiteral("Réta&blir"), m_annulation.aRefaire(), ecrit);
     m_ui.mnuLettre->setEnabled(surRDV);
     m_ui.mnuPresent->setChecked(surRDV && selection.rdv->Present);
 }

@@ -1,6 +1,7 @@
 #include "start/Demarrage.h"
 
 #include "grid/AffichageTables.h"
+#include "journal/JournalTables.h"
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
 #include "schedule/Configuration.h"
@@ -19,16 +20,38 @@ bool etape(const Environnement &env, Depart &depart, const std::function<void()>
     return !echec;
 }
 
+/// A book whose tables cannot be changed is used without a history; gives why.
+QString prepareJournal(Database &carnet) {
+    try {
+        if (!JournalEstPret(carnet)) {
+            PrepareJournal(carnet);
+        }
+        return JournalEstPret(carnet) ? QString() : QStringLiteral("« TavJournal » n'y est pas une table.");
+    } catch (const DbError &echec) {
+        if (echec.kind() == DbError::Kind::Locked) { // the start is tried again
+            throw;
+        }
+        return echec.cause();
+    }
+}
+
 bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString erreur;
+    QString sansJournal;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
         // a damaged book is not written into
-        erreur = EstANiveau(carnet) ? QString() : checkBook(carnet.path());
+        erreur = EstANiveau(carnet) && JournalEstPret(carnet) ? QString() : checkBook(carnet.path());
         erreur = erreur.isEmpty() ? MetANiveau(carnet) : erreur;
+        sansJournal = erreur.isEmpty() ? prepareJournal(carnet) : QString();
     });
     if (!erreur.isEmpty()) {
         depart.messages << erreur;
+    }
+    if (!sansJournal.isEmpty()) {
+        depart.messages << QStringLiteral("Ce carnet ne peut pas garder l'historique de ses rendez-vous ; il "
+                                          "s'utilise sans.\n\nLa raison : ") +
+                               sansJournal;
     }
     return lue && erreur.isEmpty();
 }

@@ -6,6 +6,7 @@
 #include "platform/ui/Messages.h"
 #include "platform/ui/Sablier.h"
 #include "practice/Environnement.h"
+#include "start/ActionsAnnulation.h"
 #include "start/ActionsOptions.h"
 #include "start/ActionsPatient.h"
 #include "start/ActionsSelection.h"
@@ -49,13 +50,14 @@ Geste gesteDe(FlexGrid::Gesture geste) {
 } // namespace
 
 FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
-    : QMainWindow(parent), ui(controles(*this)), m_env(env), m_carnet(env, this), m_commandes(*ui, env),
-      m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
+    : QMainWindow(parent), ui(controles(*this)), m_env(env), m_carnet(env, this),
+      m_commandes(*ui, env, m_annulation), m_etat(std::make_unique<BarreEtat>(*ui->StatusBar1)),
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_habillage(new Habillage(*ui, env, *m_vues, *this)),
-      m_actions(new ActionsSelection(env, m_carnet, *this)),
+      m_actions(new ActionsSelection(env, m_carnet, m_annulation, *this)),
+      m_retour(new ActionsAnnulation(env, m_carnet, m_annulation, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
-      m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
+      m_patient(new ActionsPatient(env, m_carnet, m_annulation, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
@@ -103,6 +105,9 @@ void FrmEntree::relieMenus() {
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
     relieA(m_actions, ui->mnuAllonger, &ActionsSelection::mnuAllonger_Click);
     relieA(m_actions, ui->mnuRaccourcir, &ActionsSelection::mnuRaccourcir_Click);
+    relieA(m_retour, ui->mnuAnnuler, &ActionsAnnulation::mnuAnnuler_Click);
+    relieA(m_retour, ui->mnuRetablir, &ActionsAnnulation::mnuRetablir_Click);
+    relieA(m_retour, ui->mnuHistorique, &ActionsAnnulation::mnuHistorique_Click);
     relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);

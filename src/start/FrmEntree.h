@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/Annulation.h"
 #include "grid/FrmMois.h"
 #include "platform/ui/FlexGrid.h"
 #include "start/CarnetMontre.h"
@@ -12,6 +13,7 @@
 namespace Ui {
 class FrmEntree;
 }
+class ActionsAnnulation;
 class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
@@ -78,11 +80,13 @@ class FrmEntree : public QMainWindow {
     std::unique_ptr<Ui::FrmEntree> ui;
     const Environnement &m_env;
     CarnetMontre m_carnet;
+    Annulation m_annulation;
     Commandes m_commandes;
     std::unique_ptr<BarreEtat> m_etat;
     Vues *m_vues;
     Habillage *m_habillage;
     ActionsSelection *m_actions;
+    ActionsAnnulation *m_retour;
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;
     ActionsOptions *m_options;

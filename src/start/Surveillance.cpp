@@ -1,10 +1,30 @@
 #include "start/Surveillance.h"
 
+#include "journal/JournalTables.h"
+#include "platform/db/DbError.h"
 #include "platform/ui/Messages.h"
 
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+
+namespace {
+
+/// A start takes a few: as many as a practice writes in some days, whatever has gathered.
+void oublie(const QString &carnet, const QDateTime &limite, const std::stop_token &fin) {
+    constexpr int lots = 10;
+    constexpr std::chrono::milliseconds pause{200}; // other workstations write meanwhile
+    try {
+        Database base = Database::open(carnet, pause);
+        for (int lot = 0; lot < lots && !fin.stop_requested() && OublieJournal(base, limite); ++lot) {
+            std::this_thread::sleep_for(pause);
+        }
+    } catch (const DbError &) { // the next start will
+        return;
+    }
+}
+
+} // namespace
 
 void Surveillance::commenceApresImage(QWidget &fenetre) {
     fenetre.installEventFilter(this);
@@ -24,11 +44,14 @@ void Surveillance::commence() {
         return;
     }
     const QString carnet = m_env.chemins.realDatabase(m_env.CheminBaseRDV);
-    m_lecture = std::jthread([this, carnet](const std::stop_token &fin) {
+    const QDateTime limite = m_env.maintenant().addMonths(-moisGardes);
+    m_lecture = std::jthread([this, carnet, limite](const std::stop_token &fin) {
         const QString defaut = checkBook(carnet, fin);
         if (!defaut.isEmpty()) {
             QMetaObject::invokeMethod(
                 this, [this, defaut] { trouve(defaut); }, Qt::QueuedConnection);
+        } else {
+            oublie(carnet, limite, fin);
         }
     });
     if (m_env.programme.isEmpty()) {

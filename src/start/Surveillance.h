@@ -7,7 +7,8 @@
 #include <thread>
 
 /// Looks at the book while it is used: whether it is whole, and whether its folder keeps two programs from
-/// writing at once. A book that fails is only read from then on.
+/// writing at once. A book that fails is only read from then on; one that is whole forgets a few of the
+/// writings that its history has kept for long enough.
 class Surveillance : public QObject {
     Q_OBJECT
   public:

@@ -57,8 +57,9 @@ class FenetresRDV : public testing::Test {
     RendezVous reserve() {
         const SaisieRDV saisie{q("ROUX"), q("Léa"),   q("02 97"),  q("contrôle"),
                                q("12"),   place.jour, QTime(9, 0), QTime(9, 30)};
-        const auto ref = AjouteRDV(base, {saisie, place.PraticienCourant, place.FauteuilCourant});
-        return *LitRDV(base, ref.value_or(0));
+        const auto fait =
+            AjouteRDV(base, env.auteur(), {saisie, place.PraticienCourant, place.FauteuilCourant});
+        return *LitRDV(base, fait.ecriture.RefRDV());
     }
     QString livre() { return lignes(cabinet.ouvre(Base::RendezVous)); }
     QStringList titres() {

@@ -20,10 +20,11 @@ SaisieRDV saisie(const char *texte) {
 
 class ReservationTest : public testing::Test {
   protected:
-    qint64 ajoute(const NouveauRDV &n) { return AjouteRDV(base, n).value_or(0); }
+    qint64 ajoute(const NouveauRDV &n) { return AjouteRDV(base, moi, n).ecriture.RefRDV(); }
     RendezVous rdv(qint64 ref) { return LitRDV(base, ref).value_or(RendezVous()); }
     QString contenu() { return lignes(livre.ouvre()); }
 
+    const Auteur moi{{QDate(2026, 3, 11), QTime(10, 5)}, q("ACCUEIL"), q("claire")};
     Livre livre;
     Database base = livre.ouvre();
 };
@@ -46,17 +47,19 @@ TEST_F(ReservationTest, BooksAndMovesOnlyToWhatIsFree) {
     const qint64 autre = ajoute(nouveau("C|18:00|18:30", "03", "3"));
     for (const auto &c : cas) {
         const NouveauRDV &n = c.nouveau;
-        EXPECT_EQ(ModifieRDV(base, rdv(autre), n.saisie, CLng(n.NumPraticien), CLng(n.Fauteuil)).resultat,
-                  c.libre ? Ecriture::Fait : Ecriture::Occupe)
+        EXPECT_EQ(
+            ModifieRDV(base, moi, rdv(autre), n.saisie, CLng(n.NumPraticien), CLng(n.Fauteuil)).resultat,
+            c.libre ? Ecriture::Fait : Ecriture::Occupe)
             << c.nom;
         const qint64 ref = ajoute(n);
         EXPECT_EQ(ref != 0, c.libre) << c.nom;
-        SupprimeRDV(base, rdv(ref));
+        SupprimeRDV(base, moi, rdv(ref));
     }
-    EXPECT_EQ(ModifieRDV(base, rdv(present), saisie("B|09:15:40|09:45:10"), 1, 1).resultat, Ecriture::Fait);
+    EXPECT_EQ(ModifieRDV(base, moi, rdv(present), saisie("B|09:15:40|09:45:10"), 1, 1).resultat,
+              Ecriture::Fait);
     EXPECT_TRUE(contenu().contains(q("|09:15:00|09:45:00|"))) << "seconds are not kept";
     ajoute(nouveau("D|16:00|16:30", "03", "3"));
-    EXPECT_EQ(ModifieRDV(base, rdv(autre), saisie("C|16:00|16:30"), 1, 1).resultat, Ecriture::Occupe)
+    EXPECT_EQ(ModifieRDV(base, moi, rdv(autre), saisie("C|16:00|16:30"), 1, 1).resultat, Ecriture::Occupe)
         << "at its own chair";
     for (const char *date : {"2026-03-11", "2026-03-11 00:00:00"}) { // an older program's key or date
         livre.execute(SqlText("update RDV set DateInv = '?', Date1 = ") << texte(q(date)));
@@ -80,9 +83,10 @@ TEST_F(ReservationTest, WritesNothingOverWhatAnotherDeskDid) {
             const RendezVous avant = rdv(ajoute(nouveau("A|09:00|09:30")));
             livre.execute(c.ailleurs);
             const QString laisse = contenu();
-            const BilanEcriture bilan = geste == 'm' ? ModifieRDV(base, avant, saisie("A|10:00|10:30"), 1, 1)
-                                        : geste == 'p' ? MarquePresent(base, avant, true)
-                                                       : SupprimeRDV(base, avant);
+            const BilanEcriture bilan = geste == 'm'
+                                            ? ModifieRDV(base, moi, avant, saisie("A|10:00|10:30"), 1, 1)
+                                        : geste == 'p' ? MarquePresent(base, moi, avant, true)
+                                                       : SupprimeRDV(base, moi, avant);
             EXPECT_EQ(bilan.resultat, attendu) << geste << qPrintable(c.ailleurs.text());
             EXPECT_EQ(bilan.actuel, attendu == Change ? rdv(avant.RefRDV) : RendezVous());
             EXPECT_TRUE(attendu == Fait || contenu() == laisse) << geste << qPrintable(c.ailleurs.text());

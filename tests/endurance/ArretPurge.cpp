@@ -42,6 +42,7 @@ Comptes prepare(const QTemporaryDir &dossier) {
     creeBase(modele, schema(Base::ArchiveVide));
     Database rdv = Database::open(livre);
     MetANiveau(rdv);
+    PrepareJournal(rdv);
     Transaction transaction(rdv);
     for (int i = 0; i < anciens + autres; ++i) {
         const bool apres = i >= anciens && i % 2 == 0;
@@ -67,7 +68,7 @@ void purge(const QString &archive) {
     while (!purge.finie()) {
         Database archives = Database::open(archive);
         Database rdv = Database::open(livre);
-        purge.deplaceLot(rdv, archives);
+        purge.deplaceLot(rdv, archives, {});
     }
 }
 
@@ -131,6 +132,16 @@ unsigned dureeEntiere() {
     return unsigned(duree.nsecsElapsed() / 1000);
 }
 
+/// How many the history says that purges have taken.
+qint64 notes() {
+    Database rdv = Database::open(livre);
+    qint64 ensemble = 0;
+    for (const LigneJournal &ligne : JournalDuJour(rdv, premierJour, 1)) {
+        ensemble += ligne.ecriture.apres[champNombre].toInteger();
+    }
+    return ensemble;
+}
+
 /// Whether a purge that is killed after so long leaves all that the next one needs.
 bool survit(unsigned microsecondes, int &interrompues) {
     const QTemporaryDir dossier;
@@ -140,12 +151,12 @@ bool survit(unsigned microsecondes, int &interrompues) {
     QThread::usleep(microsecondes); // not a wait: the random moment of the kill
     enfant.kill();
     enfant.waitForFinished(patienceMs);
-    const bool sains = comptees(avant, {livre, premiere});
     const qsizetype reste = lit(livre).size();
+    const bool sains = comptees(avant, {livre, premiere}) && notes() == avant.size() - reste;
     interrompues += reste > autres && reste < avant.size() ? 1 : 0;
     purge(seconde);
     return sains && comptees(avant, {livre, premiere, seconde}) && lit(livre).size() == autres &&
-           checkBook(livre).isEmpty();
+           notes() == anciens && checkBook(livre).isEmpty();
 }
 
 int dirige(int tours, unsigned graine) {

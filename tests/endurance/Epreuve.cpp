@@ -1,14 +1,18 @@
-// epreuve [ROUNDS [SEED]]: workstations book, move and delete at once in one book, create patients, and are
-// killed at any moment. Never may two appointments of one practitioner and chair have a moment in common;
-// afterwards the books must hold what was acknowledged, whole and once, at most what was under way, and no
-// half of a patient.
+// epreuve [ROUNDS [SEED]]: workstations book, move, delete and undo at once in one book, create patients, and
+// are killed at any moment. Never may two appointments of one practitioner and chair have a moment in common;
+// afterwards the books must hold what was acknowledged, whole and once, at most what was under way, no half
+// of a patient, and a history that tells of each appointment how it came to be what it is.
 #include "Schema.h"
+#include "booking/Annulation.h"
+#include "booking/RangeeTables.h"
 #include "booking/ReservationTables.h"
+#include "journal/JournalTables.h"
 #include "patients/TabPatTables.h"
 #include "platform/db/DbError.h"
 #include "start/MiseANiveauTables.h"
 
 #include <QCoreApplication>
+#include <QJsonDocument>
 #include <QMap>
 #include <QProcess>
 #include <QTemporaryDir>
@@ -31,6 +35,9 @@ QString fichier(const QString &dossier, Base base) {
 
 /// An appointment in one line. No two writes leave the same: each has a name of its own.
 QString contenu(const RendezVous &rdv) {
+    if (rdv.RefRDV == 0 && rdv.Nom.isEmpty()) {
+        return {};
+    }
     return QStringLiteral("%1|%2|%3 %4-%5|%6|%7")
         .arg(rdv.Nom, rdv.Description, rdv.Date1.toString(Qt::ISODate), rdv.HeureDebut.toString(),
              rdv.HeureFin.toString())
@@ -50,7 +57,7 @@ class Poste {
             m_marque = QStringLiteral("L'HER %1.%2").arg(m_numero).arg(i);
             bool ecrit = false;
             try {
-                ecrit = i % 5 == 0 ? creePatient() : reserve();
+                ecrit = i % 5 == 0 ? creePatient() : i % 3 == 0 ? remet() : reserve();
             } catch (const DbError &erreur) {
                 if (erreur.kind() != DbError::Kind::Locked) {
                     throw;
@@ -73,6 +80,33 @@ class Poste {
         return CreePatient(patient, listing, fiche, lundi) != 0;
     }
 
+    bool note(const BilanEcriture &bilan) {
+        m_annulation.note(bilan.ecriture);
+        return bilan.resultat == Ecriture::Fait;
+    }
+
+    /// Undoes what was written last, or does again what was undone last.
+    bool remet() {
+        const bool annule = m_annulation.aAnnuler() && (entre(0, 2) > 0 || !m_annulation.aRefaire());
+        const auto pas = annule ? m_annulation.aAnnuler() : m_annulation.aRefaire();
+        const EcritureRDV fait = pas.value_or(EcritureRDV());
+        const Rangee &attendue = annule ? fait.apres : fait.avant;
+        const Rangee &voulue = annule ? fait.avant : fait.apres;
+        annonce(contenu(RendezVousDe(attendue)), contenu(RendezVousDe(voulue)));
+        if (!pas) {
+            return false;
+        }
+        Database rdv = Database::open(fichier(m_dossier, Base::RendezVous));
+        const Operation quoi = annule ? Operation::Annulation : Operation::Refait;
+        const BilanEcriture bilan = RemetRDV(rdv, {}, quoi, attendue, voulue);
+        if (bilan.resultat == Ecriture::Fait) {
+            annule ? m_annulation.annule(fait.RefRDV()) : m_annulation.refait(fait.RefRDV());
+        } else {
+            annule ? m_annulation.oublieAnnulation() : m_annulation.oublieRefait();
+        }
+        return bilan.resultat == Ecriture::Fait;
+    }
+
     /// Every other time a place that all workstations want just now; few of everything in any case.
     bool reserve() {
         const auto dixieme =
@@ -93,20 +127,20 @@ class Poste {
         const int quoi = jour.isEmpty() ? 0 : entre(0, 9);
         if (quoi < 5) {
             annonce({}, contenu(Rempli(ou, saisie)));
-            return AjouteRDV(rdv, {saisie, QString::number(ou.NumPraticien), QString::number(ou.Fauteuil)})
-                .has_value();
+            return note(
+                AjouteRDV(rdv, {}, {saisie, QString::number(ou.NumPraticien), QString::number(ou.Fauteuil)}));
         }
         const RendezVous &choisi = jour[entre(0, int(jour.size()) - 1)];
         annonce(contenu(choisi), quoi < 8 ? contenu(Rempli(choisi, saisie)) : QString());
-        const BilanEcriture bilan = quoi < 8 ? ModifieRDV(rdv, choisi, saisie, ou.NumPraticien, ou.Fauteuil)
-                                             : SupprimeRDV(rdv, choisi);
-        return bilan.resultat == Ecriture::Fait;
+        return note(quoi < 8 ? ModifieRDV(rdv, {}, choisi, saisie, ou.NumPraticien, ou.Fauteuil)
+                             : SupprimeRDV(rdv, {}, choisi));
     }
 
     QString m_numero;
     QString m_dossier;
     QString m_marque;
     std::mt19937 m_hasard;
+    Annulation m_annulation;
     QTextStream m_dit{stdout};
 };
 
@@ -143,6 +177,34 @@ QStringList noms(const QString &dossier, Base base) {
         liste << row.at(0).toText();
     }
     return liste;
+}
+
+/// Of each appointment, one writing has to begin where the one before has ended, and the last one has to end
+/// with what is in the book; gives those of which that is not true.
+QStringList ecartsHistoire(const QString &dossier) {
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous));
+    QMap<qint64, QString> etats;
+    QStringList fautes;
+    rdv.forEach(SqlText("Select RefRDV, Avant, Apres from TavJournal order by RefJournal"),
+                [&](const RowView &r) {
+                    QString &etat = etats[r.integer(0)];
+                    if (r.text(1) != etat) {
+                        fautes << QStringLiteral("une écriture sans suite : ") + r.text(1);
+                    }
+                    etat = r.text(2);
+                });
+    QMap<qint64, QString> livre;
+    rdv.forEach(SqlText("Select RefRDV from RDV"),
+                [&](const RowView &r) { livre[r.integer(0)] = QString(); });
+    for (auto rangee = livre.begin(); rangee != livre.end(); ++rangee) {
+        *rangee =
+            QString::fromUtf8(QJsonDocument(LitRangee(rdv, rangee.key())).toJson(QJsonDocument::Compact));
+    }
+    etats.removeIf([](const auto &etat) { return etat.value().isEmpty(); });
+    if (etats != livre) {
+        fautes << QStringLiteral("l'historique ne finit pas par le carnet");
+    }
+    return fautes;
 }
 
 /// What was acknowledged, each content with how often it came less how often it was replaced; what was under
@@ -188,12 +250,19 @@ struct Journal {
     }
 };
 
+int remis(const QString &dossier) {
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous));
+    return rdv.query(SqlText("Select RefJournal from TavJournal Where Quoi in (6, 7) order by RefJournal"))
+        .count();
+}
+
 // ---- The parent
 
 struct Bilan {
     int acquittes = 0;
     int enCours = 0;
     int chevauchements = 0;
+    int remis = 0; ///< writings undone or done again
     QStringList fautes;
 };
 
@@ -210,6 +279,8 @@ void verifie(Bilan &bilan, Journal &journal, const QString &dossier) {
     bilan.acquittes += journal.acquittes;
     bilan.enCours += int(journal.enCours.size());
     bilan.fautes += journal.ecarts(livre);
+    bilan.fautes += ecartsHistoire(dossier);
+    bilan.remis += remis(dossier);
     for (const Base base : bases) {
         bilan.fautes += checkBook(fichier(dossier, base)).split(u'\n', Qt::SkipEmptyParts);
     }
@@ -223,6 +294,7 @@ void tour(Bilan &bilan, std::mt19937 &hasard) {
     }
     Database rdv = Database::open(fichier(dossier.path(), Base::RendezVous));
     MetANiveau(rdv);
+    PrepareJournal(rdv);
     std::vector<std::unique_ptr<QProcess>> processus;
     for (int i = 0; i < postes; ++i) {
         QProcess &p = *processus.emplace_back(std::make_unique<QProcess>());
@@ -257,10 +329,12 @@ int dirige(int tours, unsigned graine) {
     }
     QTextStream(stdout) << "Arrêts : " << tours * postes << " (graine " << graine
                         << ")\nAcquittés : " << bilan.acquittes << "\nEn cours à l'arrêt : " << bilan.enCours
+                        << "\nAnnulés ou refaits : " << bilan.remis
                         << "\nChevauchements : " << bilan.chevauchements
                         << "\nFautes : " << bilan.fautes.size() << '\n'
                         << bilan.fautes.join(u'\n') << '\n';
-    return bilan.acquittes > 0 && bilan.chevauchements == 0 && bilan.fautes.isEmpty() ? 0 : 1;
+    return bilan.acquittes > 0 && bilan.remis > 0 && bilan.chevauchements == 0 && bilan.fautes.isEmpty() ? 0
+                                                                                                         : 1;
 }
 
 } // namespace

@@ -21,7 +21,7 @@ class PurgeTest : public testing::Test {
     /// Gives how many it moved.
     int acheve() {
         while (!purge->finie()) {
-            purge->deplaceLot(carnet, *archives);
+            purge->deplaceLot(carnet, *archives, {});
         }
         return purge->deplaces();
     }
@@ -107,7 +107,7 @@ TEST_F(PurgeTest, ALotThatBeginsAnewIsArchivedOnce) {
     bool occupe = false;
     livre.ouvre().forEach(SqlText("Select RefRDV from RDV"), [&](const RowView &) { // a reader: no commit
         if (!std::exchange(occupe, true)) {
-            EXPECT_THROW(purge->deplaceLot(carnet, *archives), DbError);
+            EXPECT_THROW(purge->deplaceLot(carnet, *archives, {}), DbError);
         }
     });
     EXPECT_EQ(comptes(livre.fichier()), avant);
@@ -124,7 +124,7 @@ TEST_F(PurgeTest, AnAbandonedLotIsNotInTheArchive) {
     bool occupe = false;
     livre.ouvre().forEach(SqlText("Select RefRDV from RDV"), [&](const RowView &) { // a reader: no commit
         if (!std::exchange(occupe, true)) {
-            EXPECT_THROW(purge->deplaceLot(carnet, *archives), DbError);
+            EXPECT_THROW(purge->deplaceLot(carnet, *archives, {}), DbError);
         }
     });
     livre.execute(SqlText("Delete from RDV")); // by another desk
@@ -169,6 +169,39 @@ TEST_F(PurgeTest, WhatAnArchiveDoesNotGiveBackStaysInTheBook) {
     QFile::remove(archive);
     commence();
     EXPECT_EQ(acheve(), 1) << "bytes that are no text stay where they are";
+}
+
+TEST_F(PurgeTest, TheHistoryHasOneRowForAllItsLots) {
+    PrepareJournal(carnet);
+    for (int i = 0; i <= premierLot; ++i) {
+        livre.rdv({.jour = "2005-01-05"});
+    }
+    commence();
+    purge->deplaceLot(carnet, *archives, {});
+    bool occupe = false;
+    livre.ouvre().forEach(SqlText("Select RefRDV from RDV"), [&](const RowView &) { // a reader: no commit
+        if (!std::exchange(occupe, true)) {
+            EXPECT_THROW(purge->deplaceLot(carnet, *archives, {}), DbError);
+        }
+    });
+    const auto nombres = [&] {
+        QList<qint64> lus;
+        for (const LigneJournal &ligne : JournalDuJour(carnet, QDate(2005, 1, 5), 1)) {
+            lus << ligne.ecriture.apres[champNombre].toInteger();
+        }
+        return lus;
+    };
+    EXPECT_EQ(nombres(), QList<qint64>{premierLot}) << "what has left the book";
+    acheve();
+    EXPECT_EQ(nombres(), (QList<qint64>{1, premierLot})) << "another row after a failure";
+    for (int i = 0; i <= 3 * premierLot; ++i) {
+        livre.rdv({.jour = "2005-01-05"});
+    }
+    archive += u'2';
+    commence();
+    EXPECT_EQ(nombres().size() + acheve(), 3 * premierLot + 3);
+    EXPECT_EQ(nombres().first(), 3 * premierLot + 1);
+    EXPECT_EQ(nombres().size(), 3) << "one purge, one row";
 }
 
 TEST_F(PurgeTest, AnArchiveThatCannotBeMadeLeavesNothing) {

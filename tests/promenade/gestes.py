@@ -21,7 +21,8 @@ class Gestes:
 
     GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 7, ("fleche",): 8, ("menu",): 14,
               ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
-              ("raccourci",): 12, ("clavier",): 14, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5}
+              ("raccourci",): 12, ("clavier",): 14, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5,
+              ("retour",): 2, ("historique",): 4}
 
     # ---- The grids
 

@@ -57,6 +57,7 @@ def lit_base(chemin):
     """Every row of every table, by its key."""
     lien = sqlite3.connect(f"file:{chemin}?mode=ro", uri=True)
     lien.row_factory = sqlite3.Row
+    lien.execute("begin")  # one moment for all of the tables
     tables = [t[0] for t in lien.execute("select name from sqlite_master where type = 'table' "
                                          "and name not like 'sqlite%'")]
     lu = {t: {r["cle"]: dict(r) for r in lien.execute(f"select rowid as cle, * from {t} order by rowid")}

@@ -17,7 +17,7 @@ from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
 from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
-from papier import Papier
+from retour import Retour
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
 PURGE = 0.5  # chance that the walk ends with one
@@ -25,7 +25,7 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Papier, Gestes, Clavier, Fenetres):
+class Promenade(Retour, Gestes, Clavier, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
@@ -92,6 +92,8 @@ class Promenade(Papier, Gestes, Clavier, Fenetres):
             self.dans_fenetre()
         else:
             geste, *combien = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
+            if (self.faits or self.annules) and self.h.random() < 0.2:
+                geste, combien = "retour", []
             getattr(self, geste)(*combien)
         if verrou:
             self.sous_verrou(verrou)
@@ -200,7 +202,8 @@ def promene(binaires, graine, pas):
         p = Promenade.__new__(Promenade)
         p.__init__(binaires, graine, dossier)
         p.marche(pas)
-        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; dits : {sorted(p.textes)}")
+        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; {p.remises} écritures remises ; "
+              f"dits : {sorted(p.textes)}")
         return 0
     except (Faute, Exception) as faute:
         shutil.rmtree(garde, ignore_errors=True)

@@ -1,6 +1,11 @@
 #include "start/MiseANiveauTables.h"
 
+#include "booking/ReservationTables.h"
+#include "journal/JournalTables.h"
+
 #include "platform/db/DbError.h"
+#include "start/Demarrage.h"
+#include "support/CabinetDEssai.h"
 #include "support/Livre.h"
 
 #include <QFile>
@@ -77,4 +82,23 @@ TEST_F(MiseANiveauTest, NamesTheTableThatCannotBeChanged) {
     EXPECT_FALSE(base.tableDef(q("RDV")).hasField(q("DateInv"))) << "nothing is half done";
     EXPECT_EQ(ModifieTable(base.tableDef(q("RDV")), ActionTable::Append, {q("X")}),
               q("TableDef ne peut pas être mis à jour ! Tâche impossible à exécuter."));
+}
+
+TEST(Demarrage, ABookThatCannotKeepAHistoryIsUsedWithout) {
+    CabinetDEssai cabinet;
+    const Environnement &env = cabinet.environnement();
+    EXPECT_EQ(Demarre(env).messages, QStringList());
+    Database base = cabinet.ouvre(Base::RendezVous);
+    EXPECT_TRUE(JournalEstPret(base));
+    base.execute(SqlText("drop index JournalParJour"));
+    Demarre(env);
+    EXPECT_TRUE(JournalEstPret(base)) << "what is missing is added";
+    base.execute(SqlText("drop table TavJournal"));
+    base.execute(SqlText("create view TavJournal as select 1 as Apres"));
+    const Depart depart = Demarre(env);
+    ASSERT_EQ(depart.messages.size(), 1);
+    EXPECT_TRUE(depart.messages[0].contains(q("historique"))) << depart.messages[0];
+    EXPECT_TRUE(depart.premier.has_value());
+    const SaisieRDV saisie{q("A"), {}, {}, {}, {}, QDate(2031, 1, 1), QTime(9, 0), QTime(10, 0)};
+    EXPECT_EQ(AjouteRDV(base, env.auteur(), {saisie, q("01"), q("1")}).resultat, Ecriture::Fait);
 }

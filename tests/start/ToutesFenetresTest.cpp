@@ -1,6 +1,7 @@
 #include "booking/CodesRapidesDescription.h"
 #include "booking/FrmAjouter.h"
 #include "booking/FrmEditer.h"
+#include "booking/FrmHistorique.h"
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
@@ -48,6 +49,7 @@ class ToutesFenetres : public testing::Test, public Fenetre {
         ouvre<FrmAjouter>(env, place);
         ouvre<FrmEditer>(env, rdv, place);
         ouvre<FrmSupprimer>(env, rdv, place);
+        ouvre<FrmHistorique>(env, CibleHistorique{rdv, place.jour, 1});
         ouvre<FrmQuelHoraire>();
         ouvre<FrmJourMois>(place.jour);
         ouvre<CodesRapidesDescription>();

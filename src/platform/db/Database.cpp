@@ -67,6 +67,10 @@ bool Database::update(const QString &table, const QString &keyField, qint64 key,
     return m_engine->update(table, keyField, key, values) > 0;
 }
 
+bool Database::hasTable(const QString &table) {
+    return m_engine->hasTable(table);
+}
+
 TableDef Database::tableDef(const QString &table) {
     if (!m_engine->hasTable(table)) {
         throw DbError(DbError::Kind::Structure, m_path, QStringLiteral("la table « %1 » manque").arg(table));

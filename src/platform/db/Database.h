@@ -36,6 +36,8 @@ class Database {
     /// Changes the row whose `keyField` is `key`; false when there is no such row.
     bool update(const QString &table, const QString &keyField, qint64 key, const Fields &values);
 
+    bool hasTable(const QString &table);
+    /// Throws Structure when there is no such table.
     TableDef tableDef(const QString &table);
     void createTable(const QString &table, const std::vector<FieldDef> &fields);
     /// Brings the tables of `other` in under `name`: written "name.Table", they are in the transactions of

@@ -41,6 +41,10 @@ QString enteteJourLong(QDate date) {
     return spelled(date, u"dddd dd MMMM");
 }
 
+QString breve(QDate date) {
+    return spelled(date, u"ddd d MMM yyyy");
+}
+
 QString jourComplet(QDate date) {
     return spelled(date, u"dddd dd MMM yyyy");
 }

@@ -15,6 +15,8 @@ QString jourSemaine(QDate date);
 QString enteteJour(QDate date);
 /// "dddd dd MMMM": a day grid's header
 QString enteteJourLong(QDate date);
+/// "ddd d MMM yyyy", e.g. mer. 11 mars 2026: a list of what was written
+QString breve(QDate date);
 /// "dddd dd MMM yyyy"
 QString jourComplet(QDate date);
 /// "dddd dd MMMM yyyy": printed documents
