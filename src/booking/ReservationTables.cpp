@@ -1,6 +1,9 @@
 #include "booking/ReservationTables.h"
 
 #include "platform/db/DateInverse.h"
+#include "platform/db/DbError.h"
+
+#include <functional>
 
 namespace {
 
@@ -40,11 +43,36 @@ bool libreSauf(Database &rdv, qint64 ref, const SaisieRDV &saisie, long praticie
     return HoraireLibreSauf(duJour(rdv, saisie.Date1, praticien, fauteuil), ref, plageDe(saisie));
 }
 
+// What a transaction concerns: whoever writes the same comes before it or after it.
+
+QString verrouJour(long praticien, long fauteuil, QDate jour) {
+    return QStringLiteral("%1|%2|%3").arg(praticien).arg(fauteuil).arg(jour.toString(Qt::ISODate));
+}
+
+QString verrouRDV(qint64 ref) {
+    return QStringLiteral("RDV %1").arg(ref);
+}
+
+/// What `ecrit` writes ends the transaction; false when another program's row turned out to be in the way.
+bool ecritSiLibre(Transaction &transaction, const std::function<void()> &ecrit) {
+    try {
+        ecrit();
+        transaction.commit();
+    } catch (const DbError &erreur) {
+        if (erreur.kind() == DbError::Kind::Conflict) {
+            return false;
+        }
+        throw;
+    }
+    return true;
+}
+
 /// Writes `champs` of an appointment whose place is that of `saisie`.
 BilanEcriture reecrit(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, const Fields &champs,
                       long praticien, long fauteuil) {
     const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(praticien, fauteuil, saisie.Date1),
+                                  verrouJour(avant.NumPraticien, avant.Fauteuil, saisie.Date1)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -52,13 +80,13 @@ BilanEcriture reecrit(Database &rdv, const RendezVous &avant, const SaisieRDV &s
     if (!memeSaisie(*actuel, avant)) {
         return {Ecriture::Change, *actuel};
     }
+    const bool aSaPlace = actuel->NumPraticien == praticien && actuel->Fauteuil == fauteuil;
     if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
-        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
+        (!aSaPlace && !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil))) {
         return {Ecriture::Occupe};
     }
-    rdv.update(tableRDV, cle, ref, champs);
-    transaction.commit();
-    return {};
+    const bool ecrit = ecritSiLibre(transaction, [&] { rdv.update(tableRDV, cle, ref, champs); });
+    return {ecrit ? Ecriture::Fait : Ecriture::Occupe};
 }
 
 } // namespace
@@ -81,19 +109,20 @@ std::optional<qint64> AjouteRDV(Database &rdv, const NouveauRDV &nouveau) {
     if (!EstReservable(voulu)) {
         return std::nullopt;
     }
+    const long praticien = CLng(nouveau.NumPraticien);
     const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
     champs.emplace_back(QStringLiteral("NumPraticien"), nouveau.NumPraticien);
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
     champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
-    Transaction transaction(rdv);
-    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
+    Transaction transaction(rdv, {verrouJour(praticien, fauteuil, nouveau.saisie.Date1)});
+    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, praticien, fauteuil);
     if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
         return std::nullopt;
     }
-    const qint64 ref = rdv.insert(tableRDV, champs);
-    transaction.commit();
-    return ref;
+    qint64 ref = 0;
+    const bool ecrit = ecritSiLibre(transaction, [&] { ref = rdv.insert(tableRDV, champs); });
+    return ecrit ? std::optional(ref) : std::nullopt;
 }
 
 BilanEcriture ModifieRDV(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, long praticien,
@@ -110,7 +139,7 @@ BilanEcriture ChangeFin(Database &rdv, const RendezVous &avant, QTime fin, long 
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(avant.RefRDV)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -124,7 +153,7 @@ BilanEcriture SupprimeRDV(Database &rdv, const RendezVous &avant) {
 }
 
 BilanEcriture MarquePresent(Database &rdv, const RendezVous &avant, bool present) {
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(avant.RefRDV)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
         return {Ecriture::Disparu};

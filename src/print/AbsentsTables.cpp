@@ -10,9 +10,10 @@ QList<Absent> Absents(Database &carnet, std::optional<long> praticien, QDate jou
     SqlText sql("select * from RDV where DateInv = "); // as the text that an index holds
     sql << texte(InverseDate(jour)) << " and Present = False";
     if (praticien) {
-        sql << " and clng(NumPraticien) = " << nombre(*praticien) << " order by HeureDebut";
+        sql << " and clng(NumPraticien) = " << nombre(*praticien)
+            << " order by HeureDebut, clng(Fauteuil), RefRDV";
     } else {
-        sql << " order by clng(NumPraticien), HeureDebut";
+        sql << " order by clng(NumPraticien), HeureDebut, clng(Fauteuil), RefRDV";
     }
     const Records rows = carnet.query(sql);
     QList<Absent> absents;

@@ -3,6 +3,7 @@
 #include "platform/db/DbError.h"
 #include "platform/db/PostgresConnection.h"
 #include "platform/db/PostgresErrors.h"
+#include "platform/db/TextOrder.h"
 #include "support/Serveur.h"
 #include "support/Texte.h"
 
@@ -320,4 +321,34 @@ TEST_F(PostgresTest, ACommitWithoutAnAnswerIsFoundOut) {
     EXPECT_EQ(serveur->demande("select string_agg(nom, ',' order by nom) from tavelin.rdv"),
               q("fait,inconnu"));
     serveur->demande("drop owned by poste; drop role poste");
+}
+
+TEST_F(PostgresTest, TextsAreInOneOrder) {
+    QStringList textes{q("Le Goff"),  q("Legoff"),  q("Le-Goff"), q("L'Hour"),  q("Lhour"), q("Œuvrard"),
+                       q("oeuvrard"), q("oeufs"),   q("cote"),    q("côte"),    q("coté"),  q("côté"),
+                       q("Müller"),   q("Mueller"), q("straße"),  q("strasse"), q("Ænima"), q("aenima"),
+                       q("D'ARC"),    q("D-ARC"),   q("D ARC"),   q("D.ARC"),   q("Ça"),    q("ca"),
+                       q("Ñu"),       q("nu"),      q("y"),       q("ÿ"),       q(""),      q("a1"),
+                       q("a10"),      q("a_1"),     q("éa"),      q("êa"),      q("èb")};
+    const QString sansAccord = q("İµſ"); // nobody agrees about their small letters
+    for (char16_t c = 0x20; c < 0x180; ++c) {
+        if (!sansAccord.contains(QChar(c)) && QChar(c).isPrint() && (c < 0x7f || QChar(c).isLetter())) {
+            textes << QString(QChar(c)) + u'm' << u'e' + QString(QChar(c)) << u'e' + QString(QChar(c)) + u'f';
+        }
+    }
+    QStringList rangees;
+    for (int i = 0; i < textes.size(); ++i) {
+        rangees << q("(%1,'%2')").arg(i).arg(DoubleApostrophe(textes[i]));
+    }
+    const QStringList ordre =
+        serveur
+            ->demande("select string_agg(i::text, ',' order by dialecte.tri(t), i) from "
+                      "(values " +
+                      rangees.join(u',').toUtf8() + ") as x (i, t)")
+            .split(u',');
+    for (int i = 1; i < ordre.size(); ++i) {
+        const QString avant = textes[ordre[i - 1].toInt()];
+        const QString apres = textes[ordre[i].toInt()];
+        EXPECT_LE(compareTexts(avant.toUtf8(), apres.toUtf8()), 0) << avant << " " << apres;
+    }
 }

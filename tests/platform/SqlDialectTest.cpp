@@ -70,7 +70,7 @@ const Row translations[] = {
      "ucase(CAST (x AS text)) = 'A1' COLLATE dialecte.texte and clng((a) + CAST(b AS text)) = 1"},
     {"textOrders", "TexteIndex(nom)>='du'order by TexteTri(nom)asc,DateInv",
      "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv",
-     R"(lower(nom COLLATE "C") >= 'du' order by (nom COLLATE dialecte.texte) asc nulls first, DateInv nulls first)"},
+     R"(lower(nom COLLATE "C") >= 'du' order by tri(nom) asc nulls first, DateInv nulls first)"},
     {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
      "Present = 0 and x <> 0 and [True] = 'True' COLLATE TEXTE and TrueX",
      R"(Present = 0 and x <> 0 and "true" = 'True' COLLATE dialecte.texte and TrueX)"},
@@ -86,13 +86,12 @@ const Row translations[] = {
     {"orders", "select CleLigne from T order by a desc, f(b, c)limit 1",
      "select rowid from T order by a desc, f(b, c) limit 1",
      "select cleligne from T order by a desc nulls last, f(b, c) nulls first limit 1"},
-    {"orderInside", "x in (select a from b order by c) and 'b' <= TexteIndex(d)and TexteIndex(str(e))='f'",
-     "x in (select a from b order by c) and 'b' COLLATE TEXTE <= (d COLLATE NOCASE) and (CAST(e AS TEXT) "
-     "COLLATE "
-     "NOCASE) = 'f' COLLATE TEXTE",
-     "x in (select a from b order by c nulls first) and 'b' <= lower(d COLLATE \"C\") and lower(CAST(e AS "
-     "text) "
-     "COLLATE \"C\") = 'f'"},
+    {"orderInside",
+     "x in (select a from b order by c) and 'B' <= TexteIndex(d)and TexteIndex(str(e))in('F','É')and 'F'=F",
+     "x in (select a from b order by c) and 'B' COLLATE TEXTE <= (d COLLATE NOCASE) and "
+     "(CAST(e AS TEXT) COLLATE NOCASE) in('F', 'É') and 'F' COLLATE TEXTE = F",
+     "x in (select a from b order by c nulls first) and 'b' <= lower(d COLLATE \"C\") and "
+     "lower(CAST(e AS text) COLLATE \"C\") in('f', 'É') and 'F' COLLATE dialecte.texte = F"},
     {"like", "a like 'd''a*[!b-d^]?#.' or a not like '[]' or a like b",
      "a like 'd''a*[!b-d^]?#.' or a not like '[]' or a like b",
      R"(a COLLATE "und-x-icu" ~* '^d''a.*[^b-d\^].[0-9]\.$' or a COLLATE "und-x-icu" !~* '^(?!$|.)$' or a like b)"},

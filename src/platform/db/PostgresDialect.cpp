@@ -2,6 +2,7 @@
 
 #include "platform/db/SqlTranslation.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -70,6 +71,38 @@ void turnLikes(std::vector<SqlToken> &tokens) {
     }
 }
 
+/// As lower() has them in the order of bytes.
+QString folded(QString text) {
+    for (QChar &c : text) {
+        c = c >= u'A' && c <= u'Z' ? QChar(c.unicode() - u'A' + u'a') : c;
+    }
+    return text;
+}
+
+/// What a TexteIndex(…) is compared with, one text or the list behind "in", in the same small letters.
+void turnIndexedTexts(std::vector<SqlToken> &tokens) {
+    for (size_t i = 0; i < tokens.size(); ++i) {
+        if (!tokens[i].isWord(u"TexteIndex")) {
+            continue;
+        }
+        if (i > 1 && tokens[i - 2].kind == Kind::Literal) {
+            tokens[i - 2].text = folded(tokens[i - 2].text);
+        }
+        int depth = 0;
+        do {
+            ++i;
+            depth += i < tokens.size() && tokens[i].is(u"(") ? 1 : 0;
+            depth -= i < tokens.size() && tokens[i].is(u")") ? 1 : 0;
+        } while (i < tokens.size() && depth > 0);
+        const bool isList = i + 1 < tokens.size() && tokens[i + 1].isWord(u"in");
+        for (size_t at = i + 2; at < tokens.size() && (at == i + 2 || isList) && !tokens[at].is(u")"); ++at) {
+            if (tokens[at].kind == Kind::Literal) {
+                tokens[at].text = folded(tokens[at].text);
+            }
+        }
+    }
+}
+
 /// [Name] becomes a name as it was created: its unaccented letters are small ones.
 void turnNames(std::vector<SqlToken> &tokens) {
     for (SqlToken &token : tokens) {
@@ -125,11 +158,12 @@ QString written(const QString &sql, bool isList) {
     static constexpr std::array<SqlCall, 5> calls{{{u"cint", u"clng", u""},
                                                    {u"str", u"CAST", u" AS text"},
                                                    {u"InverseDate", u"replace(substr", u", 1, 10), '-', ''"},
-                                                   {u"TexteTri", u"", u" COLLATE dialecte.texte"},
+                                                   {u"TexteTri", u"tri", u""},
                                                    {u"TexteIndex", u"lower", u" COLLATE \"C\""}}};
     static constexpr SqlGrammar grammar{calls, u"COLLATE dialecte.texte", u"cleligne", true};
     std::vector<SqlToken> tokens = tokensOf(sql);
     turnLikes(tokens);
+    turnIndexedTexts(tokens);
     turnNames(tokens);
     return translated(NullsFirst(tokens, isList).done(), grammar);
 }
@@ -145,11 +179,8 @@ QString SqlDialect::postgresOrder(const QString &terms) {
 }
 
 QString SqlDialect::postgresName(const QString &name) {
-    QString folded;
-    bool isBare = !name.isEmpty() && !(name[0] >= u'0' && name[0] <= u'9');
-    for (const QChar c : name) {
-        isBare = isBare && (c.isLetterOrNumber() || c == u'_');
-        folded += c >= u'A' && c <= u'Z' ? QChar(c.unicode() - u'A' + u'a') : c;
-    }
-    return isBare ? folded : u'"' + folded.replace(u'"', QStringLiteral("\"\"")) + u'"';
+    const bool isBare = !name.isEmpty() && !(name[0] >= u'0' && name[0] <= u'9') &&
+                        std::ranges::all_of(name, [](QChar c) { return c.isLetterOrNumber() || c == u'_'; });
+    QString small = folded(name);
+    return isBare ? small : u'"' + small.replace(u'"', QStringLiteral("\"\"")) + u'"';
 }

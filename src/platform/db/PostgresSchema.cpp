@@ -11,6 +11,7 @@ namespace {
 /// - ecritures: the key of every transaction that was committed of late, by which one whose answer was lost
 /// is
 ///   found out.
+/// - tri: compareTexts() as a key: letters without their accents first, then the text, neither with its case.
 /// - seconde, plagerdv: the times of an appointment as numbers, whatever was stored for them; Null where they
 ///   make no range, which then stands in nobody's way.
 constexpr const char *dialect = R"(
@@ -35,6 +36,15 @@ CREATE OR REPLACE FUNCTION dialecte.cstr(bigint) RETURNS text LANGUAGE sql IMMUT
     SELECT coalesce($1::text, '') $$;
 CREATE OR REPLACE FUNCTION dialecte.ucase(text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
     SELECT upper($1 COLLATE "und-x-icu") COLLATE "C" $$;
+CREATE OR REPLACE FUNCTION dialecte.ascii(text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT lower($1 COLLATE "C") $$;
+CREATE OR REPLACE FUNCTION dialecte.petit(text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT lower($1 COLLATE "und-x-icu") $$;
+CREATE OR REPLACE FUNCTION dialecte.lettres(text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT replace(replace(regexp_replace(normalize($1, NFD), '[\u0300-\u036f]', '', 'g'), 'œ', 'oe'), 'æ', 'ae') $$;
+CREATE OR REPLACE FUNCTION dialecte.tri(text) RETURNS text LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT (CASE WHEN octet_length($1) = char_length($1) THEN dialecte.ascii($1) || chr(1) || dialecte.ascii($1)
+        ELSE dialecte.lettres(dialecte.petit($1)) || chr(1) || dialecte.petit($1) END) COLLATE "C" $$;
 CREATE OR REPLACE FUNCTION dialecte.iif(boolean, anycompatible, anycompatible) RETURNS anycompatible
     LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$ SELECT CASE WHEN $1 THEN $2 ELSE $3 END $$;
 CREATE OR REPLACE FUNCTION dialecte.seconde(text) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$

@@ -26,8 +26,8 @@ class SqlDialect {
 
     /// PostgreSQL text for `sql`, which needs the schema "dialecte" (PostgresSchema). The same as SQLite's
     /// but:
-    /// - clng, cint, cstr, ucase, iif are functions of that schema, as is the collation TEXTE; TexteIndex(x)
-    /// is
+    /// - clng, cint, cstr, ucase, iif and TexteTri are functions of that schema, the collation TEXTE is its
+    /// texte; TexteIndex(x) is
     ///   x in small letters where they are unaccented, byte by byte; CleLigne is a field of that name;
     /// - "x like 'y'" is made into a regular expression that ignores case;
     /// - where Null stands in an order is said: first, as in SQLite;
