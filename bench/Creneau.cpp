@@ -62,7 +62,7 @@ double cherche(const Environnement &env, const Configuration &config, int avance
 Paire creneauAn() {
     const Environnement env = environnement(livrePlein());
     Database carnet = env.ouvreCarnet();
-    Configuration config = ConfigsDuPraticien(carnet, 1).first().config;
+    Configuration config = LitConfigs(carnet, 1).duPraticien.first().config;
     config.JourGrise.fill(0);
     remplit(carnet, config, instant().date());
     return {[=](auto &chiffres) {

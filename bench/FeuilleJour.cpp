@@ -21,7 +21,7 @@ Paire feuilleJour() {
     const Environnement env = environnement(livreCourant());
     Database carnet = env.ouvreCarnet();
     const QDate jour = jourPlein(carnet);
-    const long fauteuil = CLng(ConfigsDuPraticien(carnet, praticien).first().config.FauteuilCourant);
+    const long fauteuil = CLng(LitConfigs(carnet, praticien).duPraticien.first().config.FauteuilCourant);
     const auto remplit = [env, jour, fauteuil] {
         Database base = env.ouvreCarnetPourEcrire();
         RemplitImpression(base, praticien, fauteuil, jour);

@@ -3,6 +3,7 @@
 #include "booking/RangeeTables.h"
 #include "journal/JournalTables.h"
 #include "platform/db/DateInverse.h"
+#include "platform/db/DbError.h"
 
 #include <functional>
 
@@ -75,11 +76,36 @@ BilanEcriture efface(Database &rdv, const Auteur &auteur, Operation quoi, qint64
     });
 }
 
+// What a transaction concerns: whoever writes the same comes before it or after it.
+
+QString verrouJour(long praticien, long fauteuil, QDate jour) {
+    return QStringLiteral("%1|%2|%3").arg(praticien).arg(fauteuil).arg(jour.toString(Qt::ISODate));
+}
+
+QString verrouRDV(qint64 ref) {
+    return QStringLiteral("RDV %1").arg(ref);
+}
+
+/// What `ecrit` writes ends the transaction; Occupe when another program's row turned out to be in the way.
+BilanEcriture ecritSiLibre(Transaction &transaction, const std::function<BilanEcriture()> &ecrit) {
+    try {
+        const BilanEcriture bilan = ecrit();
+        transaction.commit();
+        return bilan;
+    } catch (const DbError &erreur) {
+        if (erreur.kind() == DbError::Kind::Conflict) {
+            return {Ecriture::Occupe};
+        }
+        throw;
+    }
+}
+
 /// Writes `champs` of an appointment whose place is that of `saisie`.
 BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const SaisieRDV &saisie,
                       const Fields &champs, long praticien, long fauteuil) {
     const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(praticien, fauteuil, saisie.Date1),
+                                  verrouJour(avant.NumPraticien, avant.Fauteuil, saisie.Date1)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -87,13 +113,13 @@ BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &ava
     if (!memeSaisie(*actuel, avant)) {
         return {Ecriture::Change, *actuel};
     }
+    const bool aSaPlace = actuel->NumPraticien == praticien && actuel->Fauteuil == fauteuil;
     if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
-        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
+        (!aSaPlace && !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil))) {
         return {Ecriture::Occupe};
     }
-    const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, ref, champs);
-    transaction.commit();
-    return bilan;
+    return ecritSiLibre(transaction,
+                        [&] { return ecritChamps(rdv, auteur, Operation::Edition, ref, champs); });
 }
 
 /// What a dialog would ask for such a place.
@@ -158,19 +184,18 @@ BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &n
     if (!EstReservable(voulu)) {
         return {Ecriture::Occupe};
     }
+    const long praticien = CLng(nouveau.NumPraticien);
     const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
     champs.emplace_back(QStringLiteral("NumPraticien"), nouveau.NumPraticien);
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
     champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
-    Transaction transaction(rdv);
-    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
+    Transaction transaction(rdv, {verrouJour(praticien, fauteuil, nouveau.saisie.Date1)});
+    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, praticien, fauteuil);
     if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
         return {Ecriture::Occupe};
     }
-    const BilanEcriture bilan = ecritNouvelle(rdv, auteur, Operation::Ajout, champs);
-    transaction.commit();
-    return bilan;
+    return ecritSiLibre(transaction, [&] { return ecritNouvelle(rdv, auteur, Operation::Ajout, champs); });
 }
 
 BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
@@ -187,7 +212,7 @@ BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &a
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(avant.RefRDV)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -201,7 +226,7 @@ BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous 
 }
 
 BilanEcriture MarquePresent(Database &rdv, const Auteur &auteur, const RendezVous &avant, bool present) {
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(avant.RefRDV)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -235,10 +260,11 @@ BilanEcriture RemetRDV(Database &rdv, const Auteur &auteur, Operation quoi, cons
     if (!voulue.isEmpty() && deplace && !placeLibreSauf(rdv, voulue, reprise ? 0 : ref)) {
         return {Ecriture::Occupe};
     }
-    const BilanEcriture bilan = voulue.isEmpty() ? efface(rdv, auteur, quoi, ref)
-                                : attendue.isEmpty()
-                                    ? ecritNouvelle(rdv, auteur, quoi, champsNouveaux(rdv, voulue, !reprise))
-                                    : ecritChamps(rdv, auteur, quoi, ref, ChampsAutres(voulue, attendue));
-    transaction.commit();
-    return bilan;
+    return ecritSiLibre(transaction, [&] {
+        if (voulue.isEmpty()) {
+            return efface(rdv, auteur, quoi, ref);
+        }
+        return attendue.isEmpty() ? ecritNouvelle(rdv, auteur, quoi, champsNouveaux(rdv, voulue, !reprise))
+                                  : ecritChamps(rdv, auteur, quoi, ref, ChampsAutres(voulue, attendue));
+    });
 }

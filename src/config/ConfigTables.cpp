@@ -1,5 +1,7 @@
 #include "config/ConfigTables.h"
 
+#include <utility>
+
 namespace {
 
 const std::array<QString, 7> jours{QStringLiteral("Lun"), QStringLiteral("Mar"), QStringLiteral("Mer"),
@@ -49,24 +51,30 @@ Fields champsDe(const NouvelleConfig &nouvelle, const Configuration &config) {
 
 } // namespace
 
-QList<LigneConfig> ConfigsDuPraticien(Database &rdv, long praticien) {
-    const Records rows =
-        rdv.query(SqlText("Select * from Config Where clng(NumPraticien) = ") << nombre(praticien));
-    QList<LigneConfig> configs;
-    for (const Record row : rows) {
-        configs << LigneConfig{configurationDe(row), row[u"DefaultConfig"].toBoolean()};
-    }
-    return configs;
-}
-
-std::optional<Configuration> ConfigDeRepli(Database &rdv) {
+ConfigsLues LitConfigs(Database &rdv, long praticien) {
     const QString defaut = QStringLiteral("Défaut");
-    const Records duZero = rdv.query(SqlText("Select * from Config Where clng(NumPraticien) = 0"));
-    if (duZero.isEmpty() || duZero.first()[u"NomConfig"].toText() != defaut) {
-        return std::nullopt;
+    const Records rows =
+        rdv.query(SqlText("Select clng(NumPraticien) as Numero, (NomConfig = ")
+                  << texte(defaut) << ") as EstDefaut, Config.* from Config Where clng(NumPraticien) in (0, "
+                  << nombre(praticien) << ") or NomConfig = " << texte(defaut) << " order by CleLigne");
+    ConfigsLues lues;
+    std::optional<Configuration> nommee;
+    bool zeroVu = false;
+    bool zeroNomme = false;
+    for (const Record row : rows) {
+        const Configuration config = configurationDe(row);
+        if (row[u"Numero"].toInteger() == praticien) {
+            lues.duPraticien << LigneConfig{config, row[u"DefaultConfig"].toBoolean()};
+        }
+        if (row[u"Numero"] == Value(0) && !std::exchange(zeroVu, true)) {
+            zeroNomme = config.NomConfig == defaut;
+        }
+        if (!nommee && row[u"EstDefaut"].toBoolean()) {
+            nommee = config;
+        }
     }
-    return configurationDe(
-        rdv.query(SqlText("Select * from Config Where NomConfig =") << texte(defaut)).first());
+    lues.repli = zeroNomme ? nommee : std::nullopt;
+    return lues;
 }
 
 Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, const Configuration &config) {
@@ -94,16 +102,16 @@ Enregistrement EnregistreConfig(Database &rdv, const NouvelleConfig &nouvelle, c
 }
 
 bool SupprimeConfig(Database &rdv, long praticien, const QString &nomConfig) {
-    // Saving keeps names unique, but an older book may hold one twice, another practitioner's too, and Config
-    // has no key of its own: the engine's row identity takes its place, so that one row goes and never two.
+    // Saving keeps names unique, but an older book may hold one twice, another practitioner's too: one row
+    // goes and never two.
     Transaction transaction(rdv);
-    const Records rows = rdv.query(SqlText("Select rowid as cle from Config where NomConfig=")
+    const Records rows = rdv.query(SqlText("Select CleLigne from Config where NomConfig=")
                                    << texte(nomConfig) << " and clng(NumPraticien) = " << nombre(praticien)
-                                   << " order by rowid");
+                                   << " order by CleLigne");
     if (rows.isEmpty()) {
         return false;
     }
-    rdv.execute(SqlText("Delete from Config where rowid=") << nombre(rows.first()[u"cle"].toInteger()));
+    rdv.execute(SqlText("Delete from Config where CleLigne=") << nombre(rows.first().at(0).toInteger()));
     transaction.commit();
     return true;
 }

@@ -6,13 +6,14 @@
 #include <QList>
 #include <optional>
 
-/// The practitioner's configurations, in table order. A day counts as displayed when one of the seven values
-/// names it, and NbJours counts these days, whatever the row says.
-QList<LigneConfig> ConfigsDuPraticien(Database &rdv, long praticien);
-
-/// The configuration "Défaut", which serves those who have none: practitioner 0's first row has to bear that
-/// name, exactly.
-std::optional<Configuration> ConfigDeRepli(Database &rdv);
+/// A practitioner's configurations, in the order in which they were saved; and the configuration "Défaut",
+/// which serves those who have none: practitioner 0's first row has to bear that name, exactly. A day counts
+/// as displayed when one of the seven values names it, and NbJours counts these days, whatever the row says.
+struct ConfigsLues {
+    QList<LigneConfig> duPraticien;
+    std::optional<Configuration> repli;
+};
+ConfigsLues LitConfigs(Database &rdv, long praticien);
 
 /// What the user says about a configuration to save.
 struct NouvelleConfig {

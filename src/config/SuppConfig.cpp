@@ -27,7 +27,7 @@ void SuppConfig::remplit() {
     QList<LigneConfig> configs;
     const bool lues = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnet();
-        configs = ConfigsDuPraticien(base, m_praticien);
+        configs = LitConfigs(base, m_praticien).duPraticien;
     });
     ui->cmdSupprimer->setEnabled(lues);
     for (const LigneConfig &ligne : configs) {

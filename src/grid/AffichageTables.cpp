@@ -41,16 +41,17 @@ QString apresMidi() {
 }
 
 /// The week's configuration: the one kept, the chair's, or the fall-back.
-std::optional<Configuration> configDeLaSemaine(Database &carnet, const Affichage &affichage) {
+std::optional<Configuration> configDeLaSemaine(const std::optional<Configuration> &repli,
+                                               const Affichage &affichage) {
     if (affichage.demande.config) {
         return affichage.demande.config;
     }
     const int place = PlaceDuFauteuil(affichage.configs, affichage.demande.fauteuil);
-    return place < 0 ? ConfigDeRepli(carnet) : std::optional(affichage.configs[place].config);
+    return place < 0 ? repli : std::optional(affichage.configs[place].config);
 }
 
-void litSemaine(Database &carnet, Affichage &affichage) {
-    const std::optional<Configuration> config = configDeLaSemaine(carnet, affichage);
+void litSemaine(const std::optional<Configuration> &repli, Affichage &affichage) {
+    const std::optional<Configuration> config = configDeLaSemaine(repli, affichage);
     if (!config) {
         affichage.grilles = {grilleVide({}, sansRepli())};
         return;
@@ -64,9 +65,9 @@ void litSemaine(Database &carnet, Affichage &affichage) {
 }
 
 /// Morning and afternoon of the practitioner's first configuration.
-void litMatinEtApresMidi(Database &carnet, Affichage &affichage) {
+void litMatinEtApresMidi(const std::optional<Configuration> &repli, Affichage &affichage) {
     const std::optional<Configuration> config =
-        affichage.configs.isEmpty() ? ConfigDeRepli(carnet) : std::optional(affichage.configs.first().config);
+        affichage.configs.isEmpty() ? repli : std::optional(affichage.configs.first().config);
     if (!config) {
         affichage.grilles = {grilleVide(matin(), sansRepli()), grilleVide(apresMidi(), sansRepli())};
         return;
@@ -126,15 +127,16 @@ Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime
     Affichage affichage;
     affichage.demande = demande;
     affichage.lu = maintenant;
-    affichage.configs = ConfigsDuPraticien(carnet, demande.numPraticien());
+    const ConfigsLues configs = LitConfigs(carnet, demande.numPraticien());
+    affichage.configs = configs.duPraticien;
     if (demande.VueSemaine) {
-        litSemaine(carnet, affichage);
+        litSemaine(configs.repli, affichage);
     } else if (affichage.AvecFauteuils()) {
         affichage.fauteuilCoche = PlaceDuFauteuil(affichage.configs, demande.fauteuil);
         litDeuxFauteuils(affichage);
     } else {
         affichage.fauteuilCoche = PlaceDuFauteuil(affichage.configs, demande.fauteuil);
-        litMatinEtApresMidi(carnet, affichage);
+        litMatinEtApresMidi(configs.repli, affichage);
     }
     const auto [premier, dernier] = JoursLus(demande);
     for (Grille &grille : affichage.grilles) {

@@ -16,37 +16,39 @@ SqlText duPraticien(long praticien, std::optional<long> fauteuil) {
     return sql;
 }
 
+RendezVous rendezVousDe(const RowView &r) {
+    RendezVous lu{r.integer(0), r.text(1), r.text(2), r.text(3),    r.text(4),           r.text(5),
+                  r.date(6),    r.time(7), r.time(8), r.boolean(9), long(r.integer(10)), long(r.integer(11))};
+    if (!lu.Date1.isValid()) { // it lies where its key says
+        lu.Date1 = QDate::fromString(r.text(12), QStringLiteral("yyyyMMdd"));
+    }
+    return lu;
+}
+
 /// The appointments of the rows of RDV that fulfil `condition`, in the order of the database.
-QList<RendezVous> rendezVousOu(Database &rdv, const SqlText &condition) {
-    QList<RendezVous> liste;
-    rdv.forEach(SqlText("Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, "
-                        "HeureFin, Present, NumPraticien, Fauteuil, DateInv from RDV Where ")
-                    << condition,
-                [&](const RowView &r) {
-                    liste.append(RendezVous{r.integer(0), r.text(1), r.text(2), r.text(3), r.text(4),
-                                            r.text(5), r.date(6), r.time(7), r.time(8), r.boolean(9),
-                                            long(r.integer(10)), long(r.integer(11))});
-                    if (QDate &jour = liste.last().Date1; !jour.isValid()) { // it lies where its key says
-                        jour = QDate::fromString(r.text(12), QStringLiteral("yyyyMMdd"));
-                    }
-                });
-    return liste;
+std::pair<SqlText, RowVisitor> rendezVousOu(const SqlText &condition, QList<RendezVous> &liste) {
+    return {SqlText("Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, "
+                    "HeureFin, Present, NumPraticien, Fauteuil, DateInv from RDV Where ")
+                << condition,
+            [&liste](const RowView &r) { liste.append(rendezVousDe(r)); }};
 }
 
 } // namespace
 
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
                                   std::optional<long> fauteuil) {
-    QList<RendezVous> liste =
-        rendezVousOu(rdv, SqlText("DateInv >= ") << texte(InverseDate(premier))
-                                                 << " AND DateInv<= " << texte(InverseDate(dernier))
-                                                 << duPraticien(praticien, fauteuil));
+    QList<RendezVous> liste;
+    QList<RendezVous> decales;
     // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few
     // rows are looked for without the practitioner, by whose index all that he ever had would be read
     // instead.
-    QList<RendezVous> decales =
-        rendezVousOu(rdv, SqlText("(DateInv Is Null Or DateInv <> InverseDate(Date1)) AND Date1 >= ")
-                              << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1)));
+    rdv.forEach({rendezVousOu(SqlText("DateInv >= ") << texte(InverseDate(premier))
+                                                     << " AND DateInv<= " << texte(InverseDate(dernier))
+                                                     << duPraticien(praticien, fauteuil),
+                              liste),
+                 rendezVousOu(SqlText("(DateInv Is Null Or DateInv <> InverseDate(Date1)) AND Date1 >= ")
+                                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1)),
+                              decales)});
     decales.removeIf([&](const RendezVous &r) {
         return r.NumPraticien != praticien || (fauteuil && r.Fauteuil != *fauteuil);
     });
@@ -82,6 +84,7 @@ QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien) {
 }
 
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
-    const QList<RendezVous> lus = rendezVousOu(rdv, SqlText("RefRDV = ") << nombre(ref));
+    QList<RendezVous> lus;
+    rdv.forEach({rendezVousOu(SqlText("RefRDV = ") << nombre(ref), lus)});
     return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }

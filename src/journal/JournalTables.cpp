@@ -215,7 +215,7 @@ bool OublieJournal(Database &carnet, const QDateTime &limite) {
     if (carnet.query(SqlText(anciens) << nombre(1)).isEmpty()) { // no lock for that
         return false;
     }
-    Transaction transaction(carnet);
+    Transaction transaction(carnet, {tableJournal}); // no appointment waits for that
     const int partis = carnet.execute(SqlText("Delete from TavJournal Where RefJournal in (")
                                       << anciens << nombre(lot) << ")");
     transaction.commit();

@@ -139,7 +139,8 @@ SqlText Purge::condition() const {
 
 void Purge::cherche(Database &rdv) {
     m_refs.clear();
-    rdv.forEach(SqlText("Select RefRDV, Date1 from RDV Where ") << condition() << " order by DateInv",
+    rdv.forEach(SqlText("Select RefRDV, Date1 from RDV Where ")
+                    << condition() << " order by DateInv, HeureDebut, clng(Fauteuil), RefRDV",
                 [this](const RowView &row) {
                     if (EstAnterieur(row.date(1), m_jour)) {
                         m_refs.push_back(row.integer(0));

@@ -4,7 +4,7 @@ QString DernierActeAFaire(Database &actes, qint64 numPatient) {
     const Records rows = actes.query(SqlText("SELECT Libellé, CodeSecu, Coefficient FROM Actes as A1 "
                                              "WHERE A1.NumActe IN ( SELECT max(NumActe) FROM Actes as A2 "
                                              "WHERE A2.NumPatient = ")
-                                     << nombre(numPatient) << " AND A2.AFaire <> 0)");
+                                     << nombre(numPatient) << " AND A2.AFaire <> 0) order by CleLigne");
     if (rows.isEmpty()) {
         return {};
     }

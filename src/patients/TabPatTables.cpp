@@ -22,10 +22,10 @@ SqlText requete() {
 /// decides.
 SqlText requeteNoms(const QString &debut) {
     const Plage plage = PlageDebut(debut);
-    return SqlText("select nom, count(*) from TabPat where TexteIndex(nom) >= ")
+    return SqlText("select min(nom), count(*) from TabPat where TexteIndex(nom) >= ")
            << texte(plage.de) << " and TexteIndex(nom) < " << texte(plage.jusqua)
-           << " group by TexteIndex(nom) having nom like " << texte(MotifDebut(debut))
-           << " order by TexteTri(nom), TexteIndex(nom)";
+           << " group by TexteIndex(nom) having min(nom) like " << texte(MotifDebut(debut))
+           << " order by TexteTri(min(nom)), TexteIndex(min(nom))";
 }
 
 QList<LotDeNoms> lotsDe(const Records &noms) {
@@ -146,7 +146,8 @@ NonHonore RDVNonHonoré(Database &patient, qint64 numPatient) {
 }
 
 QStringList Titres(Database &patient) {
-    const Records rows = patient.query(SqlText("select distinct(Titre) from TabPat"));
+    const Records rows =
+        patient.query(SqlText("select Titre from TabPat group by Titre order by min(cptid)"));
     QStringList titres;
     for (const Record row : rows) {
         const QString titre = row.at(0).toText();
@@ -158,8 +159,9 @@ QStringList Titres(Database &patient) {
 }
 
 QList<Identite> Homonymes(Database &patient, const FichePatient &fiche) {
-    const Records rows = patient.query(SqlText("select Nom,Prenom,DateNais,NumeroSS from TabPat where Nom = ")
-                                       << texte(fiche.nom) << " and Prenom =" << texte(fiche.PreNom));
+    const Records rows =
+        patient.query(SqlText("select Nom,Prenom,DateNais,NumeroSS from TabPat where Nom = ")
+                      << texte(fiche.nom) << " and Prenom =" << texte(fiche.PreNom) << " order by cptid");
     QList<Identite> homonymes;
     for (const Record row : rows) {
         homonymes.append({dateAffichee(row[u"DateNais"]), row[u"NumeroSS"].toText()});

@@ -1,18 +1,24 @@
 #include "patients/TransmissionTables.h"
 
+#include <utility>
+
+/// Their first rows count.
 Transmission LitTransmission(Database &transmission) {
     Transmission lue;
-    const Records patients = transmission.query(SqlText("select * from LePatient"));
-    if (!patients.isEmpty()) {
-        const Record patient = patients.first();
-        lue.avecPatient = true;
-        lue.NomPatient = patient[u"NomPatient"].toText();
-        lue.PrenomPatient = patient[u"PrenomPatient"].toText();
-        lue.NumPatient = patient[u"NumPatient"].toInteger();
-    }
-    const Records praticiens = transmission.query(SqlText("select * from LePraticien"));
-    if (!praticiens.isEmpty()) {
-        lue.NumPraticien = praticiens.first()[u"NumPraticien"].toText();
-    }
+    bool avecPraticien = false;
+    transmission.forEach(
+        {{SqlText("select NomPatient, PrenomPatient, NumPatient from LePatient order by CleLigne"),
+          [&](const RowView &patient) {
+              if (!std::exchange(lue.avecPatient, true)) {
+                  lue.NomPatient = patient.text(0);
+                  lue.PrenomPatient = patient.text(1);
+                  lue.NumPatient = patient.integer(2);
+              }
+          }},
+         {SqlText("select NumPraticien from LePraticien order by CleLigne"), [&](const RowView &praticien) {
+              if (!std::exchange(avecPraticien, true)) {
+                  lue.NumPraticien = praticien.text(0);
+              }
+          }}});
     return lue;
 }

@@ -1,7 +1,7 @@
 #include "practice/CheminTables.h"
 
 std::optional<Emplacements> LitChemin(Database &chemin) {
-    const Records rows = chemin.query(SqlText("select * from Chemin"));
+    const Records rows = chemin.query(SqlText("select * from Chemin order by CleLigne"));
     if (rows.isEmpty()) {
         return std::nullopt;
     }

@@ -2,6 +2,7 @@
 
 #include "platform/db/DbError.h"
 
+#include <QFile>
 #include <QSysInfo>
 
 #include <pwd.h>
@@ -22,10 +23,13 @@ QString compteDuSysteme() {
 
 Environnement::Environnement() : poste(QSysInfo::machineHostName), utilisateur(compteDuSysteme) {}
 
-void Environnement::prendEmplacements(const Emplacements &lus) {
-    CheminRacine = lus.LeChemin;
-    CheminFichiers = lus.CheminBase + QStringLiteral("\\Fichiers");
-    CheminBaseRDV = CheminFichiers + QStringLiteral("\\Tavelin.mdb");
+void Environnement::prendEmplacements(const Emplacements &lus, const QString &dossier) {
+    const QString fichiers = QStringLiteral("\\Fichiers");
+    CheminRacine = StoredPaths::isPath(lus.LeChemin) ? lus.LeChemin : dossier;
+    CheminBases = lus.CheminBase + fichiers;
+    CheminTransmission = lus.LeChemin + fichiers;
+    CheminFichiers = StoredPaths::isPath(lus.CheminBase) ? CheminBases : CheminRacine + fichiers;
+    CheminBaseRDV = CheminBases + QStringLiteral("\\Tavelin.mdb");
 }
 
 Database Environnement::ouvreCarnet() const {
@@ -41,31 +45,45 @@ Database Environnement::ouvreCarnetPourEcrire() const {
 }
 
 Database Environnement::ouvreParametres() const {
-    return ouvre(CheminFichiers + QStringLiteral("\\param.mdb"));
+    return ouvreDeLaSuite(QStringLiteral("\\param.mdb"));
 }
 
 Database Environnement::ouvreParametresImpression() const {
-    return ouvre(CheminFichiers + QStringLiteral("\\ParamImpression.mdb"));
+    return ouvreDeLaSuite(QStringLiteral("\\ParamImpression.mdb"));
 }
 
 Database Environnement::ouvrePatients() const {
-    return ouvre(CheminFichiers + QStringLiteral("\\Patient.mdb"));
+    return ouvreDeLaSuite(QStringLiteral("\\Patient.mdb"));
 }
 
 Database Environnement::ouvrePatientsCrees() const {
-    return ouvre(CheminFichiers + QStringLiteral("\\ListingPatientsCrees.mdb"));
+    return ouvreDeLaSuite(QStringLiteral("\\ListingPatientsCrees.mdb"));
 }
 
 Database Environnement::ouvreActes() const {
-    return ouvre(CheminFichiers + QStringLiteral("\\Actes.mdb"));
+    return ouvreDeLaSuite(QStringLiteral("\\Actes.mdb"));
 }
 
 Database Environnement::ouvreTransmission() const {
-    return ouvre(CheminRacine + QStringLiteral("\\Fichiers\\PatientTavelin.mdb"));
+    return ouvre(CheminTransmission + QStringLiteral("\\PatientTavelin.mdb"));
 }
 
 Database Environnement::ouvreHistorique() const {
-    return ouvre(CheminRacine + QStringLiteral("\\fichiers\\ChangePatient.mdb"));
+    return ouvre(CheminTransmission + QStringLiteral("\\ChangePatient.mdb"));
+}
+
+/// A practice may leave the suite's own files where they were, and have the book on a server.
+Database Environnement::ouvreDeLaSuite(const QString &fichier) const {
+    try {
+        return ouvre(CheminBases + fichier);
+    } catch (const DbError &erreur) {
+        const QString reste = chemins.realDatabase(CheminFichiers + fichier);
+        if (erreur.kind() != DbError::Kind::Missing || CheminFichiers == CheminBases ||
+            !QFile::exists(reste)) {
+            throw;
+        }
+    }
+    return ouvre(CheminFichiers + fichier);
 }
 
 Database Environnement::ouvre(const QString &chemin) const {

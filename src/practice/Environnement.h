@@ -29,8 +29,10 @@ struct Environnement {
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
 
-    QString CheminRacine; ///< folders and file as stored
-    QString CheminFichiers;
+    QString CheminRacine;       ///< documents and pictures, as stored; a folder always
+    QString CheminFichiers;     ///< templates of documents, and archives; a folder always
+    QString CheminBases;        ///< the databases: a folder, or the place that a server gives them
+    QString CheminTransmission; ///< those that go between the suite and the book, as above
     QString CheminBaseRDV;
 
     /// What this workstation remembers of how it shows the book; empty: nothing is remembered.
@@ -44,8 +46,9 @@ struct Environnement {
 
     /// Who writes, now.
     Auteur auteur() const { return {maintenant(), poste(), utilisateur()}; }
-    /// Fills the three data locations from the row of the path database.
-    void prendEmplacements(const Emplacements &lus);
+    /// Fills the data locations from the row of the path database, which lies in `dossier`. Folders that the
+    /// row does not name, since a server keeps its databases: those of the other, or of `dossier`.
+    void prendEmplacements(const Emplacements &lus, const QString &dossier = {});
 
     // Each opens one database for one action; all throw DbError.
     Database ouvreCarnet() const;
@@ -61,4 +64,5 @@ struct Environnement {
 
   private:
     Database ouvre(const QString &chemin) const;
+    Database ouvreDeLaSuite(const QString &fichier) const;
 };

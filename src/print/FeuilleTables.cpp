@@ -10,7 +10,7 @@ const QString tableImpression = QStringLiteral("Impression");
 
 /// The appointments come by start, then in the order of their booking: of two on one line that order decides.
 FeuilleJour lit(Database &rdv, long praticien, long fauteuil, QDate jour) {
-    const QList<LigneConfig> configs = ConfigsDuPraticien(rdv, praticien);
+    const QList<LigneConfig> configs = LitConfigs(rdv, praticien).duPraticien;
     const int place = PlaceDuFauteuil(configs, fauteuil);
     if (place < 0) {
         FeuilleJour feuille;
@@ -24,7 +24,7 @@ FeuilleJour lit(Database &rdv, long praticien, long fauteuil, QDate jour) {
 } // namespace
 
 FeuilleJour RemplitImpression(Database &rdv, long praticien, long fauteuil, QDate jour) {
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {tableImpression}); // no appointment waits for a sheet
     rdv.execute(SqlText("Delete from Impression"));
     FeuilleJour feuille = lit(rdv, praticien, fauteuil, jour);
     for (const LigneFeuille &ligne : feuille.lignes) {
@@ -40,7 +40,7 @@ FeuilleJour RemplitImpression(Database &rdv, long praticien, long fauteuil, QDat
 }
 
 bool AvecWord(Database &param, long praticien) {
-    const Records rows =
-        param.query(SqlText("select Word from Praticien where clng(codeprat)=") << nombre(praticien));
+    const Records rows = param.query(SqlText("select Word from Praticien where clng(codeprat)=")
+                                     << nombre(praticien) << " order by CleLigne");
     return !rows.isEmpty() && rows.first()[u"Word"].toBoolean();
 }

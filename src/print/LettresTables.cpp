@@ -17,9 +17,9 @@ std::array<QString, N> champs(const Records &rows, const std::array<QStringView,
 std::array<QString, 10> lignesDe(Database &impression, long praticien) {
     std::array<QString, 10> lignes;
     for (size_t i = 0; i < lignes.size(); ++i) {
-        const Records rows =
-            impression.query(SqlText("select LgPerso from Parametres where clng(codeprat)=")
-                             << nombre(praticien) << " and clng(NumLigne)=" << nombre(qint64(i) + 1));
+        const Records rows = impression.query(SqlText("select LgPerso from Parametres where clng(codeprat)=")
+                                              << nombre(praticien) << " and clng(NumLigne)="
+                                              << nombre(qint64(i) + 1) << " order by CleLigne");
         lignes[i] = champs<1>(rows, {u"LgPerso"})[0];
     }
     return lignes;
@@ -36,8 +36,9 @@ CadreLettre LitCadre(Database &impression, Database &patients, Database &paramet
             {u"Titre", u"nom", u"PreNom", u"adresse1", u"adresse2", u"CodePostal", u"ville"});
     }
     cadre.praticien = champs<3>(parametres.query(SqlText("select * from Praticien where clng(codeprat)=")
-                                                 << nombre(lettre.praticien)),
+                                                 << nombre(lettre.praticien) << " order by CleLigne"),
                                 {u"Titre", u"nom", u"PreNom"});
-    cadre.ville = champs<1>(parametres.query(SqlText("select ville from Cabinet ")), {u"ville"})[0];
+    cadre.ville =
+        champs<1>(parametres.query(SqlText("select ville from Cabinet order by CleLigne")), {u"ville"})[0];
     return cadre;
 }

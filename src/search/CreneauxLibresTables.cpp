@@ -10,8 +10,8 @@ namespace {
 /// The stored slot length: zoom and unsaved settings do not move the starts.
 std::optional<int> intervalle(Database &carnet, const DemandeCreneau &demande) {
     const Records rows = carnet.query(SqlText("Select Intervalle from Config where clng(NumPraticien) =")
-                                      << nombre(demande.numPraticien())
-                                      << " and Fauteuil = " << nombre(demande.numFauteuil()));
+                                      << nombre(demande.numPraticien()) << " and Fauteuil = "
+                                      << nombre(demande.numFauteuil()) << " order by CleLigne");
     if (rows.isEmpty()) {
         return std::nullopt;
     }

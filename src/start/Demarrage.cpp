@@ -7,6 +7,8 @@
 #include "schedule/Configuration.h"
 #include "start/MiseANiveauTables.h"
 
+#include <QFileInfo>
+
 namespace {
 
 constexpr std::chrono::milliseconds patienceAuDemarrage{800};
@@ -113,7 +115,7 @@ QString LitEmplacements(Environnement &env, const QString &fichier) {
         return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
             .arg(fichier);
     }
-    env.prendEmplacements(*lus);
+    env.prendEmplacements(*lus, QFileInfo(fichier).absolutePath());
     return {};
 }
 

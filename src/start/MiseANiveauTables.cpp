@@ -46,8 +46,12 @@ bool EstANiveau(Database &base) {
     for (const IndexDef &index : indexRDV()) {
         complet = complet && rdv.hasIndex(index.name);
     }
-    return complet && base.query(SqlText("Select RefRDV from RDV Where ") << aRemplir()).isEmpty() &&
-           base.query(SqlText("Select Fauteuil from Config Where Fauteuil Is Null")).isEmpty();
+    if (complet) {
+        const RowVisitor manque = [&](const RowView &) { complet = false; };
+        base.forEach({{SqlText("Select RefRDV from RDV Where ") << aRemplir(), manque},
+                      {SqlText("Select Fauteuil from Config Where Fauteuil Is Null"), manque}});
+    }
+    return complet;
 }
 
 QString ModifieTable(TableDef table, ActionTable action, const FieldDef &champ) {

@@ -22,12 +22,12 @@ class ConfigTablesTest : public testing::Test {
 TEST_F(ConfigTablesTest, ASavedConfigurationIsReadBackWhole) {
     EXPECT_EQ(enregistre("été d'Hélène", 4, true), Enregistrement::Fait);
     Database base = livre.ouvre();
-    const QList<LigneConfig> lues = ConfigsDuPraticien(base, 1);
+    const QList<LigneConfig> lues = LitConfigs(base, 1).duPraticien;
     ASSERT_EQ(lues.size(), 1);
     EXPECT_EQ(lues[0],
               (LigneConfig{configDe({.nom = "été d'Hélène", .fauteuil = 4, .grise = {0, 1, 2, 3, 0, 0, 0}}),
                            true}));
-    EXPECT_TRUE(ConfigsDuPraticien(base, 10).isEmpty());
+    EXPECT_TRUE(LitConfigs(base, 10).duPraticien.isEmpty());
 }
 
 TEST_F(ConfigTablesTest, ADefaultTakesTheChairOrTheOtherDefaultsPlace) {

@@ -37,6 +37,7 @@ function check_include(header,    its, to) {
     }
     if (header !~ /\// || header ~ /^sys\//) {
         if (header == "sqlite3.h" && own !~ /^platform\/db\/Sqlite/) { broken("SQLite stays inside its engine") }
+        if (header == "libpq-fe.h" && own !~ /^platform\/db\/Postgres/) { broken("PostgreSQL stays inside its engine") }
         # the compiler finds no widget for their sources; a header of theirs may be read by windows alone
         if (mine ~ /rules|tables/ && header !~ core) {
             broken("rules and tables know Qt Core and the standard library only")

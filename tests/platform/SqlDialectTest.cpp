@@ -49,33 +49,53 @@ class Book {
 
 struct Row {
     const char *name, *source, *expected;
+    const char *postgres = nullptr; ///< none: as for SQLite
 };
 
 const Row translations[] = {
     {"joinedNumber", "Select * from Config Where clng(NumPraticien) =1and clng(Fauteuil)=2",
-     "Select * from Config Where CAST(NumPraticien AS INTEGER) = 1 and CAST(Fauteuil AS INTEGER) = 2"},
+     "Select * from Config Where CAST(NumPraticien AS INTEGER) = 1 and CAST(Fauteuil AS INTEGER) = 2",
+     "Select * from Config Where clng(NumPraticien) = 1 and clng(Fauteuil) = 2"},
     {"assigned", "Update TabPat Set Nom='a', Prenom = 'b' Where Nom='c'",
-     "Update TabPat Set Nom = 'a', Prenom = 'b' Where Nom = 'c' COLLATE TEXTE"},
+     "Update TabPat Set Nom = 'a', Prenom = 'b' Where Nom = 'c' COLLATE TEXTE",
+     "Update TabPat Set Nom = 'a', Prenom = 'b' Where Nom = 'c' COLLATE dialecte.texte"},
     {"comparedInsideAssignment", "update X set A = (select 1 where B = 'b'), C = 'c'",
-     "update X set A = (select 1 where B = 'b' COLLATE TEXTE), C = 'c'"},
+     "update X set A = (select 1 where B = 'b' COLLATE TEXTE), C = 'c'",
+     "update X set A = (select 1 where B = 'b' COLLATE dialecte.texte), C = 'c'"},
     {"dateAndTimes", "Date1 = #03 25 2005# And Heure <= #09:30# or Heure>#23:59:58#",
      "Date1 = '2005-03-25' And Heure <= '09:30:00' or Heure > '23:59:58'"},
     {"hashThatIsNoDate", "#13 45 2005# or #25:00#or a#", "#13 45 2005# or #25:00#or a#"},
     {"nestedFunctions", "ucase( str (x) )='A1' and CINT((a)+str(b))=1",
-     "ucase(CAST (x AS TEXT)) = 'A1' COLLATE TEXTE and CAST((a) + CAST(b AS TEXT) AS INTEGER) = 1"},
+     "ucase(CAST (x AS TEXT)) = 'A1' COLLATE TEXTE and CAST((a) + CAST(b AS TEXT) AS INTEGER) = 1",
+     "ucase(CAST (x AS text)) = 'A1' COLLATE dialecte.texte and clng((a) + CAST(b AS text)) = 1"},
     {"textOrders", "TexteIndex(nom)>='du'order by TexteTri(nom)asc,DateInv",
-     "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv"},
+     "(nom COLLATE NOCASE) >= 'du' COLLATE TEXTE order by (nom COLLATE TEXTE) asc, DateInv",
+     R"(lower(nom COLLATE "C") >= 'du' order by tri(nom) asc nulls first, DateInv nulls first)"},
     {"booleans", "Present=False and x = TRUE and [True] = 'True' and TrueX",
-     "Present = 0 and x <> 0 and [True] = 'True' COLLATE TEXTE and TrueX"},
+     "Present = 0 and x <> 0 and [True] = 'True' COLLATE TEXTE and TrueX",
+     R"(Present = 0 and x <> 0 and "true" = 'True' COLLATE dialecte.texte and TrueX)"},
     {"assignedTrue", "update X set A = True, B = iif(C = True, True, False) where D = True",
      "update X set A = 1, B = iif(C <> 0, 1, 0) where D <> 0"},
     {"names", "A1.DateCréationFicheInv=[Nom d'usage]and A2 . *",
-     "A1.DateCréationFicheInv = [Nom d'usage] and A2.*"},
+     "A1.DateCréationFicheInv = [Nom d'usage] and A2.*",
+     R"(A1.DateCréationFicheInv = "nom d'usage" and A2.*)"},
     {"quotes", R"(a like "l'""eau" & 'd''arc')", R"(a like 'l''"eau' || 'd''arc')"},
     {"minusIsNoComment", "5--3", "5 - - 3"},
     {"numbers", "1.5and .5or 2E-3and 3e", "1.5 and .5 or 2E-3 and 3 e"},
     {"neverClosed", "a = 'b  c", "a = 'b  c"},
-    {"parenthesesOutOfBalance", ") clng(x", ") CAST(x"},
+    {"orders", "select CleLigne from T order by a desc, f(b, c)limit 1",
+     "select rowid from T order by a desc, f(b, c) limit 1",
+     "select cleligne from T order by a desc nulls last, f(b, c) nulls first limit 1"},
+    {"orderInside",
+     "x in (select a from b order by c) and 'B' <= TexteIndex(d)and TexteIndex(str(e))in('F','É')and 'F'=F",
+     "x in (select a from b order by c) and 'B' COLLATE TEXTE <= (d COLLATE NOCASE) and "
+     "(CAST(e AS TEXT) COLLATE NOCASE) in('F', 'É') and 'F' COLLATE TEXTE = F",
+     "x in (select a from b order by c nulls first) and 'b' <= lower(d COLLATE \"C\") and "
+     "lower(CAST(e AS text) COLLATE \"C\") in('f', 'É') and 'F' COLLATE dialecte.texte = F"},
+    {"like", "a like 'd''a*[!b-d^]?#.' or a not like '[]' or a like b",
+     "a like 'd''a*[!b-d^]?#.' or a not like '[]' or a like b",
+     R"(a COLLATE "und-x-icu" ~* '^d''a.*[^b-d\^].[0-9]\.$' or a COLLATE "und-x-icu" !~* '^(?!$|.)$' or a like b)"},
+    {"parenthesesOutOfBalance", ") clng(x", ") CAST(x", ") clng(x"},
 };
 
 const Row runs[] = {
@@ -102,6 +122,8 @@ const Row runs[] = {
 TEST(SqlDialect, IsTranslated) {
     for (const Row &row : translations) {
         EXPECT_EQ(translated(row.source), row.expected) << row.name;
+        const char *postgres = row.postgres != nullptr ? row.postgres : row.expected;
+        EXPECT_EQ(SqlDialect::postgres(QString::fromUtf8(row.source)).toStdString(), postgres) << row.name;
     }
 }
 

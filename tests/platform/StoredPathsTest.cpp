@@ -17,7 +17,10 @@ TEST(StoredPaths, FindsWhatIsThereWhateverItsCase) {
         {dir.path() + q("\\données du CABINET\\\\param"), folder + q("/Param.MDB")},
         {q("D:\\Données du cabinet\\Param.mdb"), folder + q("/Param.MDB")},
         {q("d:/Données DU cabinet\\Neuf\\Word.doc"), folder + q("/Neuf/Word.doc")},
-        {q("e:\\Base.x"), q("/ailleurs/Base.x")}};
+        {q("e:\\Base.x"), q("/ailleurs/Base.x")},
+        {q("e://Base.x"), q("/ailleurs/Base.x")},
+        {q("postgresql://srv/cabinet?a=b\\Fichiers\\Tavelin.mdb"),
+         q("postgresql://srv/cabinet?a=b\\Fichiers\\Tavelin.mdb")}};
     for (const auto &[stored, real] : cases) {
         EXPECT_EQ(paths.realDatabase(stored), real) << stored.toStdString();
     }

@@ -2,6 +2,7 @@
 
 #include "platform/db/DbError.h"
 #include "platform/db/Engine.h"
+#include "platform/db/PostgresEngine.h"
 #include "platform/db/SqliteEngine.h"
 
 #include <QFile>
@@ -11,6 +12,9 @@ namespace {
 
 /// The content, not the name, tells which engine reads a file.
 std::unique_ptr<Engine> engineFor(const QString &path, std::chrono::milliseconds wait) {
+    if (ServerLocation::isOne(path)) {
+        return PostgresEngine::open(path, wait);
+    }
     const QFileInfo info(path);
     if (!info.exists()) {
         throw DbError(DbError::Kind::Missing, path);
@@ -37,6 +41,9 @@ Database Database::open(const QString &path, std::chrono::milliseconds wait) {
 }
 
 Database Database::create(const QString &path) {
+    if (ServerLocation::isOne(path)) {
+        return {path, PostgresEngine::create(path)};
+    }
     QFile file(path);
     if (!file.open(QIODevice::WriteOnly | QIODevice::NewOnly)) { // at once: another may be about to create it
         throw DbError(DbError::Kind::Other, path,
@@ -52,7 +59,16 @@ Records Database::query(const SqlText &sql) {
 }
 
 void Database::forEach(const SqlText &sql, const RowVisitor &visit) {
-    m_engine->forEach(sql.text(), visit);
+    m_engine->forEach({{sql.text(), visit}});
+}
+
+void Database::forEach(const std::vector<std::pair<SqlText, RowVisitor>> &queries) {
+    std::vector<std::pair<QString, RowVisitor>> texts;
+    texts.reserve(queries.size());
+    for (const auto &[sql, visit] : queries) {
+        texts.emplace_back(sql.text(), visit);
+    }
+    m_engine->forEach(texts);
 }
 
 int Database::execute(const SqlText &sql) {
@@ -86,7 +102,14 @@ void Database::attach(const Database &other, const QString &name) {
     m_engine->attach(other.m_path, name);
 }
 
+bool Database::wasWritten(const QString &writing) {
+    return m_engine->wasWritten(writing);
+}
+
 QString checkBook(const QString &path, const std::stop_token &stop) {
+    if (ServerLocation::isOne(path)) { // who keeps the server checks what it keeps
+        return {};
+    }
     constexpr int attempts = 100;
     for (int i = 0; i < attempts && !stop.stop_requested(); ++i) {
         try {
@@ -102,7 +125,14 @@ QString checkBook(const QString &path, const std::stop_token &stop) {
 }
 
 Transaction::Transaction(Database &database) : m_engine(database.m_engine.get()) {
-    m_engine->begin();
+    m_engine->begin({});
+}
+
+/// In one order for everybody, or two could each wait for what the other has.
+Transaction::Transaction(Database &database, QStringList locks) : m_engine(database.m_engine.get()) {
+    locks.sort();
+    locks.removeDuplicates();
+    m_engine->begin(locks);
 }
 
 Transaction::~Transaction() {

@@ -14,10 +14,10 @@ class Engine;
 /// Every function throws DbError.
 class Database {
   public:
-    /// Opens an existing database; what the file is decides the engine. Waits at most `wait` each time that
-    /// another workstation is in the way.
+    /// Opens an existing database: a file, whose content decides the engine, or a server's
+    /// ("postgresql://…"). Waits at most `wait` each time that another workstation is in the way.
     static Database open(const QString &path, std::chrono::milliseconds wait = std::chrono::seconds(5));
-    /// Creates an empty database; an existing file is refused.
+    /// Creates an empty database; an existing one is refused.
     static Database create(const QString &path);
 
     Database(Database &&) noexcept;
@@ -29,6 +29,8 @@ class Database {
     /// Runs a query and shows its rows one by one, none of them kept: for the many that are made into
     /// something else. `visit` leaves this database alone.
     void forEach(const SqlText &sql, const RowVisitor &visit);
+    /// The same for several, which a server is asked for in one go.
+    void forEach(const std::vector<std::pair<SqlText, RowVisitor>> &queries);
     /// Runs a statement that changes rows or tables; gives the number of rows touched.
     int execute(const SqlText &sql);
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
@@ -44,6 +46,9 @@ class Database {
     /// this database, which then last in both files or in neither. Not while a transaction is open; every
     /// workstation must know the folder under the same path. Throws ReadOnly when `other` is.
     void attach(const Database &other, const QString &name);
+    /// Whether the transaction that a DbError of the kind UnknownOutcome named was committed after all. Once
+    /// the answer is no, it stays no.
+    bool wasWritten(const QString &writing);
     const QString &path() const { return m_path; }
 
   private:
@@ -65,6 +70,9 @@ QString checkBook(const QString &path, const std::stop_token &stop = {});
 class Transaction {
   public:
     explicit Transaction(Database &database);
+    /// For what concerns certain things alone, named by `locks`: a database that can let several write leaves
+    /// out only those that name one of them, or nothing.
+    Transaction(Database &database, QStringList locks);
     ~Transaction();
     Transaction(const Transaction &) = delete;
     Transaction &operator=(const Transaction &) = delete;

@@ -16,7 +16,8 @@ class Engine {
     Engine &operator=(const Engine &) = delete;
 
     virtual Records query(const QString &sql) = 0;
-    virtual void forEach(const QString &sql, const RowVisitor &visit) = 0;
+    /// One query after the other, each row shown to its visitor; asked of a server at once.
+    virtual void forEach(const std::vector<std::pair<QString, RowVisitor>> &queries) = 0;
     /// Runs a statement that returns no rows; gives the number of rows touched.
     virtual int execute(const QString &sql) = 0;
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
@@ -24,10 +25,13 @@ class Engine {
     /// Changes the row whose `keyField` is `key`; gives the number of rows touched.
     virtual int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) = 0;
 
-    /// Takes the writer's lock at once, so that what is read inside stays true until commit.
-    virtual void begin() = 0;
+    /// Takes the writer's lock at once, so that what is read inside stays true until commit. An engine that
+    /// can let several write leaves out only those who ask for one of the same `locks`, or for none.
+    virtual void begin(const QStringList &locks) = 0;
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;
+    /// Whether the transaction that UnknownOutcome named was committed after all. From then on it cannot be.
+    virtual bool wasWritten(const QString & /*writing*/) { return false; }
 
     /// Whether everything in the file is where it belongs; true when `stop` ended the search. Throws Locked
     /// as soon as another workstation writes, so as not to hold it up.
@@ -43,4 +47,11 @@ class Engine {
     virtual void deleteField(const QString &table, const QString &field) = 0;
     virtual bool hasIndex(const QString &index) = 0;
     virtual void createIndex(const QString &table, const IndexDef &index) = 0;
+    /// An engine that lets one program write at a time needs no exclusions, and has them all.
+    virtual bool hasExclusion(const QString & /*exclusion*/) { return true; }
+    /// Gives the keys of the rows that overlap an earlier one already, and may go on doing so.
+    virtual std::vector<qint64> createExclusion(const QString & /*table*/,
+                                                const ExclusionDef & /*exclusion*/) {
+        return {};
+    }
 };

@@ -20,6 +20,21 @@ class SqlDialect {
     /// - a text literal with a cased letter that is compared with =, <>, <, <=, > or >= gets the
     ///   case-ignoring collation TEXTE, unless it is assigned (between Set and Where of an Update); one
     ///   without keeps the plain comparison, so that an index serves;
+    /// - CleLigne becomes rowid: the order in which rows were added to a table that has no key of its own;
     /// - everything else is passed on as it stands (like is overridden by the engine).
     static QString sqlite(const QString &sql);
+
+    /// PostgreSQL text for `sql`, which needs the schema "dialecte" (PostgresSchema). The same as SQLite's
+    /// but:
+    /// - clng, cint, cstr, ucase, iif and TexteTri are functions of that schema, the collation TEXTE is its
+    /// texte; TexteIndex(x) is
+    ///   x in small letters where they are unaccented, byte by byte; CleLigne is a field of that name;
+    /// - "x like 'y'" is made into a regular expression that ignores case;
+    /// - where Null stands in an order is said: first, as in SQLite;
+    /// - [name] is written as createTable() creates it.
+    static QString postgres(const QString &sql);
+    /// The same for the terms of an index, which are in the order that "order by" gives.
+    static QString postgresOrder(const QString &terms);
+    /// A name as every table, field and index has it on the server.
+    static QString postgresName(const QString &name);
 };

@@ -164,7 +164,13 @@ Records SqliteEngine::query(const QString &sql) {
     return records;
 }
 
-void SqliteEngine::forEach(const QString &sql, const RowVisitor &visit) {
+void SqliteEngine::forEach(const std::vector<std::pair<QString, RowVisitor>> &queries) {
+    for (const auto &[sql, visit] : queries) {
+        forEachRow(sql, visit);
+    }
+}
+
+void SqliteEngine::forEachRow(const QString &sql, const RowVisitor &visit) {
     const Statement statement(prepared(native(sql)));
     const SqliteRow row(statement);
     int code = sqlite3_step(statement);
@@ -200,12 +206,12 @@ int SqliteEngine::update(const QString &table, const QString &keyField, qint64 k
         assignments << quoted(name) + QStringLiteral(" = ?");
     }
     run(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
-            .arg(quotedTable(table), assignments.join(u','), quoted(keyField)),
+            .arg(quotedTable(table), assignments.join(u','), SqlDialect::sqlite(keyField)),
         values, &key);
     return sqlite3_changes(m_connection);
 }
 
-void SqliteEngine::begin() {
+void SqliteEngine::begin(const QStringList & /*locks*/) {
     if (sqlite3_db_readonly(m_connection, "main") != 0) { // SQLite would begin to read, without a lock
         throw DbError(DbError::Kind::ReadOnly, m_file);
     }

@@ -20,11 +20,11 @@ class SqliteEngine : public Engine {
     ~SqliteEngine() override;
 
     Records query(const QString &sql) override;
-    void forEach(const QString &sql, const RowVisitor &visit) override;
+    void forEach(const std::vector<std::pair<QString, RowVisitor>> &queries) override;
     int execute(const QString &sql) override;
     qint64 insert(const QString &table, const Fields &values) override;
     int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) override;
-    void begin() override;
+    void begin(const QStringList &locks) override;
     void commit() override;
     void rollback() noexcept override;
     bool isIntact(const std::stop_token &stop) override;
@@ -42,6 +42,7 @@ class SqliteEngine : public Engine {
   private:
     class Statement;
     SqliteEngine(const QString &file, int openFlags, std::chrono::milliseconds wait);
+    void forEachRow(const QString &sql, const RowVisitor &visit);
     sqlite3_file *mainFile();
     bool hasItsHeader();
     void makeDurable(const QString &database);

@@ -29,3 +29,11 @@ bool TableDef::hasIndex(const QString &index) const {
 void TableDef::createIndex(const IndexDef &index) {
     m_engine->createIndex(m_name, index);
 }
+
+bool TableDef::hasExclusion(const QString &exclusion) const {
+    return m_engine->hasExclusion(exclusion);
+}
+
+std::vector<qint64> TableDef::createExclusion(const ExclusionDef &exclusion) {
+    return m_engine->createExclusion(m_name, exclusion);
+}

@@ -31,6 +31,14 @@ struct IndexDef {
     SqlText condition = SqlText("");
 };
 
+/// Rows that are the same in all of `same` may not overlap in `range`: the net below what the rules look for.
+struct ExclusionDef {
+    QString name;
+    SqlText same;
+    SqlText range;
+    QString key; ///< of the table
+};
+
 /// A table's definition in an open database; lives no longer than the database.
 class TableDef {
   public:
@@ -48,6 +56,10 @@ class TableDef {
     bool hasIndex(const QString &index) const;
     /// An engine without indexes of its own does nothing.
     void createIndex(const IndexDef &index);
+    /// True for an engine that needs none, since it lets one program write at a time.
+    bool hasExclusion(const QString &exclusion) const;
+    /// Gives the keys of rows that overlap another already; these stay as they are.
+    std::vector<qint64> createExclusion(const ExclusionDef &exclusion);
 
   private:
     Engine *m_engine;

@@ -34,7 +34,14 @@ bool StoredPaths::addDrives(const QString &entries) {
     return true;
 }
 
+bool StoredPaths::isPath(const QString &stored) {
+    return stored.indexOf(QStringLiteral("://")) < 2; // a single letter is a drive
+}
+
 QString StoredPaths::real(const QString &stored) const {
+    if (!isPath(stored)) {
+        return stored;
+    }
     QString path = stored;
     path.replace(u'\\', u'/');
     const bool hasDrive = path.size() >= 2 && path[1] == u':';

@@ -11,6 +11,10 @@ class StoredPaths {
     /// not a letter, "=" and a folder.
     bool addDrives(const QString &entries);
 
+    /// False for what names no file at all, but a database of a server ("postgresql://…"): it has no real
+    /// file and is left as it is.
+    static bool isPath(const QString &stored);
+
     /// Backslashes turned, a mapped drive letter replaced, each component matched without regard to letter
     /// case. A component that is not there is kept as spelled, so that the path can still be named or
     /// created.

@@ -1,0 +1,74 @@
+#pragma once
+
+#include "platform/db/PostgresSchema.h"
+#include "platform/db/ServerLocation.h"
+
+#include <QByteArray>
+#include <QDeadlineTimer>
+#include <memory>
+#include <optional>
+#include <vector>
+
+struct pg_conn;
+
+struct ForgetsResult {
+    void operator()(pg_result *result) const;
+};
+using PostgresResult = std::unique_ptr<pg_result, ForgetsResult>;
+
+/// What a server or the way to it refused, in its own words.
+struct PostgresFailure {
+    QByteArray state; ///< SQLSTATE; empty when it came from the line, not from the server
+    QByteArray english;
+    int position = 0;  ///< of the fault in what was sent, in characters from 1; 0: unknown
+    bool lost = false; ///< the connection is gone: nobody knows what became of what was sent
+};
+
+/// What one statement after the other gave, up to the first that failed.
+struct PostgresAnswer {
+    std::vector<PostgresResult> results;
+    std::optional<PostgresFailure> failure;
+};
+
+/// One connection to a server, waited for by attends() alone. One user at a time sends, and nobody but him
+/// while his transaction is open.
+class PostgresConnection {
+  public:
+    /// Nothing when that fails, which `failure` tells.
+    static std::shared_ptr<PostgresConnection> connect(const ServerLocation &place, PostgresFailure &failure);
+    ~PostgresConnection();
+    PostgresConnection(const PostgresConnection &) = delete;
+    PostgresConnection &operator=(const PostgresConnection &) = delete;
+
+    /// Sends statements parted by ";" and waits for all of them: one round trip. A server that says nothing
+    /// for `limit` counts as lost.
+    PostgresAnswer run(const QByteArray &sql, std::chrono::milliseconds limit);
+    /// Whether the line still stands, as far as can be seen without asking the server.
+    bool isAlive();
+
+    bool isBusy() const { return m_busy; }
+    /// Whose transaction is open, or nobody's.
+    const void *owner = nullptr;
+    /// What was set for the statements that follow; empty: unknown.
+    QByteArray settings;
+    /// What its schemas held when they were last looked at.
+    QHash<QString, PostgresCatalogue> catalogues;
+    bool hasTidied = false; ///< old keys of transactions, once a connection
+
+    /// How often this program has waited for an answer of a server, connecting apart.
+    static qint64 roundTrips();
+
+  private:
+    explicit PostgresConnection(pg_conn *connection) : m_connection(connection) {}
+    bool flush(const QDeadlineTimer &limit);
+    bool hasAnswer(const QDeadlineTimer &limit);
+    void collect(PostgresAnswer &answer, const QDeadlineTimer &limit);
+    PostgresFailure lost(const QByteArray &why = {});
+
+    pg_conn *m_connection;
+    bool m_busy = false;
+};
+
+/// A connection of this thread to that server that nobody else's transaction or statement keeps; made, or
+/// made anew, where there is none. Connections stay for the thread's life. Nothing when it fails, as above.
+std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure);
