@@ -125,11 +125,12 @@ QString DetailEnMots(const EcritureRDV &ecriture, bool avecPatient) {
 }
 
 QList<ChampEnMots> ChampsEnMots(const EcritureRDV &ecriture) {
-    const auto &[quoi, avant, apres] = ecriture;
     QList<ChampEnMots> champs;
-    if (quoi == Operation::Purge) {
+    if (ecriture.quoi == Operation::Purge) {
         return champs;
     }
+    const Rangee &avant = ecriture.avant;
+    const Rangee &apres = ecriture.apres;
     const RendezVous a = RendezVousDe(avant);
     const RendezVous b = RendezVousDe(apres);
     const auto ajoute = [&](const QString &champ, const auto &dit) {

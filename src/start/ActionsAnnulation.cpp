@@ -1,5 +1,7 @@
 #include "start/ActionsAnnulation.h"
 
+#include "ui_FrmEntree.h"
+
 #include "booking/Annulation.h"
 #include "booking/FrmHistorique.h"
 #include "booking/MessagesRDV.h"
@@ -8,9 +10,13 @@
 #include "practice/Essai.h"
 #include "start/CarnetMontre.h"
 
-ActionsAnnulation::ActionsAnnulation(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
-                                     QWidget &fenetre)
-    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_annulation(annulation), m_fenetre(fenetre) {}
+ActionsAnnulation::ActionsAnnulation(const Ui::FrmEntree &ui, const Environnement &env, CarnetMontre &carnet,
+                                     Annulation &annulation, QWidget &fenetre)
+    : QObject(&fenetre), m_env(env), m_carnet(carnet), m_annulation(annulation), m_fenetre(fenetre) {
+    connect(ui.mnuAnnuler, &QAction::triggered, this, &ActionsAnnulation::mnuAnnuler_Click);
+    connect(ui.mnuRetablir, &QAction::triggered, this, &ActionsAnnulation::mnuRetablir_Click);
+    connect(ui.mnuHistorique, &QAction::triggered, this, &ActionsAnnulation::mnuHistorique_Click);
+}
 
 void ActionsAnnulation::remet(bool annule) {
     const std::optional<EcritureRDV> pas = annule ? m_annulation.aAnnuler() : m_annulation.aRefaire();

@@ -55,7 +55,6 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_vues(new Vues(*ui->GrilleRDV, *ui->GrilleRDV02, *ui->GrilleRDV03, env, this)),
       m_habillage(new Habillage(*ui, env, *m_vues, *this)),
       m_actions(new ActionsSelection(env, m_carnet, m_annulation, *this)),
-      m_retour(new ActionsAnnulation(env, m_carnet, m_annulation, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, m_annulation, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
@@ -67,6 +66,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieCarnet();
     relieMenus();
     relieBoutons();
+    new ActionsAnnulation(*ui, env, m_carnet, m_annulation, *this);
     new FicheMontree(env, m_carnet, *m_vues, *this);
     MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
@@ -105,9 +105,6 @@ void FrmEntree::relieMenus() {
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
     relieA(m_actions, ui->mnuAllonger, &ActionsSelection::mnuAllonger_Click);
     relieA(m_actions, ui->mnuRaccourcir, &ActionsSelection::mnuRaccourcir_Click);
-    relieA(m_retour, ui->mnuAnnuler, &ActionsAnnulation::mnuAnnuler_Click);
-    relieA(m_retour, ui->mnuRetablir, &ActionsAnnulation::mnuRetablir_Click);
-    relieA(m_retour, ui->mnuHistorique, &ActionsAnnulation::mnuHistorique_Click);
     relieA(m_patient, ui->mnurechercher, &ActionsPatient::mnurechercher_Click);
     relieA(m_patient, ui->mnuRDVlibre, &ActionsPatient::mnuRDVlibre_Click);
     relieA(m_patient, ui->menuAllerHisto, &ActionsPatient::menuAllerHisto_Click);
@@ -148,7 +145,7 @@ void FrmEntree::relieBoutons() {
           [this] { m_carnet.vaAu(m_env.maintenant().date()); });
     connect(ui->BtnRafraichir, &QPushButton::clicked, this, &FrmEntree::BtnRafraichir_Click);
     connect(ui->BandeauMois1, &BandeauMois::jourChoisi, &m_carnet, &CarnetMontre::vaAu);
-    connect(ui->BtnMois, &QPushButton::clicked, this, &FrmEntree::BtnMois_Click);
+    connect(ui->BtnMois, &QPushButton::clicked, this, [this] { vaAuJour(FrmMois::Foyer::Calendrier); });
     connect(ui->BtnQuitter, &QPushButton::clicked, this, &QWidget::close);
     connect(&Timer1, &QTimer::timeout, this, &FrmEntree::Timer1_Timer);
 }
@@ -281,10 +278,6 @@ void FrmEntree::mnuAPropos_Click() {
 
 void FrmEntree::mnuTouches_Click() {
     FrmTouches(this).exec();
-}
-
-void FrmEntree::BtnMois_Click() {
-    vaAuJour(FrmMois::Foyer::Calendrier);
 }
 
 void FrmEntree::mnuAllerDate_Click() {

@@ -13,7 +13,6 @@
 namespace Ui {
 class FrmEntree;
 }
-class ActionsAnnulation;
 class ActionsOptions;
 class ActionsPatient;
 class ActionsSelection;
@@ -69,7 +68,6 @@ class FrmEntree : public QMainWindow {
     void mnuZoom_Click();
     void mnuAPropos_Click();
     void mnuTouches_Click();
-    void BtnMois_Click();
     void mnuAllerDate_Click();
     void vaAuJour(FrmMois::Foyer foyer);
     void Timer1_Timer();
@@ -86,7 +84,6 @@ class FrmEntree : public QMainWindow {
     Vues *m_vues;
     Habillage *m_habillage;
     ActionsSelection *m_actions;
-    ActionsAnnulation *m_retour;
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;
     ActionsOptions *m_options;
