@@ -6,23 +6,32 @@
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
 #include "booking/MessagesRDV.h"
+#include "booking/RangeeTables.h"
 #include "booking/ReservationTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 
 ActionsRDV::ActionsRDV(const Environnement &env, QWidget &fenetre) : m_env(env), m_fenetre(fenetre) {}
 
-void ActionsRDV::ajoute(const PlaceRDV &place) {
+std::optional<PlaceRDV> ActionsRDV::classee(const PlaceRDV &place) {
     constexpr int aCheval = 2;
     PlaceRDV choisie = place;
     if (place.ChoixHoraire == aCheval) {
         FrmQuelHoraire question(&m_fenetre);
         if (question.exec() != QDialog::Accepted) {
-            return;
+            return std::nullopt;
         }
         choisie.ChoixHoraire = question.ChoixHoraire();
     }
-    FrmAjouter fenetre(m_env, choisie, &m_fenetre);
+    return choisie;
+}
+
+void ActionsRDV::ajoute(const PlaceRDV &place) {
+    const std::optional<PlaceRDV> choisie = classee(place);
+    if (!choisie) {
+        return;
+    }
+    FrmAjouter fenetre(m_env, *choisie, &m_fenetre);
     if (fenetre.exec() == QDialog::Accepted) {
         emit rdvEcrit(fenetre.rdvEcrit(), fenetre.ecriture());
     }
@@ -79,24 +88,69 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     if (!ecrit) {
         return;
     }
-    RendezVous apres = rdv; // what is in the way may not be shown yet
+    RendezVous apres = rdv;
+    apres.HeureFin = fin;
+    rend(rdv, apres, bilan);
+}
+
+void ActionsRDV::rend(const RendezVous &rdv, const RendezVous &apres, const BilanEcriture &bilan,
+                      bool encore) {
     switch (bilan.resultat) {
-    case Ecriture::Occupe:
-        m_env.messages->show(messagePasLibre, titrePasLibre);
-        break;
+    case Ecriture::Occupe: // what is in the way may not be shown yet
+        refuse(encore);
+        return;
     case Ecriture::Change:
         m_env.messages->show(MessageModifie(rdv, bilan.actuel), titreModifie);
-        apres = {};
         break;
     case Ecriture::Disparu:
         m_env.messages->show(QStringLiteral("Ce rendez-vous n'existe plus !"));
-        apres = {};
         break;
     case Ecriture::Fait:
-        apres.HeureFin = fin;
         break;
     }
-    emit rdvEcrit(apres, bilan.ecriture);
+    emit rdvEcrit(bilan.resultat == Ecriture::Fait ? apres : RendezVous(), bilan.ecriture);
+}
+
+void ActionsRDV::refuse(bool encore) {
+    m_env.messages->show(encore ? messageOccupe : messagePasLibre, encore ? titreOccupe : titrePasLibre);
+    emit rdvEcrit({}, {});
+}
+
+void ActionsRDV::deplace(const RendezVous &rdv, const RendezVous &apres, const PlaceRDV &place) {
+    BilanEcriture bilan;
+    if (essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            bilan = DeplaceRDV(base, m_env.auteur(), rdv, apres, CLng(place.PraticienCourant),
+                               CLng(place.FauteuilCourant));
+        })) {
+        rend(rdv, apres, bilan);
+    }
+}
+
+void ActionsRDV::reserveEncore(const RendezVous &rdv, const PlaceRDV &place) {
+    const std::optional<PlaceRDV> choisie = classee(place);
+    if (!choisie) {
+        return;
+    }
+    const auto &[debut, fin] = choisie->horaire;
+    const NouveauRDV nouveau{
+        {rdv.Nom, rdv.Prenom, rdv.Telephone, rdv.Description, rdv.NumPatient, choisie->jour, debut, fin},
+        choisie->PraticienCourant,
+        choisie->FauteuilCourant,
+        choisie->ChoixHoraire != 0};
+    BilanEcriture bilan;
+    const bool ecrit = essaie(m_env, [&] {
+        Database base = m_env.ouvreCarnetPourEcrire();
+        const std::optional<RendezVous> actuel = LitRDV(base, rdv.RefRDV);
+        bilan = actuel == rdv ? AjouteRDV(base, m_env.auteur(), nouveau)
+                : actuel      ? BilanEcriture{Ecriture::Change, *actuel}
+                              : BilanEcriture{Ecriture::Disparu};
+    });
+    if (!ecrit) {
+        return;
+    }
+    rend(rdv, bilan.resultat == Ecriture::Fait ? RendezVousDe(bilan.ecriture.apres) : RendezVous(), bilan,
+         true);
 }
 
 void ActionsRDV::reporte() {

@@ -6,8 +6,10 @@
 #include "journal/Ecriture.h"
 
 #include <QObject>
+#include <optional>
 
 class QWidget;
+struct BilanEcriture;
 struct Environnement;
 
 /// What the menus do with a place or an appointment: each opens its window, or acts at once.
@@ -25,6 +27,12 @@ class ActionsRDV : public QObject {
     void marquePresent(const RendezVous &rdv, bool present);
     /// Its end moves by one slot of `place`; where it cannot, nothing is written.
     void changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens);
+    /// As `apres` has it, from a drop on `place`.
+    void deplace(const RendezVous &rdv, const RendezVous &apres, const PlaceRDV &place);
+    /// Books the patient of `rdv` once more; a range across the working hours is asked about first.
+    void reserveEncore(const RendezVous &rdv, const PlaceRDV &place);
+    /// Says that another appointment lies there; `encore`: where one was to be booked.
+    void refuse(bool encore);
     void reporte();
 
   signals:
@@ -34,6 +42,12 @@ class ActionsRDV : public QObject {
     void rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture);
 
   private:
+    /// Nothing, when the user went back.
+    std::optional<PlaceRDV> classee(const PlaceRDV &place);
+    /// Tells what kept `rdv` from becoming `apres`, and has the book read again.
+    void rend(const RendezVous &rdv, const RendezVous &apres, const BilanEcriture &bilan,
+              bool encore = false);
+
     const Environnement &m_env;
     QWidget &m_fenetre;
 };

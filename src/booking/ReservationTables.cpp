@@ -136,6 +136,25 @@ bool memePlace(const RendezVous &a, const RendezVous &b) {
            a.NumPraticien == b.NumPraticien && a.Fauteuil == b.Fauteuil;
 }
 
+/// What of a place is another: the rest is not written again.
+Fields champsDeplaces(const RendezVous &avant, const RendezVous &apres) {
+    Fields champs;
+    if (apres.Date1 != avant.Date1) {
+        champs.emplace_back(QStringLiteral("Date1"), Value::date(apres.Date1));
+        champs.emplace_back(QStringLiteral("DateInv"), InverseDate(apres.Date1));
+    }
+    if (apres.HeureDebut != avant.HeureDebut) {
+        champs.emplace_back(QStringLiteral("HeureDebut"), Value::time(apres.HeureDebut));
+    }
+    if (apres.HeureFin != avant.HeureFin) {
+        champs.emplace_back(QStringLiteral("HeureFin"), Value::time(apres.HeureFin));
+    }
+    if (apres.Fauteuil != avant.Fauteuil) {
+        champs.emplace_back(QStringLiteral("Fauteuil"), qint64{apres.Fauteuil});
+    }
+    return champs;
+}
+
 /// A key that somebody else's appointment has got: books are in use that give one twice.
 bool cleReprise(const Rangee &voulue, const RendezVous &actuel) {
     const RendezVous sien = RendezVousDe(voulue);
@@ -209,6 +228,28 @@ BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &a
     place.HeureFin = fin;
     return reecrit(rdv, auteur, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien,
                    fauteuil);
+}
+
+BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
+                         const RendezVous &apres, long praticien, long fauteuil) {
+    const qint64 ref = avant.RefRDV;
+    const SaisieRDV place = placeDe(apres);
+    Transaction transaction(rdv);
+    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+    if (!actuel) {
+        return {Ecriture::Disparu};
+    }
+    if (*actuel != avant) {
+        return {Ecriture::Change, *actuel};
+    }
+    if (!EstReservable(plageDe(place)) || !libreSauf(rdv, ref, place, praticien, fauteuil) ||
+        !libreSauf(rdv, ref, place, apres.NumPraticien, apres.Fauteuil)) {
+        return {Ecriture::Occupe};
+    }
+    const BilanEcriture bilan =
+        ecritChamps(rdv, auteur, Operation::Edition, ref, champsDeplaces(avant, apres));
+    transaction.commit();
+    return bilan;
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {

@@ -57,6 +57,10 @@ BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &
 /// The same for its end alone: nothing else is written.
 BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
                         long praticien, long fauteuil);
+/// Moves an appointment where `apres` has it: only its day, its hours and its chair are written. The range
+/// must be free there and at `fauteuil` of `praticien`, which are shown. Changed meanwhile: in any field.
+BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
+                         const RendezVous &apres, long praticien, long fauteuil);
 /// Changed meanwhile: in any field.
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant);
 /// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.

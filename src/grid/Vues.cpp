@@ -18,6 +18,13 @@ Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, co
         connect(vue, &FlexGrid::contextMenuAsked, this, &Vues::menuDemande);
         connect(vue, &FlexGrid::cardAsked, this, &Vues::ficheDemandee);
         connect(vue, &FlexGrid::moved, this, &Vues::deplacee);
+        connect(vue, &FlexGrid::blockTaken, this,
+                [this, grille = grille](qint64 RefRDV, bool bord, const QPoint &position) {
+                    emit rdvPris(grille, RefRDV, bord, position);
+                });
+        connect(vue, &FlexGrid::blockMoved, this, &Vues::rdvBouge);
+        connect(vue, &FlexGrid::blockDropped, this, &Vues::rdvDepose);
+        connect(vue, &FlexGrid::blockLetGo, this, &Vues::rdvLache);
     }
 }
 
@@ -95,5 +102,61 @@ bool Vues::glisse() const {
 void Vues::finGlisse() {
     for (FlexGrid *vue : montrees()) {
         vue->endDrag();
+    }
+}
+
+// ---- An appointment in hand
+
+void Vues::permetPrise(bool permise) {
+    for (FlexGrid *vue : m_vuesJour + QList{&m_vueSemaine}) {
+        vue->setBlocksMovable(permise);
+    }
+}
+
+Pointeur Vues::pointeur(const QPoint &position) const {
+    const QList<FlexGrid *> vues = montrees();
+    for (int i = 0; i < vues.size(); ++i) {
+        if (const auto place = vues[i]->spotAt(position)) {
+            return {i, place->row, place->col};
+        }
+    }
+    return {};
+}
+
+int Vues::bord(const QPoint &position) const {
+    const QRect premiere = montrees().first()->slotsRect();
+    const QRect derniere = montrees().last()->slotsRect();
+    if (position.y() < premiere.top() || position.y() > premiere.bottom()) {
+        return 0;
+    }
+    return position.x() < premiere.left() ? -1 : (position.x() > derniere.right() ? 1 : 0);
+}
+
+void Vues::montrePrise(qint64 RefRDV) {
+    for (FlexGrid *vue : montrees()) {
+        vue->showTaken(RefRDV);
+    }
+}
+
+void Vues::montreFantome(int grille, const std::optional<FlexGrid::Ghost> &fantome) {
+    const QList<FlexGrid *> vues = montrees();
+    for (int i = 0; i < vues.size(); ++i) {
+        vues[i]->showGhost(i == grille ? fantome : std::nullopt);
+    }
+}
+
+void Vues::annonce(int bord, const QString &texte) {
+    const QList<FlexGrid *> vues = montrees();
+    vues.first()->showHint(bord < 0 ? texte : QString(), Qt::LeftEdge);
+    if (bord > 0) {
+        vues.last()->showHint(texte, Qt::RightEdge);
+    } else if (vues.size() > 1) {
+        vues.last()->showHint({}, Qt::RightEdge);
+    }
+}
+
+void Vues::montreMain(std::optional<Qt::CursorShape> forme) {
+    for (FlexGrid *vue : montrees()) {
+        vue->showHand(forme);
     }
 }

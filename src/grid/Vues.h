@@ -3,6 +3,7 @@
 #include "grid/GrilleSemaine.h"
 #include "grid/GrillesJour.h"
 #include "grid/LigneHeure.h"
+#include "grid/Pointeur.h"
 #include "platform/ui/FlexGrid.h"
 
 #include <QObject>
@@ -29,8 +30,21 @@ class Vues : public QObject {
     /// Brings the outlined cells into sight.
     void montreContour();
     bool glisse() const;
-    /// A message takes the release of the button away.
+    /// A message takes the release of the button away; an appointment in hand is let go.
     void finGlisse();
+
+    /// Whether appointments can be taken in hand. Positions are the screen's.
+    void permetPrise(bool permise);
+    Pointeur pointeur(const QPoint &position) const;
+    /// Beside the slots, at their height: -1 at their left, 1 at their right.
+    int bord(const QPoint &position) const;
+    /// The appointment in hand, which its block shows; 0: none.
+    void montrePrise(qint64 RefRDV);
+    /// Where a drop would put it, in one grid; nothing elsewhere.
+    void montreFantome(int grille, const std::optional<FlexGrid::Ghost> &fantome);
+    /// What is about to happen at that side of the slots; empty: nothing.
+    void annonce(int bord, const QString &texte);
+    void montreMain(std::optional<Qt::CursorShape> forme);
 
   signals:
     void selectionDemandee(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
@@ -38,6 +52,12 @@ class Vues : public QObject {
     void menuDemande(const QPoint &position);
     /// The card of an appointment is wanted; 0: not any more.
     void ficheDemandee(qint64 RefRDV);
+    /// An appointment is taken in hand in a grid, by its lower edge or whole; then moved, and dropped or let
+    /// go.
+    void rdvPris(int grille, qint64 RefRDV, bool bord, const QPoint &position);
+    void rdvBouge(const QPoint &position, bool avecCtrl);
+    void rdvDepose(const QPoint &position, bool avecCtrl);
+    void rdvLache();
     /// What is drawn has moved under what stands over it.
     void deplacee();
 

@@ -13,6 +13,9 @@ class ActionsSelection : public QObject {
     ActionsSelection(const Environnement &env, CarnetMontre &carnet, Annulation &annulation,
                      QWidget &fenetre);
 
+    /// What writes: what it has written is shown and can be undone.
+    ActionsRDV &actions() { return *m_actions; }
+
     void mnuAjouter_Click();
     void mnuEditer_Click();
     void mnuSupprimer_Click();

@@ -17,6 +17,7 @@
 #include "start/FicheMontree.h"
 #include "start/FrmAPropos.h"
 #include "start/FrmTouches.h"
+#include "start/GlisseRDV.h"
 #include "start/Habillage.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
@@ -68,6 +69,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieBoutons();
     new ActionsAnnulation(*ui, env, m_carnet, m_annulation, *this);
     new FicheMontree(env, m_carnet, *m_vues, *this);
+    new GlisseRDV(m_carnet, m_actions->actions(), *m_vues, this);
     MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
 }
@@ -217,6 +219,7 @@ void FrmEntree::dessineMenus() {
 
 void FrmEntree::dessineLecture() {
     m_etat->montreLecture(m_carnet.affichage(), m_carnet.lectureManquee(), *m_env.lectureSeule);
+    m_vues->permetPrise(m_env.lectureSeule->isEmpty());
     dessineMenus();
 }
 
@@ -340,7 +343,7 @@ void FrmEntree::wheelEvent(QWheelEvent *event) {
     const bool zoome = m_carnet.affichage().demande.intervalleSansZoom > 0;
     const int sens = event->angleDelta().y();
     const bool bascule = event->modifiers().testFlag(Qt::ControlModifier) && (zoome ? sens < 0 : sens > 0);
-    if (!m_carnet.estVide() && bascule) {
+    if (!m_carnet.estVide() && bascule && !m_vues->glisse()) {
         mnuZoom_Click();
     }
     event->accept();

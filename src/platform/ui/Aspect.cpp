@@ -13,18 +13,19 @@ constexpr QRgb noir = 0x0A0C0D;
 /// The table of looks: a row for a light sheet, one for a dark one. What is not in it is mixed from it.
 struct Rangee {
     QRgb fond, feuille, encre, encre2, encre3, trait, trait2, hachure, hachure2;
-    QRgb accent, surAccent, alerte, fondAlerte, bordAlerte;
+    QRgb accent, surAccent, alerte, fondAlerte, bordAlerte, refus;
 };
-constexpr Rangee clair{0xF3F4F6, 0xFFFFFF, 0x1A1D21, 0x454C55, 0x5C646E, 0xCBD1D8, 0xEBEEF1,
-                       0xEEF0F3, 0xD3D8DE, 0x1346B5, 0xFFFFFF, 0xA3100F, 0xFFE4DF, 0xC62828};
-constexpr Rangee sombre{0x14161A, 0x1C1F24, 0xEDEFF2, 0xC3CAD3, 0x9FA8B3, 0x414852, 0x292D34,
-                        0x23272D, 0x363C45, 0x9DBBFF, 0x0C1A3A, 0xFFB9B0, 0x4B2220, 0xFF8A80};
+constexpr Rangee clair{0xF3F4F6, 0xFFFFFF, 0x1A1D21, 0x454C55, 0x5C646E, 0xCBD1D8, 0xEBEEF1, 0xEEF0F3,
+                       0xD3D8DE, 0x1346B5, 0xFFFFFF, 0xA3100F, 0xFFE4DF, 0xC62828, 0xFFD9D4};
+constexpr Rangee sombre{0x14161A, 0x1C1F24, 0xEDEFF2, 0xC3CAD3, 0x9FA8B3, 0x414852, 0x292D34, 0x23272D,
+                        0x363C45, 0x9DBBFF, 0x0C1A3A, 0xFFB9B0, 0x4B2220, 0xFF8A80, 0x5A2522};
 constexpr std::array<QRgb, 8> bords{0, 0x0080FF, 0x800080, 0xFF8000, 0x808000, 0x008080, 0x804000, 0x000080};
 
 // Parts of the accent or of a weekday's colour on the sheet.
 constexpr double partSurvol = 0.07;
 constexpr double partChoix = 0.12;
 constexpr double partJourDit = 0.035;
+constexpr double partFantome = 0.18;
 constexpr double partTeinte = 0.25;
 constexpr double partPasse = 0.10;
 constexpr double partContour = 0.60;
@@ -60,6 +61,7 @@ void mele(Aspect &a, bool eclaircit) {
     a.survol = Melange(a.accent, a.feuille, partSurvol);
     a.choix = Melange(a.accent, a.feuille, partChoix);
     a.jourDit = Melange(a.accent, a.feuille, partJourDit);
+    a.fantome = Melange(a.accent, a.feuille, partFantome);
     for (size_t jour = 1; jour < a.jours.size(); ++jour) {
         CouleursDuJour &j = a.jours[jour];
         j.bord = eclaircit ? eclairci(QColor(bords[jour]), a.feuille) : QColor(bords[jour]);
@@ -72,8 +74,8 @@ void mele(Aspect &a, bool eclaircit) {
 
 /// The desktop's own colours only: what stands out is told by lines, marks and weight.
 void sansTeinte(Aspect &a, const QPalette &palette) {
-    a.fond = a.feuille = a.hachure = a.surAccent = a.fondAlerte = a.survol = a.choix = a.jourDit =
-        palette.color(QPalette::Base);
+    a.fond = a.feuille = a.hachure = a.surAccent = a.fondAlerte = a.survol = a.choix = a.jourDit = a.fantome =
+        a.refus = palette.color(QPalette::Base);
     a.encre = a.encre2 = a.encre3 = a.trait = a.trait2 = a.hachure2 = a.alerte = a.bordAlerte =
         palette.color(QPalette::Text);
     const QColor marque = palette.color(QPalette::Highlight);
@@ -101,7 +103,8 @@ Aspect AspectDe(Presentation presentation, const QPalette &palette) {
                                                                   {&a.surAccent, r.surAccent},
                                                                   {&a.alerte, r.alerte},
                                                                   {&a.bordAlerte, r.bordAlerte},
-                                                                  {&a.fondAlerte, r.fondAlerte}};
+                                                                  {&a.fondAlerte, r.fondAlerte},
+                                                                  {&a.refus, r.refus}};
     for (const auto &[couleur, valeur] : places) {
         *couleur = QColor(valeur);
     }

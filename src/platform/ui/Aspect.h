@@ -40,6 +40,8 @@ struct Aspect {
     QColor survol;                       ///< free slot under the pointer
     QColor choix;                        ///< free range that is selected
     QColor jourDit;                      ///< today's column
+    QColor fantome;                      ///< what is dragged, where it would go
+    QColor refus;                        ///< the same where it cannot
     std::array<CouleursDuJour, 8> jours; ///< by weekday, 1 … 7
 
     bool contemporaine() const { return presentation == Presentation::Contemporaine; }

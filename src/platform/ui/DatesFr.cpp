@@ -45,6 +45,10 @@ QString breve(QDate date) {
     return spelled(date, u"ddd d MMM yyyy");
 }
 
+QString jourCourt(QDate date) {
+    return spelled(date, u"ddd d");
+}
+
 QString jourComplet(QDate date) {
     return spelled(date, u"dddd dd MMM yyyy");
 }

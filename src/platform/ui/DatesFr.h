@@ -17,6 +17,8 @@ QString enteteJour(QDate date);
 QString enteteJourLong(QDate date);
 /// "ddd d MMM yyyy", e.g. mer. 11 mars 2026: a list of what was written
 QString breve(QDate date);
+/// "ddd d", e.g. ven. 27: where there is little room
+QString jourCourt(QDate date);
 /// "dddd dd MMM yyyy"
 QString jourComplet(QDate date);
 /// "dddd dd MMMM yyyy": printed documents

@@ -119,6 +119,7 @@ void FlexGrid::afterReset() {
         setRowHidden(0, true); // the header shows it
     }
     m_hover = QModelIndex();
+    m_ghost.reset(); // its cells are others now
     m_layer->setAspect(m_painting->aspect(), m_painting->labelColor(m_cells));
     fitRows();
     forgetPicture();
@@ -183,10 +184,15 @@ QPoint FlexGrid::nearestCell(const QPoint &position) const {
 }
 
 void FlexGrid::mousePressEvent(QMouseEvent *event) {
+    if (m_hand) {
+        m_unheard |= event->button();
+        return;
+    }
     setFocus(Qt::MouseFocusReason);
     leave();
     emit cardAsked(0);
-    const QModelIndex under = indexAt(event->position().toPoint());
+    const QPoint position = event->position().toPoint();
+    const QModelIndex under = indexAt(position);
     if (!under.isValid()) {
         return;
     }
@@ -195,8 +201,12 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
         m_anchor = extend ? QPoint(m_outline->col, m_outline->row) : QPoint(under.column(), under.row());
         m_lastDragged = QPoint(under.column(), under.row());
         m_dragging = true;
+        const qint64 seen = extend ? 0 : seenAt(position);
         emit selectionAsked({m_anchor.y(), m_anchor.x(), under.row(), under.column()},
                             extend ? Gesture::Drag : Gesture::Press);
+        if (seen != 0 && seen == seenAt(position)) { // the press may have brought another picture
+            takeBlock(position);
+        }
     } else if (event->button() == Qt::RightButton && !isOutlined(under)) {
         emit selectionAsked({under.row(), under.column(), under.row(), under.column()}, Gesture::RightPress);
     }
@@ -204,10 +214,15 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
 
 void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     if (!event->buttons().testFlag(Qt::LeftButton)) {
-        m_dragging = false;
-    }
-    if (!m_dragging) {
+        endDrag();
         hoverAt(event->position().toPoint());
+        return;
+    }
+    if (m_hand) {
+        moveHand(*event);
+        return;
+    }
+    if (!m_dragging) { // what was in hand is let go, and the button still pressed
         return;
     }
     const QPoint cell = nearestCell(event->position().toPoint());
@@ -220,13 +235,23 @@ void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
+    if (m_unheard.testFlag(event->button())) {
+        m_unheard.setFlag(event->button(), false);
+        return;
+    }
     m_dragging = false;
-    if (event->button() == Qt::RightButton) {
+    if (m_hand) {
+        dropHand(*event);
+    } else if (event->button() == Qt::RightButton) {
         emit contextMenuAsked(event->globalPosition().toPoint());
     }
 }
 
 void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
+    if (m_hand) {
+        m_unheard |= event->button();
+        return;
+    }
     const QModelIndex under = indexAt(event->position().toPoint());
     if (event->button() == Qt::LeftButton && under.isValid() && isOutlined(under)) {
         emit opened(true);
@@ -234,6 +259,9 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
 }
 
 void FlexGrid::keyPressEvent(QKeyEvent *event) {
+    if (handKey(*event)) {
+        return;
+    }
     const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
     switch (event->key()) {
     case Qt::Key_Up:

@@ -30,6 +30,20 @@ class FlexGrid : public QTableView {
         friend bool operator==(const Corners &, const Corners &) = default;
     };
     enum class Gesture { Press, RightPress, Drag, Key };
+    /// A place between the cells: rows from the top of row 0, and a column.
+    struct Spot {
+        double row = 0;
+        int col = 0;
+    };
+    /// What is dragged, on the cells where it would go.
+    struct Ghost {
+        Corners cells;
+        QString name;
+        QString text;
+        QString from; ///< its hours
+        QString to;
+        bool refused = false;
+    };
     /// A scale of time that several grids share, in minutes.
     struct TimeScale {
         int before = 0;    ///< from the scale's beginning to the first row
@@ -72,8 +86,22 @@ class FlexGrid : public QTableView {
 
     /// True from the press of the left button in a cell to its release.
     bool isDragging() const;
-    /// A message box takes the release away.
-    void endDrag() { m_dragging = false; }
+    /// A message box takes the release away. What is in hand is let go.
+    void endDrag();
+
+    /// Blocks can be taken with the mouse, by their lower edge too. Where not, a drag selects.
+    void setBlocksMovable(bool movable) { m_movable = movable; }
+    /// What lies there; nothing beyond the cells that are seen.
+    std::optional<Spot> spotAt(const QPoint &globalPosition) const;
+    /// Where the selectable columns are seen on the screen.
+    QRect slotsRect() const;
+    void showGhost(const std::optional<Ghost> &ghost);
+    /// This block is in hand; 0: none is.
+    void showTaken(qint64 block);
+    /// Said at the left or the right of the slots; empty: nothing is.
+    void showHint(const QString &text, Qt::Edge side);
+    /// A pointer for what the hand is about to do; none: the grid's own.
+    void showHand(std::optional<Qt::CursorShape> shape);
     /// What a row of text needs, in pixels; the header.
     int leastRowHeight() const;
     int headerHeight() const;
@@ -91,6 +119,13 @@ class FlexGrid : public QTableView {
     /// The pointer has rested on this block, or Space was pressed while it was outlined; 0: the pointer has
     /// left it, or Escape was pressed.
     void cardAsked(qint64 block);
+    /// A block was pressed at `position` and moved: it is in hand, by its lower edge or whole, until it is
+    /// dropped or let go. Meanwhile keys and other buttons do nothing. Positions are the screen's.
+    void blockTaken(qint64 block, bool byEdge, const QPoint &position);
+    void blockMoved(const QPoint &position, bool withCtrl);
+    void blockDropped(const QPoint &position, bool withCtrl);
+    /// By Escape, or by what has taken the mouse away.
+    void blockLetGo();
     /// Rows or columns have moved under what stands over the grid.
     void moved();
 
@@ -100,6 +135,9 @@ class FlexGrid : public QTableView {
     void mouseReleaseEvent(QMouseEvent *event) override;
     void mouseDoubleClickEvent(QMouseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
+    void keyReleaseEvent(QKeyEvent *event) override;
+    bool event(QEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
     void wheelEvent(QWheelEvent *event) override;
     void resizeEvent(QResizeEvent *event) override;
     void paintEvent(QPaintEvent *event) override;
@@ -110,6 +148,15 @@ class FlexGrid : public QTableView {
     void changeEvent(QEvent *event) override;
 
   private:
+    /// A block under the pressed button.
+    struct Hand {
+        qint64 block = 0;
+        bool edge = false;
+        QPoint start; ///< on the screen, as are the others
+        QPoint last;
+        bool moving = false; ///< far enough to be meant
+    };
+
     void afterReset();
     /// Rows share the whole height as long as their text fits: a large screen gives blocks more lines. Below
     /// that they scroll.
@@ -126,11 +173,25 @@ class FlexGrid : public QTableView {
     void placeMarks();
     void placeOutline(FlexMarks &marks) const;
     void placeNow(FlexMarks &marks) const;
+    void placeHand(FlexMarks &marks) const;
     /// A mark alone has moved.
     void moveMarks();
     QRect cellsRect(const Corners &corners) const;
     QRect blockRectAt(int place) const;
     int blockAt(const QPoint &position) const;
+    qint64 seenAt(const QPoint &position) const;
+    /// Its rows and lane, whoever covers it.
+    QRect wholeRect(const FlexBlock &block) const;
+    bool isEdge(const FlexBlock &block, const QPoint &position) const;
+
+    // What is in hand
+    void takeBlock(const QPoint &position);
+    void moveHand(const QMouseEvent &event);
+    void dropHand(const QMouseEvent &event);
+    void letGo();
+    bool handKey(const QKeyEvent &event);
+    bool handMoves() const { return m_hand && m_hand->moving; }
+
     void hoverAt(const QPoint &position);
     void leave();
 
@@ -158,6 +219,13 @@ class FlexGrid : public QTableView {
     QModelIndex m_hover;
     QTimer m_rest;
     qint64 m_under = 0; ///< block under the pointer
+    std::optional<Hand> m_hand;
+    Qt::MouseButtons m_unheard; ///< pressed while something was in hand: their release does nothing
+    bool m_movable = false;
+    std::optional<Ghost> m_ghost;
+    qint64 m_taken = 0;
+    QString m_hint;
+    Qt::Edge m_hintSide = Qt::LeftEdge;
     QPixmap m_picture;
     bool m_painted = false;
     bool m_keepsPicture = false; ///< from the first mark that moves

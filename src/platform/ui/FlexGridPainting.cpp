@@ -116,6 +116,10 @@ QRect FlexGrid::blockRect(qint64 id) const {
                : blockRectAt(int(found - m_cells.blocks().begin())).intersected(viewport()->rect());
 }
 
+QRect FlexGrid::wholeRect(const FlexBlock &block) const {
+    return m_painting->laneRect(cellsRect({block.first, block.col, block.last, block.col}), block);
+}
+
 int FlexGrid::blockAt(const QPoint &position) const {
     for (int i = 0; i < int(m_cells.blocks().size()); ++i) {
         if (blockRectAt(i).contains(position)) {
@@ -131,6 +135,7 @@ void FlexGrid::placeMarks() {
     FlexMarks marks;
     placeOutline(marks);
     placeNow(marks);
+    placeHand(marks);
     if (m_hover.isValid()) {
         marks.hover = visualRect(m_hover);
         marks.hoverText = QStringLiteral("+ ") + m_cells.cell(m_hover.row(), 0).text;
@@ -145,7 +150,8 @@ void FlexGrid::moveMarks() {
 }
 
 void FlexGrid::placeOutline(FlexMarks &marks) const {
-    if (!m_outline || m_cells.rows() == 0) {
+    const bool taken = m_taken != 0 && m_taken == m_outlineText.block;
+    if (!m_outline || m_cells.rows() == 0 || taken) {
         return;
     }
     const auto &blocks = m_cells.blocks();
@@ -191,6 +197,8 @@ void FlexGrid::showNow(std::optional<double> rows, const QString &hour) {
 
 void FlexGrid::hoverAt(const QPoint &position) {
     const int place = blockAt(position);
+    const bool edge = m_movable && place >= 0 && isEdge(m_cells.blocks()[size_t(place)], position);
+    showHand(edge ? std::optional(Qt::SizeVerCursor) : std::nullopt);
     const qint64 under = place < 0 ? 0 : m_cells.blocks()[size_t(place)].id;
     if (under != m_under) {
         m_under = under;
@@ -231,6 +239,7 @@ void FlexGrid::focusInEvent(QFocusEvent *event) {
 
 void FlexGrid::focusOutEvent(QFocusEvent *event) {
     QTableView::focusOutEvent(event);
+    letGo(); // a message, a menu or another window has the user now
     moveMarks();
 }
 

@@ -29,6 +29,9 @@ QFont smaller(QFont font) {
 QRect outlineArea(const FlexMarks &m) {
     return m.outline.isNull() ? QRect() : m.outline.adjusted(-1 - halo, -1 - halo, halo, halo);
 }
+QRect ghostArea(const FlexGhost &g) {
+    return g.place.isNull() ? QRect() : g.place.adjusted(-2, -2, 2, 2);
+}
 QRect nowArea(const FlexMarks &m) {
     return m.nowLine.isNull() ? m.nowLabels
                               : m.nowLabels.united(m.nowLine.adjusted(-arrow, -arrow, 0, arrow));
@@ -74,6 +77,10 @@ void FlexMarksLayer::setMarks(const FlexMarks &marks) {
     changed(before.nowLine == marks.nowLine && before.nowPill == marks.nowPill &&
                 before.nowText == marks.nowText && before.nowOnBlock == marks.nowOnBlock,
             nowArea(before), nowArea(marks));
+    changed(before.taken == marks.taken, before.taken, marks.taken);
+    changed(before.ghost == marks.ghost, ghostArea(before.ghost), ghostArea(marks.ghost));
+    changed(before.ghost == marks.ghost, before.ghost.labels, marks.ghost.labels);
+    changed(before.hint == marks.hint && before.hintText == marks.hintText, before.hint, marks.hint);
 }
 
 void FlexMarksLayer::paintEvent(QPaintEvent *event) {
@@ -83,6 +90,9 @@ void FlexMarksLayer::paintEvent(QPaintEvent *event) {
     paintHover(painter);
     paintNow(painter);
     paintOutline(painter);
+    paintTaken(painter);
+    paintGhost(painter);
+    paintHint(painter);
 }
 
 void FlexMarksLayer::paintHover(QPainter &painter) const {
@@ -189,4 +199,86 @@ void FlexMarksLayer::paintNow(QPainter &painter) const {
     painter.setPen(m_aspect.feuille);
     painter.setFont(m_aspect.contemporaine() ? bold(font()) : font()); // see the header of the day
     painter.drawText(m_marks.nowPill, Qt::AlignCenter, m_marks.nowText);
+}
+
+// ---- What is dragged
+
+/// The block stays where it is, pale, until it is dropped.
+void FlexMarksLayer::paintTaken(QPainter &painter) const {
+    if (m_marks.taken.isNull()) {
+        return;
+    }
+    constexpr int veil = 150;
+    QColor pale = m_aspect.feuille;
+    pale.setAlpha(veil);
+    painter.setBrush(pale);
+    painter.setPen(QPen(m_aspect.encre2, 1, Qt::DashLine));
+    painter.drawRoundedRect(QRectF(m_marks.taken).adjusted(0.5, 0.5, -0.5, -0.5), radius - 1, radius - 1);
+}
+
+void FlexMarksLayer::paintGhost(QPainter &painter) const {
+    const FlexGhost &ghost = m_marks.ghost;
+    if (ghost.place.isNull()) {
+        return;
+    }
+    const QColor edge = ghost.refused ? m_aspect.bordAlerte : m_aspect.accent;
+    painter.setBrush(ghost.refused ? m_aspect.refus : m_aspect.fantome);
+    painter.setPen(QPen(edge, outlineWidth, ghost.refused ? Qt::DashLine : Qt::SolidLine));
+    painter.drawRoundedRect(QRectF(ghost.place), radius, radius);
+    paintGhostText(painter, ghost.place.adjusted(radius + 4, 1, -radius, -1));
+    paintGhostLabels(painter);
+}
+
+/// One line where there is room for no more: the hours keep their place then.
+void FlexMarksLayer::paintGhostText(QPainter &painter, const QRect &inside) const {
+    const FlexGhost &ghost = m_marks.ghost;
+    const QFont name = bold(font());
+    const QFont text = smaller(font());
+    const QFontMetrics nameMetrics(name);
+    const QFontMetrics textMetrics(text);
+    const bool twoLines = inside.height() >= nameMetrics.height() + textMetrics.height();
+    constexpr int gap = 6;
+    const int width = std::min(textMetrics.horizontalAdvance(ghost.text), inside.width());
+    QRect first = inside;
+    QRect second = inside;
+    if (twoLines) {
+        first.setHeight(nameMetrics.height());
+        second.setTop(first.bottom());
+        second.setHeight(textMetrics.height());
+    } else {
+        second.setLeft(inside.right() - width);
+        first.setRight(second.left() - gap);
+    }
+    painter.setPen(ghost.refused ? m_aspect.alerte : m_aspect.encre);
+    painter.setFont(text);
+    painter.drawText(second, Qt::AlignLeft | Qt::AlignVCenter,
+                     textMetrics.elidedText(ghost.text, Qt::ElideRight, second.width()));
+    painter.setFont(name);
+    painter.drawText(first, Qt::AlignLeft | Qt::AlignVCenter,
+                     nameMetrics.elidedText(ghost.name, Qt::ElideRight, first.width()));
+}
+
+void FlexMarksLayer::paintGhostLabels(QPainter &painter) const {
+    const FlexGhost &ghost = m_marks.ghost;
+    const QFont hours = bold(smaller(font()));
+    const int line = QFontMetrics(hours).height();
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(ghost.refused ? m_aspect.alerte : m_aspect.accent);
+    painter.drawRoundedRect(ghost.labels, 3, 3);
+    painter.setPen(m_aspect.surAccent);
+    painter.setFont(hours);
+    const bool both = ghost.labels.height() >= 2 * line;
+    painter.drawText(ghost.labels, Qt::AlignCenter, both ? ghost.from + u'\n' + ghost.to : ghost.from);
+}
+
+void FlexMarksLayer::paintHint(QPainter &painter) const {
+    if (m_marks.hint.isNull()) {
+        return;
+    }
+    painter.setBrush(m_aspect.feuille);
+    painter.setPen(m_aspect.accent);
+    painter.drawRoundedRect(QRectF(m_marks.hint).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.setPen(m_aspect.encre);
+    painter.setFont(bold(font()));
+    painter.drawText(m_marks.hint, Qt::AlignCenter, m_marks.hintText);
 }

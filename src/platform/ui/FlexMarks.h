@@ -4,6 +4,19 @@
 
 #include <QWidget>
 
+/// What is dragged, where it would go. Nothing is a null rectangle.
+struct FlexGhost {
+    QRect place;
+    QRect labels; ///< of its rows
+    QString name;
+    QString text;
+    QString from; ///< stands on the labels
+    QString to;
+    bool refused = false;
+
+    friend bool operator==(const FlexGhost &, const FlexGhost &) = default;
+};
+
 /// What moves over a grid without being part of its picture, in pixels of the viewport. Nothing is a null
 /// rectangle.
 struct FlexMarks {
@@ -22,6 +35,11 @@ struct FlexMarks {
     QRect nowLabels;         ///< the labels that the hour takes the place of
     QRect nowPill;
     QString nowText;
+
+    QRect taken; ///< the block that is dragged, where it still is
+    FlexGhost ghost;
+    QRect hint; ///< what is about to happen
+    QString hintText;
 
     friend bool operator==(const FlexMarks &, const FlexMarks &) = default;
 };
@@ -45,6 +63,11 @@ class FlexMarksLayer : public QWidget {
     void paintOutline(QPainter &painter) const;
     void paintChip(QPainter &painter) const;
     void paintNow(QPainter &painter) const;
+    void paintTaken(QPainter &painter) const;
+    void paintGhost(QPainter &painter) const;
+    void paintGhostText(QPainter &painter, const QRect &inside) const;
+    void paintGhostLabels(QPainter &painter) const;
+    void paintHint(QPainter &painter) const;
 
     FlexMarks m_marks;
     Aspect m_aspect;
