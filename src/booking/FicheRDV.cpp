@@ -23,6 +23,23 @@ QLabel *etiquette(QWidget *fiche, const char *nom) {
     return label;
 }
 
+/// `texte` with places to break it where it has no blanks: a card has its width.
+QString coupable(const QString &texte) {
+    constexpr qsizetype assezLong = 12;
+    constexpr QChar sansLargeur(0x200B);
+    QString coupe;
+    qsizetype suite = 0;
+    for (const QChar lettre : texte) {
+        suite = lettre.isSpace() ? 0 : suite + 1;
+        coupe += lettre;
+        if (suite == assezLong) {
+            coupe += sansLargeur;
+            suite = 0;
+        }
+    }
+    return coupe;
+}
+
 } // namespace
 
 FicheRDV::FicheRDV(QWidget *parent)
@@ -40,7 +57,6 @@ FicheRDV::FicheRDV(QWidget *parent)
     m_champs->addRow(QStringLiteral("Acte à faire"), Acte);
     m_champs->addRow(QStringLiteral("N° de patient"), NumPatient);
     m_champs->addRow(QStringLiteral("Présent"), Present);
-    m_touches->setText(QStringLiteral("Entrée : éditer     Échap : fermer"));
     auto *colonne = new QVBoxLayout(this);
     colonne->setContentsMargins(marges);
     colonne->addWidget(m_nom);
@@ -70,15 +86,15 @@ void FicheRDV::habille(const Aspect &aspect) {
 }
 
 void FicheRDV::remplit(const RendezVous &rdv, const QString &acte) {
-    m_nom->setText(NomComplet(rdv.Nom, rdv.Prenom).trimmed());
+    m_nom->setText(coupable(NomComplet(rdv.Nom, rdv.Prenom).trimmed()));
     m_quand->setText(QStringLiteral("%1 · %2–%3 · %4 min")
                          .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
                               DatesFr::heure(rdv.HeureFin))
                          .arg(Minutes(rdv.HeureDebut, rdv.HeureFin)));
-    Telephone->setText(rdv.Telephone.trimmed());
-    Description->setText(rdv.Description.trimmed());
-    Acte->setText(acte);
-    NumPatient->setText(rdv.NumPatient == QStringLiteral("0") ? QString() : rdv.NumPatient);
+    Telephone->setText(coupable(rdv.Telephone.trimmed()));
+    Description->setText(coupable(rdv.Description.trimmed()));
+    Acte->setText(coupable(acte));
+    NumPatient->setText(rdv.NumPatient == QStringLiteral("0") ? QString() : coupable(rdv.NumPatient));
     Present->setText(rdv.Present ? QStringLiteral("oui") : QStringLiteral("non"));
     for (QLabel *champ : {Telephone, Description, Acte, NumPatient}) {
         if (champ->text().isEmpty()) {
@@ -87,11 +103,14 @@ void FicheRDV::remplit(const RendezVous &rdv, const QString &acte) {
     }
 }
 
-bool FicheRDV::montre(const RendezVous &rdv, const QString &acte, const Aspect &aspect, const QRect &bloc) {
+bool FicheRDV::montre(const RendezVous &rdv, const QString &acte, bool choisi, const Aspect &aspect,
+                      const QRect &bloc) {
     constexpr int largeur = 334;
     constexpr int corps = 16; // height of the font that the width was made for
     habille(aspect);
     remplit(rdv, acte);
+    m_touches->setText((choisi ? QStringLiteral("Entrée : éditer     ") : QString()) +
+                       QStringLiteral("Échap : fermer"));
     m_bord = aspect.jours[size_t(Jour(rdv.Date1))].bord;
     const int large = std::max(largeur, largeur * fontMetrics().height() / corps);
     const QSize taille(large, layout()->totalHeightForWidth(large));

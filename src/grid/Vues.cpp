@@ -10,10 +10,11 @@ Vues::Vues(FlexGrid &GrilleRDV, FlexGrid &GrilleRDV02, FlexGrid &GrilleRDV03, co
       m_semaine(GrilleRDV, env), m_jour(GrilleRDV02, GrilleRDV03, env), m_heure(new LigneHeure(env, this)) {
     const QList<std::pair<FlexGrid *, int>> places{{&GrilleRDV, 0}, {&GrilleRDV02, 0}, {&GrilleRDV03, 1}};
     for (const auto &[vue, grille] : places) {
-        connect(vue, &FlexGrid::selectionAsked, this,
-                [this, grille = grille](const FlexGrid::Corners &coins, FlexGrid::Gesture geste) {
-                    emit selectionDemandee(grille, coins, geste);
-                });
+        connect(
+            vue, &FlexGrid::selectionAsked, this,
+            [this, grille = grille](const FlexGrid::Corners &coins, FlexGrid::Gesture geste, qint64 RefRDV) {
+                emit selectionDemandee(grille, coins, geste, RefRDV);
+            });
         connect(vue, &FlexGrid::opened, this, &Vues::ouvertureDemandee);
         connect(vue, &FlexGrid::contextMenuAsked, this, &Vues::menuDemande);
         connect(vue, &FlexGrid::cardAsked, this, &Vues::ficheDemandee);

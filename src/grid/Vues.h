@@ -47,7 +47,9 @@ class Vues : public QObject {
     void montreMain(std::optional<Qt::CursorShape> forme);
 
   signals:
-    void selectionDemandee(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
+    /// `RefRDV`: the one that is meant among several side by side; else 0.
+    void selectionDemandee(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste,
+                           qint64 RefRDV);
     void ouvertureDemandee(bool parSouris);
     void menuDemande(const QPoint &position);
     /// The card of an appointment is wanted; 0: not any more.

@@ -144,7 +144,7 @@ bool CarnetMontre::relitJour(int grille, QDate jour) {
     return lit(lecture, Annonce::Toujours) && (relus == DuJour(m_affichage.grilles[grille], jour) || relit());
 }
 
-void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste) {
+void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste, qint64 RefRDV) {
     if (grille >= m_affichage.grilles.size()) {
         return;
     }
@@ -156,7 +156,9 @@ void CarnetMontre::selectionne(int grille, const Coins &coins, Geste geste) {
             return;
         }
     }
-    prendSelection(Selectionne(m_affichage, grille, coins, geste, m_selection));
+    if (RefRDV == 0 || !selectionneRDV(RefRDV)) {
+        prendSelection(Selectionne(m_affichage, grille, coins, geste, m_selection));
+    }
 }
 
 void CarnetMontre::etend(Sens sens) {

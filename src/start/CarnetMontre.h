@@ -53,7 +53,8 @@ class CarnetMontre : public QObject {
 
     /// What the user selects. A click looks at the book first: a day that is not what is shown any more is
     /// shown again, and one that cannot be read leaves the selection where it is.
-    void selectionne(int grille, const Coins &coins, Geste geste);
+    /// `RefRDV`: the appointment that is clicked, where it stands beside others; else 0.
+    void selectionne(int grille, const Coins &coins, Geste geste, qint64 RefRDV = 0);
     /// The free selection ends a row later or earlier; it stays where an appointment is in the way.
     void etend(Sens sens);
     /// Selects an appointment, if it is shown.

@@ -20,6 +20,7 @@ FicheMontree::FicheMontree(const Environnement &env, const CarnetMontre &carnet,
     connect(&vues, &Vues::ficheDemandee, this, &FicheMontree::demande);
     connect(&vues, &Vues::deplacee, &m_suite, [this] { m_suite.start(0); }); // many at once
     connect(&carnet, &CarnetMontre::affichageChange, &m_suite, [this] { m_suite.start(0); });
+    connect(&carnet, &CarnetMontre::selectionChange, &m_suite, [this] { m_suite.start(0); });
     connect(&carnet, &CarnetMontre::lectureChange, this, [this] {
         if (!m_carnet.lectureManquee().isEmpty()) {
             ferme();
@@ -60,7 +61,7 @@ void FicheMontree::montre() {
     if (m_fiche == nullptr) {
         m_fiche = new FicheRDV(&m_fenetre);
     }
-    if (!m_fiche->montre(*rdv, acte(*rdv), m_vues.aspect(), bloc)) {
+    if (!m_fiche->montre(*rdv, acte(*rdv), m_carnet.selection().rdv == *rdv, m_vues.aspect(), bloc)) {
         ferme();
     }
 }

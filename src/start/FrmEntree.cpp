@@ -206,9 +206,7 @@ void FrmEntree::dessineMenus() {
     const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_menus->dessine(m_carnet.affichage());
     m_commandes.dessine(m_carnet);
-    const QList<QPushButton *> boutons =
-        centralWidget()->findChildren<QPushButton *>() + QList{BtnSemaine, BtnJour};
-    for (QPushButton *bouton : boutons) {
+    for (QPushButton *bouton : centralWidget()->findChildren<QPushButton *>() + QList{BtnSemaine, BtnJour}) {
         bouton->setEnabled(!m_carnet.estVide() || bouton == ui->BtnQuitter || bouton == ui->BtnRafraichir);
     }
     BtnSemaine->setChecked(semaine);
@@ -225,12 +223,12 @@ void FrmEntree::dessineLecture() {
 
 // ---- What is done with the selection
 
-void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
+void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste, qint64 RefRDV) {
     const Coins coins{c.row, c.col, c.rowSel, c.colSel};
     if (Timer1.remainingTime() < attenteTimer1) { // a redraw would part the two presses of a double click
         Timer1.start(attenteTimer1);
     }
-    m_carnet.selectionne(grille, coins, gesteDe(geste));
+    m_carnet.selectionne(grille, coins, gesteDe(geste), RefRDV);
     if (geste == FlexGrid::Gesture::Key && m_carnet.selection().rdv) {
         m_vues->montreContour(); // taken whole, the appointment begins above what the key has scrolled to
     }

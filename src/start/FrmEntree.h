@@ -59,7 +59,7 @@ class FrmEntree : public QMainWindow {
     void dispose();
 
     // The selection
-    void selectionne(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste);
+    void selectionne(int grille, const FlexGrid::Corners &coins, FlexGrid::Gesture geste, qint64 RefRDV);
     void ouvre(bool parSouris);
 
     // What is asked for, in screen order

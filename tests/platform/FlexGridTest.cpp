@@ -20,12 +20,13 @@ class FlexGridTest : public testing::Test {
         grid.resize(300, 400);
         grid.show();
         QObject::connect(&grid, &FlexGrid::selectionAsked, &grid,
-                         [this](const FlexGrid::Corners &c, FlexGrid::Gesture g) {
+                         [this](const FlexGrid::Corners &c, FlexGrid::Gesture g, qint64 block) {
                              const char *const what[] = {"press", "right", "drag", "key"};
                              asked += what[int(g)];
                              for (const int part : {c.row, c.col, c.rowSel, c.colSel}) {
                                  asked += ' ' + std::to_string(part);
                              }
+                             asked += block == 0 ? std::string() : " block " + std::to_string(block);
                              asked += ';';
                              grid.showOutline(c);
                          });
@@ -93,7 +94,7 @@ TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(7, 3));
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(2, 2));
     EXPECT_EQ(taken(), "opened by mouse;") << "only what is outlined";
-    QTest::mousePress(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
+    QTest::mouseClick(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
     EXPECT_EQ(taken(), "press 0 2 0 2;");
 }
 
@@ -162,6 +163,17 @@ TEST_F(FlexGridTest, BlocksOfOneRowStandSideBySide) {
     EXPECT_EQ(grid.blockRect(20).left(), grid.blockRect(22).left()) << "a lane that is free again";
     EXPECT_GT(grid.blockRect(21).left(), grid.blockRect(20).right());
     EXPECT_GT(grid.blockRect(23).width(), 1.5 * grid.blockRect(20).width()) << "another column";
+    asked.clear();
+    for (const auto button : {Qt::LeftButton, Qt::RightButton}) { // the one under the pointer is meant
+        for (const qint64 id : {3, 20, 21}) {
+            const QPoint there = grid.blockRect(id).center();
+            QTest::mouseClick(grid.viewport(), button, {}, there);
+            EXPECT_NE(asked.find("block " + std::to_string(id)), std::string::npos) << asked;
+            EXPECT_EQ(std::exchange(asked, {}).find("opened"), std::string::npos);
+        }
+    }
+    click(5, 2, Qt::LeftButton);
+    EXPECT_EQ(asked.find("block"), std::string::npos) << "it stands alone";
 }
 
 TEST_F(FlexGridTest, RowsShareTheHeightUntilTheirTextNeedsIt) {

@@ -68,6 +68,10 @@ TEST_F(FicheTest, OpensByKeyAndByRestingAndCloses) {
     fait(q("touche Space"));
     fait(q("clic 6,3"));
     EXPECT_EQ(fiche(), "") << "a press";
+    QTest::mouseMove(grille().viewport(), dedans);
+    EXPECT_TRUE(waitUntil([&] { return fiche() == pleine; }));
+    EXPECT_EQ(fenetre->findChild<QLabel *>(q("FicheTouches"))->text(), q("Échap : fermer"))
+        << "another place is selected: no key acts on it";
     fait(q("touche Space"));
     EXPECT_EQ(fiche(), "") << "nobody is selected";
     EXPECT_EQ(dits(), "");

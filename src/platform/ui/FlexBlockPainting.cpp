@@ -115,6 +115,9 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     if (first != block.first) {
         return; // the row that has its text is another's
     }
+    if (block.late && cell.back.isValid()) { // red is not read on grey
+        painter.fillRect(rect.adjusted(cell.picture.width(), 1, -1, -1), m_aspect.feuille);
+    }
     if (block.present || block.late) {
         const int size = std::min(scaled(markSize + 2), rect.height() - 2);
         paintMark(painter, rect.topLeft() + QPoint(2, 1), size, block.present ? Mark::Check : Mark::Dial,
@@ -207,7 +210,7 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
 
 /// Name, hours, description: one below the other as far as they fit.
 void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
-    const int needed = scaled(nameLine);
+    const int needed = std::max(scaled(nameLine), QFontMetrics(m_fonts[Bold]).height() - 1);
     const int lines = (rect.height() - needed) / m_lineStep;
     const int spare = rect.height() - needed - std::min(lines, 2) * m_lineStep;
     // the outline leaves the accents of capitals alone
@@ -217,7 +220,10 @@ void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, con
     const int width = write(painter, name, block.name, block.past ? Plain : Bold);
     painter.setPen(m_aspect.encre2);
     if (lines < 1) {
-        write(painter, name.adjusted(width + radius, 0, 0, 0), block.detail, Small);
+        const QRect rest = name.adjusted(width + radius, 0, 0, 0);
+        if (rest.width() > 2 * rect.height()) { // less says nothing
+            write(painter, rest, block.detail, Small);
+        }
         return;
     }
     QRect line(rect.left(), name.bottom(), rect.width(), m_lineStep);

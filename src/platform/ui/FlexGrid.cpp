@@ -29,7 +29,7 @@ class FlexHeader : public QHeaderView {
     void mousePressEvent(QMouseEvent *event) override {
         const int col = logicalIndexAt(event->position().toPoint());
         if (event->button() == Qt::LeftButton && col >= 0) {
-            emit m_grid.selectionAsked({0, col, 0, col}, FlexGrid::Gesture::Press);
+            emit m_grid.selectionAsked({0, col, 0, col}, FlexGrid::Gesture::Press, 0);
         }
     }
     void mouseReleaseEvent(QMouseEvent *event) override {
@@ -72,7 +72,7 @@ FlexGrid::FlexGrid(QWidget *parent)
     connect(&m_cells, &QAbstractItemModel::modelReset, this, &FlexGrid::afterReset);
     connect(horizontalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
     connect(verticalHeader(), &QHeaderView::sectionResized, this, &FlexGrid::forgetPicture);
-    connect(&m_rest, &QTimer::timeout, this, [this] { emit cardAsked(m_under); });
+    connect(&m_rest, &QTimer::timeout, this, [this] { askCard(m_under); });
 }
 
 void FlexGrid::showAtTop(int row) {
@@ -190,7 +190,7 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
     }
     setFocus(Qt::MouseFocusReason);
     leave();
-    emit cardAsked(0);
+    askCard(0);
     const QPoint position = event->position().toPoint();
     const QModelIndex under = indexAt(position);
     if (!under.isValid()) {
@@ -203,12 +203,13 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
         m_dragging = true;
         const qint64 seen = extend ? 0 : seenAt(position);
         emit selectionAsked({m_anchor.y(), m_anchor.x(), under.row(), under.column()},
-                            extend ? Gesture::Drag : Gesture::Press);
+                            extend ? Gesture::Drag : Gesture::Press, extend ? 0 : besideAt(position));
         if (seen != 0 && seen == seenAt(position)) { // the press may have brought another picture
             takeBlock(position);
         }
-    } else if (event->button() == Qt::RightButton && !isOutlined(under)) {
-        emit selectionAsked({under.row(), under.column(), under.row(), under.column()}, Gesture::RightPress);
+    } else if (event->button() == Qt::RightButton && !isOutlined(position)) {
+        emit selectionAsked({under.row(), under.column(), under.row(), under.column()}, Gesture::RightPress,
+                            besideAt(position));
     }
 }
 
@@ -231,7 +232,7 @@ void FlexGrid::mouseMoveEvent(QMouseEvent *event) {
     }
     m_lastDragged = cell;
     scrollTo(m_cells.index(cell.y(), cell.x()));
-    emit selectionAsked({m_anchor.y(), m_anchor.x(), cell.y(), cell.x()}, Gesture::Drag);
+    emit selectionAsked({m_anchor.y(), m_anchor.x(), cell.y(), cell.x()}, Gesture::Drag, 0);
 }
 
 void FlexGrid::mouseReleaseEvent(QMouseEvent *event) {
@@ -252,8 +253,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
         m_unheard |= event->button();
         return;
     }
-    const QModelIndex under = indexAt(event->position().toPoint());
-    if (event->button() == Qt::LeftButton && under.isValid() && isOutlined(under)) {
+    if (event->button() == Qt::LeftButton && isOutlined(event->position().toPoint())) {
         emit opened(true);
     }
 }
@@ -283,10 +283,10 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
         }
         break;
     case Qt::Key_Space:
-        emit cardAsked(m_outlineText.block);
+        askCard(m_outlineText.block);
         break;
     case Qt::Key_Escape:
-        emit cardAsked(0);
+        askCard(0);
         break;
     case Qt::Key_Menu:
         emit contextMenuAsked(menuPosition());
@@ -315,14 +315,14 @@ void FlexGrid::moveBy(int rows, int cols, bool extend) {
     if (area.isEmpty()) {
         return;
     }
-    emit cardAsked(0);
+    askCard(0);
     const Corners from =
         m_outline.value_or(Corners{area.top() - 1, area.left(), area.top() - 1, area.left()});
     // From a block of several rows, Down leaves it by its end and Up by its beginning.
     const int leaving = rows > 0 ? std::max(from.row, from.rowSel) : std::min(from.row, from.rowSel);
     const int row = std::clamp((extend ? from.rowSel : leaving) + rows, area.top(), area.bottom());
     const int col = std::clamp(from.col + cols, area.left(), area.right());
-    emit selectionAsked({extend ? from.row : row, col, row, col}, Gesture::Key);
+    emit selectionAsked({extend ? from.row : row, col, row, col}, Gesture::Key, 0);
     if (m_outline) {
         scrollTo(m_cells.index(m_outline->rowSel, m_outline->colSel));
     }
@@ -336,6 +336,14 @@ void FlexGrid::wheelEvent(QWheelEvent *event) {
     QTableView::wheelEvent(event);
 }
 
+void FlexGrid::askCard(qint64 block) {
+    m_card = block;
+    if (block != 0) { // it says more
+        QToolTip::hideText();
+    }
+    emit cardAsked(block);
+}
+
 bool FlexGrid::viewportEvent(QEvent *event) {
     if (event->type() == QEvent::Leave) {
         leave();
@@ -344,7 +352,7 @@ bool FlexGrid::viewportEvent(QEvent *event) {
         return QTableView::viewportEvent(event);
     }
     const auto &help = static_cast<QHelpEvent &>(*event);
-    const bool over = !m_toolTip.isEmpty() && isOutlined(indexAt(help.pos()));
+    const bool over = !m_toolTip.isEmpty() && isOutlined(help.pos()) && m_card == 0;
     // as rich text, so that long lines wrap; what the data says stays plain
     QToolTip::showText(help.globalPos(), over ? plainTip(m_toolTip) : QString(), viewport());
     return true;

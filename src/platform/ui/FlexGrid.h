@@ -112,7 +112,8 @@ class FlexGrid : public QTableView {
     void showOutlined();
 
   signals:
-    void selectionAsked(const FlexGrid::Corners &corners, FlexGrid::Gesture gesture);
+    /// `block`: the one that is pressed, where it stands beside others; else 0.
+    void selectionAsked(const FlexGrid::Corners &corners, FlexGrid::Gesture gesture, qint64 block);
     /// Enter, or a double click on the outlined cells.
     void opened(bool byMouse);
     void contextMenuAsked(const QPoint &globalPosition);
@@ -197,7 +198,10 @@ class FlexGrid : public QTableView {
 
     /// The cell under `position` of the viewport; outside, the nearest one.
     QPoint nearestCell(const QPoint &position) const;
-    bool isOutlined(const QModelIndex &index) const { return selectionModel()->isSelected(index); }
+    /// The block at `position` when others stand beside it, so that the pointer means this one; else 0.
+    qint64 besideAt(const QPoint &position) const;
+    bool isOutlined(const QPoint &position) const;
+    void askCard(qint64 block);
     /// Where a menu that was asked for by a key comes up: under what is outlined.
     QPoint menuPosition() const;
     void moveBy(int rows, int cols, bool extend);
@@ -219,6 +223,7 @@ class FlexGrid : public QTableView {
     QModelIndex m_hover;
     QTimer m_rest;
     qint64 m_under = 0; ///< block under the pointer
+    qint64 m_card = 0;  ///< block whose card was asked for
     std::optional<Hand> m_hand;
     Qt::MouseButtons m_unheard; ///< pressed while something was in hand: their release does nothing
     bool m_movable = false;

@@ -9,6 +9,7 @@ namespace {
 
 constexpr int fontHeight = 16; // of the font that the sizes were made for
 constexpr int leastRow = 15;
+constexpr int secondLine = 14;
 constexpr int tintedHeader = 28;
 constexpr int classicHeader = 22;
 constexpr int headerEdge = 4;
@@ -40,8 +41,9 @@ void FlexGridDelegate::setAspect(const Aspect &aspect, const QFont &font) {
     } else {
         m_fonts[Small].setPointSizeF(font.pointSizeF() * second);
     }
-    m_lineStep = QFontMetrics(m_fonts[aspect.contemporaine() ? Small : Plain]).height();
     m_scale = double(QFontMetrics(font).height()) / fontHeight;
+    m_lineStep = aspect.contemporaine() ? std::max(QFontMetrics(m_fonts[Small]).height(), scaled(secondLine))
+                                        : QFontMetrics(font).height();
     m_hatching = hatching(aspect.hachure, aspect.hachure2);
     m_texts.clear();
     m_drawn.clear();
@@ -128,7 +130,7 @@ void FlexGridDelegate::paintTintedCell(QPainter &painter, const QRect &rect, con
         painter.fillRect(rect, m_aspect.fond);
         painter.setPen(full ? m_aspect.encre : m_aspect.encre3);
         const bool bold = full && QFontMetrics(m_fonts[Bold]).horizontalAdvance(cell.text) < rect.width();
-        write(painter, rect, cell.text, bold ? Bold : Small, Qt::AlignCenter);
+        write(painter, rect, cell.text, bold ? Bold : Small, cell.alignment);
     } else if (cell.use == FlexUse::Shut) {
         painter.drawTiledPixmap(rect, m_hatching, rect.topLeft());
     } else {

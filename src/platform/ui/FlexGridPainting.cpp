@@ -129,6 +129,17 @@ int FlexGrid::blockAt(const QPoint &position) const {
     return -1;
 }
 
+qint64 FlexGrid::besideAt(const QPoint &position) const {
+    const int place = m_painting->aspect().contemporaine() ? blockAt(position) : -1;
+    const FlexBlock *block = place < 0 ? nullptr : &m_cells.blocks()[size_t(place)];
+    return block != nullptr && block->lanes > 1 ? block->id : 0;
+}
+
+bool FlexGrid::isOutlined(const QPoint &position) const {
+    const qint64 meant = besideAt(position);
+    return selectionModel()->isSelected(indexAt(position)) && (meant == 0 || meant == m_outlineText.block);
+}
+
 // ---- Marks
 
 void FlexGrid::placeMarks() {
@@ -202,7 +213,7 @@ void FlexGrid::hoverAt(const QPoint &position) {
     const qint64 under = place < 0 ? 0 : m_cells.blocks()[size_t(place)].id;
     if (under != m_under) {
         m_under = under;
-        emit cardAsked(0);
+        askCard(0);
     }
     if (under != 0) {
         m_rest.start(); // from the last move
@@ -219,7 +230,7 @@ void FlexGrid::leave() {
     m_rest.stop();
     m_hover = QModelIndex();
     if (std::exchange(m_under, 0) != 0) {
-        emit cardAsked(0);
+        askCard(0);
     }
     moveMarks();
 }

@@ -151,17 +151,23 @@ void FlexMarksLayer::paintChip(QPainter &painter) const {
         return;
     }
     constexpr int padding = 5;
-    const QFont small =
-        fitted(bold(smaller(font())), m_marks.hours, m_marks.outline.width() - 2 * (padding + outlineWidth));
+    const QFont usual = smaller(font()); // as wide as the hours that the chip stands on
+    const QFont small = fitted(m_aspect.contemporaine() ? usual : bold(usual), m_marks.hours,
+                               m_marks.outline.width() - 2 * (padding + outlineWidth));
     const QFontMetrics metrics(small);
     const QSize size(metrics.horizontalAdvance(m_marks.hours) + 2 * padding, metrics.height() - 1);
     const QRect inside = m_marks.outline.adjusted(outlineWidth, outlineWidth, -outlineWidth, -outlineWidth);
     QRect chip(QPoint(inside.right() - size.width() + 1, inside.bottom() - size.height() + 1), size);
-    if (m_aspect.contemporaine() && !m_marks.oneRow) {
-        chip.moveTopLeft(inside.topLeft() + QPoint(indent - 4, QFontMetrics(font()).height() - 2));
-    } else if (m_marks.oneRow) {
+    const int name = QFontMetrics(font()).height();
+    const bool below = inside.height() >= name + size.height();
+    if (!below && inside.width() < 2 * size.width()) {
+        return; // the name says more
+    }
+    if (!below) {
         chip.moveTop(inside.top());
         chip.setBottom(inside.bottom());
+    } else if (m_aspect.contemporaine()) {
+        chip.moveTopLeft(inside.topLeft() + QPoint(indent - 4, name - 2));
     }
     chip.moveRight(std::min(chip.right(), inside.right()));
     chip = chip.intersected(inside);
@@ -197,7 +203,8 @@ void FlexMarksLayer::paintNow(QPainter &painter) const {
     painter.fillRect(m_marks.nowLabels, m_labels);
     painter.drawRoundedRect(m_marks.nowPill, m_marks.nowPill.height() / 2.0, m_marks.nowPill.height() / 2.0);
     painter.setPen(m_aspect.feuille);
-    painter.setFont(m_aspect.contemporaine() ? bold(font()) : font()); // see the header of the day
+    const QFont large = m_aspect.contemporaine() ? bold(font()) : font(); // see the header of the day
+    painter.setFont(fitted(large, m_marks.nowText, m_marks.nowPill.width() - 2));
     painter.drawText(m_marks.nowPill, Qt::AlignCenter, m_marks.nowText);
 }
 
