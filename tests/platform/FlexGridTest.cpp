@@ -1,6 +1,7 @@
 #include "platform/ui/FlexGrid.h"
 #include "platform/ui/FlexGridDelegate.h"
 
+#include <QAction>
 #include <QHeaderView>
 #include <QTest>
 #include <gtest/gtest.h>
@@ -37,9 +38,8 @@ class FlexGridTest : public testing::Test {
     void click(int row, int col, Qt::MouseButton button, Qt::KeyboardModifiers keys = {}) {
         QTest::mouseClick(grid.viewport(), button, keys, at(row, col));
     }
-    void drag(const QPoint &to) {
-        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton,
-                         Qt::LeftButton, {});
+    void drag(const QPoint &to, Qt::MouseButton button = Qt::LeftButton) {
+        QMouseEvent move(QEvent::MouseMove, to, grid.viewport()->mapToGlobal(to), Qt::NoButton, button, {});
         QApplication::sendEvent(grid.viewport(), &move);
     }
     void type(std::initializer_list<Qt::Key> keys, Qt::KeyboardModifiers with = {}) {
@@ -94,6 +94,7 @@ TEST_F(FlexGridTest, TheMouseAsksForWhatItCovers) {
     QTest::mouseDClick(grid.viewport(), Qt::LeftButton, {}, at(2, 2));
     EXPECT_EQ(taken(), "opened by mouse;") << "only what is outlined";
     QTest::mousePress(grid.horizontalHeader()->viewport(), Qt::LeftButton, {}, QPoint(120, 5));
+    QTest::mouseRelease(grid.horizontalHeader()->viewport(), Qt::LeftButton);
     EXPECT_EQ(taken(), "press 0 2 0 2;");
 }
 
@@ -128,7 +129,12 @@ TEST_F(FlexGridTest, AMarkThatMovesRepaintsNoCell) {
     const QImage now = picture();
     QTest::mouseMove(grid.viewport(), at(7, 3));
     EXPECT_NE(picture(), now) << "the slot under the pointer is marked";
+    const QImage hovered = picture();
+    grid.showGhost(FlexGrid::Ghost{{2, 1, 4, 1}, QStringLiteral("ROUX"), {}, {}, {}, false});
+    EXPECT_NE(picture(), hovered) << "what is dragged";
     EXPECT_EQ(counting.painted, 0);
+    grid.showGhost(std::nullopt);
+    EXPECT_EQ(picture(), hovered);
     grid.showOutline(std::nullopt);
     grid.showNow(std::nullopt, {});
     grid.cells().setToday(2);
@@ -136,6 +142,72 @@ TEST_F(FlexGridTest, AMarkThatMovesRepaintsNoCell) {
     picture();
     EXPECT_GT(counting.painted, 0) << "what is written is painted";
     grid.setItemDelegate(nullptr);
+}
+
+TEST_F(FlexGridTest, ABlockThatIsMovedIsInHandUntilItIsDroppedOrLetGo) {
+    QObject::connect(&grid, &FlexGrid::blockTaken, &grid, [this](qint64 id, bool edge) {
+        asked += "taken " + std::to_string(id) + (edge ? " by its edge;" : ";");
+    });
+    QObject::connect(&grid, &FlexGrid::blockMoved, &grid,
+                     [this](const QPoint &, bool ctrl) { asked += ctrl ? "ctrl;" : "moved;"; });
+    QObject::connect(&grid, &FlexGrid::blockDropped, &grid, [this] { asked += "dropped;"; });
+    QObject::connect(&grid, &FlexGrid::blockLetGo, &grid, [this] { asked += "let go;"; });
+    QAction action;
+    action.setShortcut(Qt::Key_F5);
+    grid.addAction(&action);
+    QObject::connect(&action, &QAction::triggered, &grid, [this] { asked += "action;"; });
+    {
+        const FlexGridWriting writing(grid.cells());
+        grid.cells().addBlock(block(7, 2, 3, 4));
+    }
+    grid.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&grid));
+    const auto press = [this](const QPoint &where) {
+        QTest::mousePress(grid.viewport(), Qt::LeftButton, {}, where);
+        taken();
+    };
+    const auto release = [this] {
+        QTest::mouseRelease(grid.viewport(), Qt::LeftButton, {}, at(6, 1));
+        return taken();
+    };
+    press(at(3, 2));
+    drag(at(6, 2));
+    EXPECT_EQ(taken(), "drag 3 2 6 2;") << "what cannot be moved selects";
+    release();
+    grid.setBlocksMovable(true);
+    press(at(3, 2));
+    drag(at(3, 2) + QPoint(0, QApplication::startDragDistance() - 1));
+    EXPECT_EQ(release(), "") << "a click";
+    press(at(3, 2));
+    drag(at(6, 1));
+    QTest::mouseClick(grid.viewport(), Qt::RightButton, {}, at(6, 1));
+    type({Qt::Key_F5, Qt::Key_Down, Qt::Key_Return});
+    QTest::keyPress(&grid, Qt::Key_Control);
+    QTest::keyRelease(&grid, Qt::Key_Control);
+    EXPECT_TRUE(grid.isDragging());
+    EXPECT_EQ(release(), "taken 7;moved;ctrl;moved;dropped;") << "neither other buttons nor keys";
+    type({Qt::Key_F5});
+    EXPECT_EQ(taken(), "action;");
+    press(grid.blockRect(7).bottomLeft() + QPoint(9, 0));
+    drag(at(6, 1));
+    type({Qt::Key_Escape});
+    EXPECT_EQ(taken(), "taken 7 by its edge;moved;let go;");
+    drag(at(7, 1));
+    EXPECT_EQ(release(), "");
+    const std::pair<const char *, std::function<void()>> ends[] = {
+        {"focus", [this] { grid.clearFocus(); }},
+        {"hidden", [this] { grid.hide(); }},
+        {"message", [this] { grid.endDrag(); }},
+        {"released elsewhere", [this] { drag(at(5, 1), Qt::NoButton); }}};
+    for (const auto &[name, end] : ends) {
+        grid.show();
+        press(at(3, 2));
+        drag(at(6, 1));
+        taken();
+        end();
+        EXPECT_EQ(taken(), "let go;") << name;
+        release();
+    }
 }
 
 TEST_F(FlexGridTest, BlocksOfOneRowStandSideBySide) {
