@@ -126,10 +126,10 @@ void GlisseRDV::annonceBord(int bord) {
 }
 
 void GlisseRDV::tourne() {
-    const Demande avant = m_carnet.affichage().demande;
+    const QDate avant = m_carnet.affichage().demande.jour;
     m_tourne.stop(); // a book that is busy is waited for meanwhile
     m_carnet.tourne(m_bord);
-    if (m_main && m_carnet.affichage().demande.jour == avant.jour) { // it could not be read, or ends here
+    if (m_main && m_carnet.affichage().demande.jour == avant) { // it could not be read, or ends here
         m_vues.finGlisse();
     }
     if (m_main) {

@@ -18,6 +18,12 @@ SaisieRDV saisie(const char *texte) {
     return nouveau(texte).saisie;
 }
 
+RendezVous plusTard(RendezVous rdv) {
+    rdv.HeureDebut = rdv.HeureDebut.addSecs(3600);
+    rdv.HeureFin = rdv.HeureFin.addSecs(3600);
+    return rdv;
+}
+
 class ReservationTest : public testing::Test {
   protected:
     qint64 ajoute(const NouveauRDV &n) { return AjouteRDV(base, moi, n).ecriture.RefRDV(); }
@@ -67,6 +73,24 @@ TEST_F(ReservationTest, BooksAndMovesOnlyToWhatIsFree) {
     }
 }
 
+TEST_F(ReservationTest, ADropWritesThePlaceAlone) {
+    const RendezVous avant = rdv(ajoute(nouveau("A|09:00|09:30")));
+    livre.execute(SqlText("update RDV set HeureDebut = '09:00:20', Professionnel = 0, DateInv = '?'"));
+    RendezVous lu = rdv(avant.RefRDV);
+    lu.HeureFin = QTime(10, 0);
+    EXPECT_EQ(DeplaceRDV(base, moi, rdv(avant.RefRDV), lu, 1, 1).resultat, Ecriture::Fait);
+    EXPECT_EQ(contenu(), q("A|Paul|||12|2026-03-11|09:00:20|10:00:00|?|01|1|0|0"));
+    RendezVous ailleurs = lu;
+    ailleurs.Date1 = QDate(2026, 3, 13);
+    ailleurs.Fauteuil = 2;
+    ajoute(nouveau("B|09:30|10:30", "01", "2", 2));
+    EXPECT_EQ(DeplaceRDV(base, moi, lu, ailleurs, 1, 2).resultat, Ecriture::Occupe);
+    EXPECT_EQ(DeplaceRDV(base, moi, lu, ailleurs, 1, 1).resultat, Ecriture::Occupe) << "where it would lie";
+    ailleurs.Date1 = QDate(2026, 3, 12);
+    EXPECT_EQ(DeplaceRDV(base, moi, lu, ailleurs, 1, 2).resultat, Ecriture::Fait);
+    EXPECT_TRUE(contenu().startsWith(q("A|Paul|||12|2026-03-12|09:00:20|10:00:00|20260312|01|2|0|0\n")));
+}
+
 TEST_F(ReservationTest, WritesNothingOverWhatAnotherDeskDid) {
     using enum Ecriture;
     const struct {
@@ -78,14 +102,15 @@ TEST_F(ReservationTest, WritesNothingOverWhatAnotherDeskDid) {
                {SqlText("update RDV set HeureFin = '09:45:00'"), Change, Change, Change},
                {SqlText("delete from RDV"), Disparu, Disparu, Disparu}};
     for (const auto &c : cas) {
-        for (const auto &[geste, attendu] :
-             {std::pair('m', c.modifie), std::pair('p', c.present), std::pair('s', c.supprime)}) {
+        for (const auto &[geste, attendu] : {std::pair('m', c.modifie), std::pair('p', c.present),
+                                             std::pair('s', c.supprime), std::pair('d', c.supprime)}) {
             const RendezVous avant = rdv(ajoute(nouveau("A|09:00|09:30")));
             livre.execute(c.ailleurs);
             const QString laisse = contenu();
             const BilanEcriture bilan = geste == 'm'
                                             ? ModifieRDV(base, moi, avant, saisie("A|10:00|10:30"), 1, 1)
                                         : geste == 'p' ? MarquePresent(base, moi, avant, true)
+                                        : geste == 'd' ? DeplaceRDV(base, moi, avant, plusTard(avant), 1, 1)
                                                        : SupprimeRDV(base, moi, avant);
             EXPECT_EQ(bilan.resultat, attendu) << geste << qPrintable(c.ailleurs.text());
             EXPECT_EQ(bilan.actuel, attendu == Change ? rdv(avant.RefRDV) : RendezVous());

@@ -102,7 +102,7 @@ bool FlexGrid::handKey(const QKeyEvent &event) {
     if (event.key() == Qt::Key_Escape) {
         endDrag();
     } else if (event.key() == Qt::Key_Control) {
-        emit blockMoved(m_hand->last, event.modifiers().testFlag(Qt::ControlModifier));
+        emit blockMoved(m_hand->last, event.type() == QEvent::KeyPress);
     }
     return true;
 }
