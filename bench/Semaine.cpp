@@ -183,7 +183,7 @@ Paire selection() {
     return {[carnet, ligne = 10](auto &) mutable {
         ligne = ligne == 10 ? 45 : 10;
         const double duree = millisecondes([&] {
-            emit carnet->GrilleRDV.selectionAsked({ligne, 3, ligne, 3}, FlexGrid::Gesture::Press);
+            emit carnet->GrilleRDV.selectionAsked({ligne, 3, ligne, 3}, FlexGrid::Gesture::Press, 0);
         });
         const auto &contour = carnet->GrilleRDV.outline();
         if (!contour || ligne < contour->row || ligne > contour->rowSel) {
@@ -328,7 +328,7 @@ class Deplace {
         });
         const auto [premiere, colonne] = cellule();
         emit carnet.GrilleRDV.selectionAsked({premiere, colonne, premiere, colonne},
-                                             FlexGrid::Gesture::Press);
+                                             FlexGrid::Gesture::Press, 0);
         carnet.fenetre.findChild<QAction *>(QStringLiteral("mnuEditer"))->trigger();
     }
     /// The row and the column where it is drawn.
