@@ -29,6 +29,7 @@ struct Mesure {
 
 // One function a file; main.cpp lists them.
 std::vector<Mesure> mesuresSemaine();
+std::vector<Mesure> mesuresGlisse();
 std::vector<Mesure> mesuresFrappe();
 std::vector<Mesure> mesuresRecherche();
 std::vector<Mesure> mesuresProcessus();

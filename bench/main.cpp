@@ -186,8 +186,9 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
-    for (const auto &mesures : {mesuresSemaine(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
-                                mesuresProcessus(), mesuresPurge(), mesuresFeuille(), mesuresLettre()}) {
+    for (const auto &mesures :
+         {mesuresSemaine(), mesuresGlisse(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
+          mesuresProcessus(), mesuresPurge(), mesuresFeuille(), mesuresLettre()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

@@ -143,6 +143,92 @@ TEST(Programme, PurgesThePractice) {
     EXPECT_EQ(comptes(carnet), reste);
 }
 
+/// Where an appointment of one row lies in the picture of a week: it is present, and Wednesday's.
+class Place {
+  public:
+    explicit Place(const QImage &image) {
+        const auto orange = [&](int x, int y) { return image.pixel(x, y) == qRgb(255, 128, 0); };
+        const int titre = 30;
+        for (int x = 0; x < image.width(); ++x) {
+            m_gauche = orange(x, titre) && m_gauche == 0 ? x : m_gauche;
+            m_droite = orange(x, titre) ? x : m_droite;
+        }
+        const int bord = m_droite - 10; // no text there
+        for (int y = titre + 30; y < image.height(); ++y) {
+            m_haut = orange(bord, y) && m_haut == 0 ? y : m_haut;
+            m_bas = orange(bord, y) ? y : m_bas;
+        }
+    }
+    bool trouvee() const { return m_haut > 0 && m_bas - m_haut > 10 && m_droite - m_gauche > 50; }
+    /// So many columns and rows from it.
+    QPoint a(int colonnes, int lignes) const {
+        return {(m_gauche + m_droite) / 2 + colonnes * (m_droite - m_gauche + 5),
+                (m_haut + m_bas) / 2 + lignes * (m_bas - m_haut + 3)};
+    }
+    QPoint bord(int colonnes, int lignes) const {
+        return a(colonnes, lignes) + QPoint(0, (m_bas - m_haut) / 2 - 1);
+    }
+
+  private:
+    int m_gauche = 0;
+    int m_droite = 0;
+    int m_haut = 0;
+    int m_bas = 0;
+};
+
+void souris(const QPoint &point, const char *bouton) {
+    xdotool({q("getwindowfocus"), q("mousemove"), q("--window"), q("%1"), QString::number(point.x()),
+             QString::number(point.y()), q(bouton), q("1")});
+}
+
+TEST(Programme, DragsAppointments) {
+    const CabinetDEssai cabinet;
+    const Livre livre(cabinet.fichier(Base::RendezVous));
+    livre.config();
+    livre.rdv({.present = true});
+    const QString fichier = cabinet.dossier() + q("/image.png");
+    Programme capture(sur(cabinet) << q("--capture") << fichier);
+    ASSERT_EQ(capture.code(), 0);
+    const Place rdv{QImage(fichier)}; // on Wednesday, 09:00 to 10:00; rows of an hour
+    ASSERT_TRUE(rdv.trouvee());
+    const auto devient = [&](const char *voulu) {
+        return waitUntil([&] {
+            const Records rows = livre.ouvre().query(
+                SqlText("select Date1, HeureDebut, HeureFin, Present from RDV order by RefRDV"));
+            QStringList lus;
+            for (const Record row : rows) {
+                lus << row.at(0).toText().right(2) + u' ' + row.at(1).toText().left(2) + u' ' +
+                           row.at(2).toText().left(2) + u' ' + row.at(3).toText();
+            }
+            return lus.join(u'|') == q(voulu);
+        });
+    };
+    const auto glisse = [](const QPoint &de, const QPoint &vers) {
+        souris(de, "mousedown");
+        souris(vers, "mouseup");
+    };
+    Programme programme(sur(cabinet));
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    glisse(rdv.a(0, 0), rdv.a(1, 2));
+    EXPECT_TRUE(devient("12 11 12 1"));
+    souris(rdv.a(1, 2), "mousedown");
+    xdotool(q("getwindowfocus mousemove_relative 0 60 key Escape").split(u' '));
+    souris(rdv.a(0, 0), "mouseup");
+    glisse(rdv.bord(1, 2), rdv.bord(1, 3));
+    EXPECT_TRUE(devient("12 11 13 1")) << "Escape has let go before";
+    xdotool({q("keydown"), q("ctrl")});
+    glisse(rdv.a(1, 2), rdv.a(-2, -1));
+    xdotool({q("keyup"), q("ctrl")});
+    EXPECT_TRUE(devient("12 11 13 1|09 08 10 0"));
+    glisse(rdv.a(-2, -1), rdv.a(1, 2));
+    ASSERT_TRUE(programme.fenetre("Message")) << "taken";
+    presse("Return");
+    ASSERT_TRUE(programme.fenetre(carnetOuvert));
+    glisse(rdv.a(-2, -1), QPoint(-300, 200));
+    presse("ctrl+z");
+    EXPECT_TRUE(devient("12 11 13 1")) << "beside the window nothing was written since";
+}
+
 TEST(Programme, CommandLine) {
     for (const QStringList &cas : tableau(R"(
         --aide              | 0 | affiche cette aide

@@ -89,12 +89,18 @@ class Programme:
         self.va(x, y)
         self.dernier = (x, y, time.monotonic())
 
-    def glisse(self, d_ou, ou):
+    def glisse(self, d_ou, ou, avec=None):
+        """From one point to another, perhaps with a key held."""
         self.seul(d_ou)
+        code = avec and self._code(avec)[0]
+        if code:
+            xtest.fake_input(self.x, X.KeyPress, code)
         xtest.fake_input(self.x, X.ButtonPress, 1)
         self.va((d_ou[0] + ou[0]) / 2, (d_ou[1] + ou[1]) / 2)
         self.va(*ou)
         xtest.fake_input(self.x, X.ButtonRelease, 1)
+        if code:
+            xtest.fake_input(self.x, X.KeyRelease, code)
         self.x.sync()
         self.dernier = (*ou, time.monotonic())
 

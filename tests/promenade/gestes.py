@@ -19,7 +19,7 @@ FLECHES = {"Up": (-1, 0), "Down": (1, 0), "Left": (0, -1), "Right": (0, 1)}
 class Gestes:
     """A part of the walk, which holds the state."""
 
-    GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 7, ("fleche",): 8, ("menu",): 14,
+    GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 14, ("fleche",): 8, ("menu",): 14,
               ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
               ("raccourci",): 12, ("clavier",): 14, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5,
               ("retour",): 2, ("historique",): 4}
@@ -114,6 +114,8 @@ class Gestes:
         g, n = self.etat.grille(nom), self.ctx.grilles[nom].horaire.n
         if not r or not n:
             return self.clic()
+        if sous := self.sous(nom, r, c):
+            return self.en_main(nom, r, c, sous[0]) if self.sur_de(nom, sous) else self.clic()
         r2 = self.h.choice([x for x in self.en_vue(g) if abs(x - r) < 9])
         c2 = self.h.choice([c] * 8 + [*range(len(g["colonnes"]))])
         self.dit(f"glisse {nom} ({r},{c}) à ({r2},{c2})")

@@ -16,6 +16,7 @@ from clavier import Clavier
 from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
+from mainlevee import MainLevee
 from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
 from retour import Retour
 
@@ -25,7 +26,7 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Retour, Gestes, Clavier, Fenetres):
+class Promenade(Retour, Gestes, MainLevee, Clavier, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
         self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None

@@ -1,0 +1,84 @@
+"""Appointments moved by hand: where a drop has to put them is computed here from the rows and columns that are seen."""
+import math
+
+from fenetres import norme
+from oracle import dans, entier
+
+SEUIL = 12  # pixels, more than makes a drag
+CHAMPS = ("Nom", "Prenom", "NumPatient", "Telephone", "Description")
+
+
+class MainLevee:
+    """A part of the walk, which holds the state."""
+
+    def sous(self, nom, r, c):
+        """The appointments under a cell."""
+        grille = self.ctx.grilles[nom]
+        dedans = 1 <= c <= len(grille.colonnes) and 1 <= r <= grille.horaire.n
+        return dans(grille.colonnes[c - 1][1], *map(grille.horaire.heure, (r, r + 1))) if dedans else []
+
+    def sur_de(self, nom, sous):
+        """Whether the hand takes that one, whose place is that of its chair."""
+        grille = self.ctx.grilles[nom]
+        siens = all(entier(x.ligne["Fauteuil"]) == grille.fauteuil for _, liste in grille.colonnes for x in liste)
+        return len(sous) == 1 and siens and not self.a_ecrit and self.tiers.lisible
+
+    def en_main(self, nom, r, c, rdv):
+        g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
+        horaire, premiere, derniere = grille.horaire, *grille.horaire.lignes(rdv)
+        bord, de = derniere == r and self.h.random() < 0.35, self.point(g, r, c)
+        if bord:
+            de = de[0], g["surface"][1] + sum(g["lignes"][r]) - 4
+        r2 = self.h.choice(self.en_vue(g) + [0] * (self.h.random() < 0.1))
+        c2 = self.h.choice([c] * 3 + [*range(len(g["colonnes"]))])
+        vers = self.point(g, r2, c2)
+        if abs(vers[0] - de[0]) + abs(vers[1] - de[1]) < SEUIL:
+            return self.clic()
+        copie = self.h.random() < 0.25 and self.copiable(grille, rdv)
+        minute = lambda y, ligne: horaire.heure(ligne) + (y - g["surface"][1] - g["lignes"][ligne][0]) \
+            / g["lignes"][ligne][1] * horaire.pas
+        slot = 1 <= r2 <= horaire.n and 1 <= c2 <= len(grille.colonnes)
+        jour = grille.colonnes[c2 - 1][0] if slot and not bord else rdv.jour
+        debut, fin = self.depot(horaire, rdv, bord, minute(vers[1], r2) - minute(de[1], r)) if slot else (0, 0)
+        if copie and not bord and slot and grille.config.classe(jour.weekday(), debut, fin) == 2:
+            copie = False  # a window would ask
+        self.dit(f"{'bord ' * bord}{'copie ' * (copie and not bord)}{rdv.ref} de {nom} ({r},{c}) à ({r2},{c2})")
+        self.peut, self.visees, self.place = True, [rdv], grille.fauteuil
+        if slot and (copie and not bord or (jour, debut, fin) != (rdv.jour, rdv.debut, rdv.fin)) \
+                and debut < fin <= 1439:
+            self.promet_depot(grille, rdv, jour, debut, fin, copie and not bord)
+        self.prog.glisse(de, vers, "Control_L" if copie else None)
+
+    def copiable(self, grille, rdv):
+        lu, fiche = norme(rdv.ligne), self.patients.get(entier(rdv.ligne["NumPatient"]))
+        juste = not fiche or (fiche["nom"], fiche["PreNom"]) == (lu["Nom"], lu["Prenom"])
+        return juste and grille.fauteuil in [x.fauteuil for x in self.ctx.montre.configs]
+
+    @staticmethod
+    def depot(horaire, rdv, bord, bouge):
+        """The hours after a drop so many minutes further down."""
+        pas, bas = horaire.pas, min(horaire.heure(horaire.n + 1), 1439)
+        avant = rdv.fin if bord else rdv.debut
+        if abs(bouge) * 2 < pas:
+            return rdv.debut, rdv.fin
+        pres = horaire.debut + math.floor((avant + bouge - horaire.debut) / pas + 0.5) * pas
+        if bord:
+            return rdv.debut, rdv.fin if pres == rdv.fin else max(min(pres, bas), rdv.debut + pas)
+        duree = rdv.fin - rdv.debut
+        dernier = horaire.debut + max(bas - horaire.debut - duree, 0) // pas * pas
+        debut = rdv.debut if pres == rdv.debut else max(min(pres, dernier), horaire.debut)
+        return debut, debut + duree
+
+    def promet_depot(self, grille, rdv, jour, debut, fin, copie):
+        lieu = {"Date1": str(jour), "DateInv": f"{jour:%Y%m%d}"} if copie or jour != rdv.jour else {}
+        if copie or debut != rdv.debut:
+            lieu["HeureDebut"] = debut
+        if copie or fin != rdv.fin:
+            lieu["HeureFin"] = fin
+        if copie:
+            lieu |= {n: norme(rdv.ligne)[n] for n in CHAMPS}
+            self.classe = grille.config.classe(jour.weekday(), debut, fin)
+        self.promet("ajoute" if copie else "edite", **lieu)
+        self.promesse |= {"heures": (debut, fin), "jour": jour}
+        if copie:  # its own place is taken
+            self.visees = []
