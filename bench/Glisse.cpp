@@ -5,7 +5,7 @@
 #include "start/FrmEntree.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <QMouseEvent>
 
 #include <algorithm>
 
@@ -29,9 +29,9 @@ struct Images {
     size_t rdv = 0;
 };
 
-/// Over every appointment of the week in turn, `tours` times.
+/// Over every appointment of the week that is in sight, in turn, `tours` times.
 Images glisse() {
-    constexpr int tours = 4;
+    constexpr int tours = 10;
     const Environnement env = environnement(livreCourant());
     FrmEntree fenetre(env);
     fenetre.Form_Load();
@@ -46,10 +46,21 @@ Images glisse() {
     const auto sur = [&](const FlexBlock &bloc) {
         return vue.mapToGlobal(grille.visualRect(grille.cells().index(bloc.first, bloc.col)).center());
     };
+    const auto survole = [&](const QPoint &ou) { // as the pointer does on its way to the block
+        QMouseEvent bouge(QEvent::MouseMove, ou, vue.mapToGlobal(ou), Qt::NoButton, Qt::NoButton, {});
+        QApplication::sendEvent(&vue, &bouge);
+        QApplication::processEvents();
+    };
     QApplication::processEvents();
-    const std::vector<FlexBlock> blocs = grille.cells().blocks();
-    emit grille.blockTaken(blocs.front().id, false, sur(blocs.front()));
-    std::vector<double> durees;
+    survole(vue.rect().center());
+    survole(vue.rect().center() / 2);
+    std::vector<FlexBlock> blocs = grille.cells().blocks();
+    const size_t montres = blocs.size();
+    std::erase_if(blocs, [&](const FlexBlock &bloc) { return grille.blockRect(bloc.id).isEmpty(); });
+    std::vector<double> durees{millisecondes([&] {
+        emit grille.blockTaken(blocs.front().id, false, sur(blocs.front()));
+        QApplication::processEvents();
+    })};
     for (int tour = 0; tour < tours; ++tour) {
         for (const FlexBlock &bloc : blocs) {
             const QPoint vers = sur(bloc);
@@ -60,11 +71,11 @@ Images glisse() {
         }
     }
     emit grille.blockLetGo();
-    if (size_t(marques.fois) < durees.size() / 2) { // what is scrolled away shows no ghost
+    if (size_t(marques.fois) < durees.size()) {
         throw MesureImpossible(QStringLiteral("%1 images peintes").arg(marques.fois));
     }
     std::ranges::sort(durees);
-    return {durees[durees.size() / 2], durees.back(), blocs.size()};
+    return {durees[durees.size() / 2], durees.back(), montres};
 }
 
 } // namespace

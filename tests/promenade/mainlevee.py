@@ -11,6 +11,8 @@ CHAMPS = ("Nom", "Prenom", "NumPatient", "Telephone", "Description")
 class MainLevee:
     """A part of the walk, which holds the state."""
 
+    depots = 0  # that something has to be written for
+
     def sous(self, nom, r, c):
         """The appointments under a cell."""
         grille = self.ctx.grilles[nom]
@@ -80,5 +82,6 @@ class MainLevee:
             self.classe = grille.config.classe(jour.weekday(), debut, fin)
         self.promet("ajoute" if copie else "edite", **lieu)
         self.promesse |= {"heures": (debut, fin), "jour": jour}
+        self.depots += 1
         if copie:  # its own place is taken
             self.visees = []

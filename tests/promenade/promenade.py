@@ -203,7 +203,7 @@ def promene(binaires, graine, pas):
         p = Promenade.__new__(Promenade)
         p.__init__(binaires, graine, dossier)
         p.marche(pas)
-        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; {p.remises} écritures remises ; "
+        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; {p.remises} écritures remises, {p.depots} dépôts ; "
               f"dits : {sorted(p.textes)}")
         return 0
     except (Faute, Exception) as faute:

@@ -201,10 +201,10 @@ void FlexGrid::mousePressEvent(QMouseEvent *event) {
         m_anchor = extend ? QPoint(m_outline->col, m_outline->row) : QPoint(under.column(), under.row());
         m_lastDragged = QPoint(under.column(), under.row());
         m_dragging = true;
-        const qint64 seen = extend ? 0 : seenAt(position);
+        const qint64 seen = extend ? 0 : seenBlock(position);
         emit selectionAsked({m_anchor.y(), m_anchor.x(), under.row(), under.column()},
                             extend ? Gesture::Drag : Gesture::Press, extend ? 0 : besideAt(position));
-        if (seen != 0 && seen == seenAt(position)) { // the press may have brought another picture
+        if (seen != 0 && seen == seenBlock(position)) { // the press may have brought another picture
             takeBlock(position);
         }
     } else if (event->button() == Qt::RightButton && !isOutlined(position)) {

@@ -180,7 +180,8 @@ class FlexGrid : public QTableView {
     QRect cellsRect(const Corners &corners) const;
     QRect blockRectAt(int place) const;
     int blockAt(const QPoint &position) const;
-    qint64 seenAt(const QPoint &position) const;
+    int seenAt(const QPoint &position) const;
+    qint64 seenBlock(const QPoint &position) const;
     /// Its rows and lane, whoever covers it.
     QRect wholeRect(const FlexBlock &block) const;
     bool isEdge(const FlexBlock &block, const QPoint &position) const;

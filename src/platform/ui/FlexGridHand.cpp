@@ -17,8 +17,15 @@ constexpr int edgeHeight = 5;
 
 // ---- What is asked for
 
-qint64 FlexGrid::seenAt(const QPoint &position) const {
-    const int place = blockAt(position);
+/// In the stated look the last block of a cell covers it; it may part another in two.
+int FlexGrid::seenAt(const QPoint &position) const {
+    const QModelIndex under = indexAt(position);
+    return m_painting->aspect().contemporaine() ? blockAt(position)
+                                                : m_cells.cell(under.row(), under.column()).block;
+}
+
+qint64 FlexGrid::seenBlock(const QPoint &position) const {
+    const int place = seenAt(position);
     return place < 0 ? 0 : m_cells.blocks()[size_t(place)].id;
 }
 
@@ -34,7 +41,7 @@ void FlexGrid::takeBlock(const QPoint &position) {
     const auto &blocks = m_cells.blocks();
     auto block = std::ranges::find(blocks, m_outlineText.block, &FlexBlock::id);
     if (block == blocks.end() || !wholeRect(*block).contains(position)) {
-        block = blocks.begin() + blockAt(position);
+        block = blocks.begin() + seenAt(position);
     }
     const QPoint start = viewport()->mapToGlobal(position);
     m_hand = Hand{block->id, isEdge(*block, position), start, start};

@@ -208,7 +208,8 @@ void FlexGrid::showNow(std::optional<double> rows, const QString &hour) {
 
 void FlexGrid::hoverAt(const QPoint &position) {
     const int place = blockAt(position);
-    const bool edge = m_movable && place >= 0 && isEdge(m_cells.blocks()[size_t(place)], position);
+    const int seen = seenAt(position);
+    const bool edge = m_movable && seen >= 0 && isEdge(m_cells.blocks()[size_t(seen)], position);
     showHand(edge ? std::optional(Qt::SizeVerCursor) : std::nullopt);
     const qint64 under = place < 0 ? 0 : m_cells.blocks()[size_t(place)].id;
     if (under != m_under) {
