@@ -327,8 +327,8 @@ class Deplace {
             editer->findChild<QPushButton *>(QStringLiteral("BtnMettreAJour"))->click();
         });
         const auto [premiere, colonne] = cellule();
-        emit carnet.GrilleRDV.selectionAsked({premiere, colonne, premiere, colonne},
-                                             FlexGrid::Gesture::Press, 0);
+        emit carnet.GrilleRDV.selectionAsked({premiere, colonne, premiere, colonne}, FlexGrid::Gesture::Press,
+                                             0);
         carnet.fenetre.findChild<QAction *>(QStringLiteral("mnuEditer"))->trigger();
     }
     /// The row and the column where it is drawn.

@@ -58,6 +58,8 @@ class Gestes:
     def clic(self, fois=1, bouton=1):
         nom, r, c, point = self.case()
         self.dit(f"{'double ' * (fois - 1)}clic {bouton} {nom} ({r},{c})")
+        # there each appointment of a row has a place of its own, and the one under the pointer is meant
+        self.cote = any(o["objectName"] == "OutilPrecedent" for o in self.etat.objets())
         self.prog.clic(point, bouton, fois)
         self.peut = True
         self.suite = lambda avant, apres: self.apres_clic(avant, apres, nom, r, c, fois, bouton)
@@ -69,6 +71,10 @@ class Gestes:
             return []
         dedans = (nom, c) in [(g, gauche) for g, haut, bas, gauche, _ in avant.contours if haut <= r <= bas]
         titre = r == 0 and (bouton == 3 or not self.vue.semaine)
+        if self.cote and 1 <= r <= n and 1 <= c <= nb:
+            sous = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
+            if len(sous) > 1 and apres.cle in [x.cle() for x in sous]:
+                return self.ouvre("mnuEditer", apres) if fois == 2 else []
         if not n or not 1 <= c <= nb or titre or bouton == 3 and dedans:
             if bouton == 3 and self.a_ecrit:
                 return []

@@ -23,7 +23,9 @@ class MainLevee:
         """Whether the hand takes that one, whose place is that of its chair."""
         grille = self.ctx.grilles[nom]
         siens = all(entier(x.ligne["Fauteuil"]) == grille.fauteuil for _, liste in grille.colonnes for x in liste)
-        return len(sous) == 1 and siens and not self.a_ecrit and self.tiers.lisible
+        # where blocks stand side by side a part of a cell may be free: that look is tried by click alone
+        cote = any(o["objectName"] == "OutilPrecedent" for o in self.etat.objets())
+        return len(sous) == 1 and siens and not cote and not self.a_ecrit and self.tiers.lisible
 
     def en_main(self, nom, r, c, rdv):
         g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
