@@ -30,6 +30,7 @@ struct Images {
 };
 
 /// Over every appointment of the week that is in sight, in turn, `tours` times.
+// NOLINTNEXTLINE(readability-function-size): one drag, step by step
 Images glisse() {
     constexpr int tours = 10;
     const Environnement env = environnement(livreCourant());

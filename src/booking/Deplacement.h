@@ -37,4 +37,4 @@ struct Cible {
 /// the nearest slot; within half a slot of its hour it keeps that. It stays between the first slot and the
 /// end of the last, and an end one slot behind its start. `copie`: the patient is booked once more; an edge
 /// is never.
-Cible CibleDe(const Affichage &affichage, const EnMain &main, const Pointeur &pointeur, bool copie);
+Cible CibleDe(const Affichage &affichage, const EnMain &main, const Pointeur &pointeur, bool ctrl);

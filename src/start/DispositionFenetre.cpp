@@ -53,6 +53,7 @@ QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     return bouton;
 }
 
+// NOLINTNEXTLINE(readability-function-size): a table of places
 bool PlaceControles(const Ui::FrmEntree &ui, QSize place, bool avecBoutons) {
     constexpr int barreEtat = 375; // twips, which the layout counts with
     const auto d = DisposeFenetre(twipsFromPixels(place.width()), twipsFromPixels(place.height()) + barreEtat,

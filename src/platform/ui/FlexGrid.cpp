@@ -258,6 +258,7 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     }
 }
 
+// NOLINTNEXTLINE(readability-function-size): one line a key
 void FlexGrid::keyPressEvent(QKeyEvent *event) {
     if (handKey(*event)) {
         return;
