@@ -237,7 +237,7 @@ TEST(PostgresErrors, EveryStateHasItsSentence) {
         {"XX002", "could not read block", Kind::Damaged, "endommagée"},
         {"99999", "something new", Kind::Other, "a refusé l'opération"},
         {"", "SSL error: certificate verify failed", Kind::Refused, "certificat"},
-        {"", "root certificate file \"/root/.postgresql/root.crt\" does not exist", Kind::Refused,
+        {"", "root certificate file \"/home/lise/.postgresql/root.crt\" does not exist", Kind::Refused,
          "certificat"},
         {"", "server certificate for \"a\" does not match host name \"b\"", Kind::Refused, "certificat"},
         {"", "server does not support SSL, but SSL was required", Kind::Refused, "ne chiffre pas"},
