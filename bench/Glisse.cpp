@@ -29,8 +29,14 @@ struct Images {
     size_t rdv = 0;
 };
 
+/// As the pointer does on its way to a block.
+void survole(QWidget &vue, const QPoint &ou) {
+    QMouseEvent bouge(QEvent::MouseMove, ou, vue.mapToGlobal(ou), Qt::NoButton, Qt::NoButton, {});
+    QApplication::sendEvent(&vue, &bouge);
+    QApplication::processEvents();
+}
+
 /// Over every appointment of the week that is in sight, in turn, `tours` times.
-// NOLINTNEXTLINE(readability-function-size): one drag, step by step
 Images glisse() {
     constexpr int tours = 10;
     const Environnement env = environnement(livreCourant());
@@ -47,14 +53,9 @@ Images glisse() {
     const auto sur = [&](const FlexBlock &bloc) {
         return vue.mapToGlobal(grille.visualRect(grille.cells().index(bloc.first, bloc.col)).center());
     };
-    const auto survole = [&](const QPoint &ou) { // as the pointer does on its way to the block
-        QMouseEvent bouge(QEvent::MouseMove, ou, vue.mapToGlobal(ou), Qt::NoButton, Qt::NoButton, {});
-        QApplication::sendEvent(&vue, &bouge);
-        QApplication::processEvents();
-    };
     QApplication::processEvents();
-    survole(vue.rect().center());
-    survole(vue.rect().center() / 2);
+    survole(vue, vue.rect().center());
+    survole(vue, vue.rect().center() / 2);
     std::vector<FlexBlock> blocs = grille.cells().blocks();
     const size_t montres = blocs.size();
     std::erase_if(blocs, [&](const FlexBlock &bloc) { return grille.blockRect(bloc.id).isEmpty(); });

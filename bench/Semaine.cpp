@@ -287,11 +287,15 @@ class Deplace {
         }
     }
     ~Deplace() {
-        if (debut() != m_rdv.HeureDebut) {
-            bascule();
+        try {
+            if (debut() != m_rdv.HeureDebut) {
+                bascule();
+            }
+            Database base = carnet.env.ouvreCarnet();
+            RemetRDV(base, carnet.env.auteur(), Operation::Retabli, {}, m_otee);
+        } catch (const std::exception &erreur) {
+            qWarning("le livre n'est plus comme avant : %s", erreur.what());
         }
-        Database base = carnet.env.ouvreCarnet();
-        RemetRDV(base, carnet.env.auteur(), Operation::Retabli, {}, m_otee);
     }
     Deplace(const Deplace &) = delete;
     Deplace &operator=(const Deplace &) = delete;
@@ -337,7 +341,7 @@ class Deplace {
         const QString debutDit = m_rdv.HeureDebut.toString(QStringLiteral("HH:mm"));
         for (int ligne = 1; ligne < cellules.rows(); ++ligne) {
             for (int col = 1; col < cellules.cols() - 1; ++col) {
-                if (cellules.cell(ligne, col).text.contains(m_rdv.Nom) &&
+                if (cellules.text(ligne, col).contains(m_rdv.Nom) &&
                     cellules.cell(ligne, 0).text == debutDit) {
                     return {ligne, col};
                 }

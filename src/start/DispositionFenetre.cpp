@@ -33,6 +33,18 @@ void ajustePolice(QWidget &controle, const QString &texte, QSize place) {
     }
 }
 
+/// Captions that a large font makes too large for the stated places.
+void ajustePolices(const Ui::FrmEntree &ui) {
+    for (QPushButton *bouton :
+         {ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant, ui.BtnPrecedent2, ui.BtnAujourdhui2,
+          ui.BtnSuivant2, ui.BtnRafraichir, ui.BtnMois, ui.BtnQuitter}) {
+        ajustePolice(*bouton, bouton->text(), bouton->size());
+    }
+    for (QGroupBox *cadre : {ui.Frame1, ui.Frame2}) { // their titles stand above the buttons
+        ajustePolice(*cadre, cadre->title(), QSize(cadre->width(), ui.BtnMois->y() - cadre->y()));
+    }
+}
+
 } // namespace
 
 QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
@@ -53,7 +65,6 @@ QPushButton *BoutonVue(const Ui::FrmEntree &ui, const QString &nom) {
     return bouton;
 }
 
-// NOLINTNEXTLINE(readability-function-size): a table of places
 bool PlaceControles(const Ui::FrmEntree &ui, QSize place, bool avecBoutons) {
     constexpr int barreEtat = 375; // twips, which the layout counts with
     const auto d = DisposeFenetre(twipsFromPixels(place.width()), twipsFromPixels(place.height()) + barreEtat,
@@ -81,14 +92,7 @@ bool PlaceControles(const Ui::FrmEntree &ui, QSize place, bool avecBoutons) {
     for (const auto &[controle, ou] : places) {
         controle->setGeometry(pixelsFromTwips(ou->gauche, ou->haut, ou->largeur, ou->hauteur));
     }
-    for (QPushButton *bouton :
-         {ui.BtnPrecedent, ui.BtnAujourdhui, ui.BtnSuivant, ui.BtnPrecedent2, ui.BtnAujourdhui2,
-          ui.BtnSuivant2, ui.BtnRafraichir, ui.BtnMois, ui.BtnQuitter}) {
-        ajustePolice(*bouton, bouton->text(), bouton->size());
-    }
-    for (QGroupBox *cadre : {ui.Frame1, ui.Frame2}) { // their titles stand above the buttons
-        ajustePolice(*cadre, cadre->title(), QSize(cadre->width(), ui.BtnMois->y() - cadre->y()));
-    }
+    ajustePolices(ui);
     const int bandeau = ui.BandeauMois1->sizeHint().height();
     ui.BandeauMois1->setGeometry(0, 0, place.width(), bandeau);
     for (QWidget *jour : {ui.GrilleRDV02, ui.GrilleRDV03}) { // the strip is above them

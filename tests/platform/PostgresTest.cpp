@@ -100,9 +100,9 @@ TEST_F(PostgresTest, WritesWholeOrNotAtAllAndLeavesNothingOpen) {
 
 TEST_F(PostgresTest, OnlyWhoeverNamesTheSameThingWaits) {
     struct Rangee {
-        const char *nom;
+        const char *nom = nullptr;
         QStringList premier, second;
-        bool attend;
+        bool attend = false;
     };
     const Rangee rangees[] = {{"the same", {q("1|2")}, {q("3|4"), q("1|2")}, true},
                               {"another", {q("1|2")}, {q("1|3"), q("2|1")}, false},

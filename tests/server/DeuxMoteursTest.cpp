@@ -22,6 +22,7 @@
 
 #include <QMap>
 #include <QTemporaryDir>
+#include <utility>
 
 /// What every statement of the tables gives, on files and on a server, of the same odd rows.
 namespace {
@@ -31,7 +32,7 @@ const QDate mercredi(2026, 3, 11);
 /// The databases of a practice on one of the two.
 class Cabinet {
   public:
-    Cabinet(const std::function<QString(const QString &)> &lieu, const QString &ou) : dossier(ou) {
+    Cabinet(const std::function<QString(const QString &)> &lieu, QString ou) : dossier(std::move(ou)) {
         for (const Base base : toutesLesBases) {
             m_lieux[base] = lieu(schema(base).fichier);
             creeBase(m_lieux[base], schema(base),

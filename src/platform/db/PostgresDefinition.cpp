@@ -196,8 +196,10 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
     const QString key = SqlDialect::postgresName(exclusion.key);
     m_changesTables = true;
     const auto marked = send(marking(tableName(table), key, same, range));
+    const int rows = PQntuples(marked.back().get());
     std::vector<qint64> keys;
-    for (int row = 0; row < PQntuples(marked.back().get()); ++row) {
+    keys.reserve(size_t(rows));
+    for (int row = 0; row < rows; ++row) {
         keys.push_back(QByteArray(PQgetvalue(marked.back().get(), row, 0)).toLongLong());
     }
     QStringList terms = termsOf(same);

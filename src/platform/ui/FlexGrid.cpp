@@ -258,25 +258,31 @@ void FlexGrid::mouseDoubleClickEvent(QMouseEvent *event) {
     }
 }
 
-// NOLINTNEXTLINE(readability-function-size): one line a key
-void FlexGrid::keyPressEvent(QKeyEvent *event) {
-    if (handKey(*event)) {
-        return;
-    }
-    const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
-    switch (event->key()) {
+bool FlexGrid::arrowKey(int key, bool extend) {
+    switch (key) {
     case Qt::Key_Up:
         moveBy(-1, 0, extend);
-        break;
+        return true;
     case Qt::Key_Down:
         moveBy(1, 0, extend);
-        break;
+        return true;
     case Qt::Key_Left:
         moveBy(0, -1, false);
-        break;
+        return true;
     case Qt::Key_Right:
         moveBy(0, 1, false);
-        break;
+        return true;
+    default:
+        return false;
+    }
+}
+
+void FlexGrid::keyPressEvent(QKeyEvent *event) {
+    const bool extend = event->modifiers().testFlag(Qt::ShiftModifier);
+    if (handKey(*event) || arrowKey(event->key(), extend)) {
+        return;
+    }
+    switch (event->key()) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         if (m_outline) {

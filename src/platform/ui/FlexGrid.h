@@ -203,6 +203,8 @@ class FlexGrid : public QTableView {
     qint64 besideAt(const QPoint &position) const;
     bool isOutlined(const QPoint &position) const;
     void askCard(qint64 block);
+    /// Whether the key was one that moves the selection.
+    bool arrowKey(int key, bool extend);
     /// Where a menu that was asked for by a key comes up: under what is outlined.
     QPoint menuPosition() const;
     void moveBy(int rows, int cols, bool extend);
