@@ -1,6 +1,7 @@
 #include "platform/db/PostgresConnecting.h"
 
 #include "platform/db/Attente.h"
+#include "platform/db/LibPq.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -119,6 +120,9 @@ QString readableByOthers(const ServerLocation &place) {
 QByteArray refusedBeforehand(const ServerLocation &place) {
     if (place.holdsPassword()) {
         return "password in location";
+    }
+    if (!libPqLoads()) {
+        return "no client library";
     }
     const QString mode = place.parameter(QStringLiteral("sslmode"));
     if (!place.isOnThisMachine() && !mode.isEmpty() && mode != u"verify-full") {

@@ -59,6 +59,8 @@ constexpr Meaning states[] = {
     {"password file readable", Kind::Refused,
      u"n'est pas appelé : d'autres peuvent lire le fichier des mots de passe. Protégez-le par la commande : "
      u"chmod 600 %1"},
+    {"no client library", Kind::Refused,
+     u"ne peut pas être appelé de ce poste : il y manque la bibliothèque libpq5. Faites-la installer"},
     {"weak sslmode", Kind::Refused,
      u"n'est pas appelé : hors de ce poste la liaison doit être chiffrée et vérifiée (sslmode=verify-full)"},
     {"no password supplied", Kind::Refused,
