@@ -104,18 +104,19 @@ void FicheRDV::remplit(const RendezVous &rdv, const QString &acte) {
 }
 
 bool FicheRDV::montre(const RendezVous &rdv, const QString &acte, bool choisi, const Aspect &aspect,
-                      const QRect &bloc) {
+                      const QRect &bloc, const QRect &choix) {
     constexpr int largeur = 334;
     constexpr int corps = 16; // height of the font that the width was made for
     habille(aspect);
     remplit(rdv, acte);
+    m_champs->invalidate(); // it keeps the heights of the card before
     m_touches->setText((choisi ? QStringLiteral("Entrée : éditer     ") : QString()) +
                        QStringLiteral("Échap : fermer"));
     m_bord = aspect.jours[size_t(Jour(rdv.Date1))].bord;
     const int large = std::max(largeur, largeur * fontMetrics().height() / corps);
     const QSize taille(large, layout()->totalHeightForWidth(large));
     const QScreen *ecran = parentWidget()->screen();
-    const auto place = PlaceFiche(bloc, taille, ecran->availableGeometry());
+    const auto place = PlaceFiche(bloc, choix, taille, ecran->availableGeometry());
     if (!place) {
         hide();
         return false;

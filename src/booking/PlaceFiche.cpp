@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-std::optional<QRect> PlaceFiche(const QRect &bloc, QSize taille, const QRect &ecran) {
+std::optional<QRect> PlaceFiche(const QRect &bloc, const QRect &choisi, QSize taille, const QRect &ecran) {
     constexpr int ecart = 8;
     const auto dedans = [](int voulu, int longueur, int debut, int fin) {
         return std::max(std::min(voulu, fin - longueur + 1), debut);
@@ -15,7 +15,7 @@ std::optional<QRect> PlaceFiche(const QRect &bloc, QSize taille, const QRect &ec
                             {gauche, bloc.top() - ecart - taille.height()}};
     for (const QPoint &coin : coins) {
         const QRect place(coin, taille);
-        if (ecran.contains(place) && !place.intersects(bloc)) {
+        if (ecran.contains(place) && !place.intersects(bloc) && !place.intersects(choisi)) {
             return place;
         }
     }

@@ -4,6 +4,6 @@
 
 #include <optional>
 
-/// Where a card of `taille` stands beside `bloc`, which it never covers: to its right, its left, below or
-/// above, inside `ecran`; nothing where none of these has room.
-std::optional<QRect> PlaceFiche(const QRect &bloc, QSize taille, const QRect &ecran);
+/// Where a card of `taille` stands beside `bloc`: to its right, its left, below or above, inside `ecran`. It
+/// covers neither `bloc` nor `choisi`, which keys act on; nothing where none of these has room.
+std::optional<QRect> PlaceFiche(const QRect &bloc, const QRect &choisi, QSize taille, const QRect &ecran);

@@ -37,7 +37,9 @@ class JourDuBandeau : public QAbstractButton {
             dessin.drawRect(cadre.adjusted(1, 1, -1, -1));
         }
         dessin.setPen(palette().color(QPalette::Text));
-        dessin.drawText(cadre.adjusted(0, marge, 0, -marge - barre), Qt::AlignCenter, text());
+        const bool entier = fontMetrics().horizontalAdvance(text()) <= cadre.width();
+        dessin.drawText(cadre.adjusted(0, marge, 0, -marge - barre), Qt::AlignCenter,
+                        entier ? text() : text().mid(2)); // narrow: the number alone
         if (m_taux >= 0) {
             QRect place(cadre.left() + 2 * marge, cadre.bottom() - marge - barre, cadre.width() - 4 * marge,
                         barre);

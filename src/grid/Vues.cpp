@@ -77,6 +77,16 @@ QRect Vues::placeBloc(qint64 RefRDV) const {
     return {};
 }
 
+QRect Vues::placeChoix() const {
+    for (const FlexGrid *vue : montrees()) {
+        const QRect choix = vue->outlineRect();
+        if (!choix.isEmpty()) {
+            return {vue->viewport()->mapToGlobal(choix.topLeft()), choix.size()};
+        }
+    }
+    return {};
+}
+
 void Vues::dimensionne() {
     m_semaine.dimensionne();
     m_jour.dimensionne();

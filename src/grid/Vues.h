@@ -25,6 +25,8 @@ class Vues : public QObject {
     const Aspect &aspect() const;
     /// Where an appointment is drawn on the screen; empty where it is out of sight.
     QRect placeBloc(qint64 RefRDV) const;
+    /// Where the outline is on the screen; empty where it is out of sight.
+    QRect placeChoix() const;
     /// Brings the hour of `affichage.lu` into sight where that day is shown.
     void montreHeureCourante(const Affichage &affichage);
     /// Brings the outlined cells into sight.

@@ -28,6 +28,11 @@ FrmRecherche::FrmRecherche(const Environnement &env, const QString &nom, const Q
             ui->recherchePatient->oublieChoix();
         });
     }
+    connect(ui->Text1, &QLineEdit::textEdited, this, [this] {
+        if (!ui->Text2->isModified()) { // a first name belongs to the name that it came with
+            ui->Text2->clear();
+        }
+    });
     connect(ui->BtnOK, &QPushButton::clicked, this, &FrmRecherche::BtnOK_Click);
     connect(ui->BtnAnnuler, &QPushButton::clicked, this, &QDialog::reject);
     ui->Text1->setText(nom);

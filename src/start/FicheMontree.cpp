@@ -61,7 +61,8 @@ void FicheMontree::montre() {
     if (m_fiche == nullptr) {
         m_fiche = new FicheRDV(&m_fenetre);
     }
-    if (!m_fiche->montre(*rdv, acte(*rdv), m_carnet.selection().rdv == *rdv, m_vues.aspect(), bloc)) {
+    if (!m_fiche->montre(*rdv, acte(*rdv), m_carnet.selection().rdv == *rdv, m_vues.aspect(), bloc,
+                         m_vues.placeChoix())) {
         ferme();
     }
 }

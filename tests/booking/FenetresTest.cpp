@@ -220,6 +220,10 @@ TEST_F(FenetresRDV, TabGoesWhereTheEyeGoes) {
         QTest::keyClick(f.focusWidget(), Qt::Key_Tab);
     }
     EXPECT_EQ(vus.join(u' '), attendu);
+    f.setResult(QDialog::Accepted);
+    QTest::keyClick(f.findChild<QPushButton *>(q("BtnAnnuler")), Qt::Key_Return);
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_EQ(f.result(), QDialog::Rejected) << "Enter presses the button that has the focus";
 }
 
 TEST_F(FenetresRDV, UpAndDownMoveTheHours) {

@@ -125,6 +125,8 @@ TEST_F(FenetresRecherche, APickSearchesAtOnceAndAFailureLeavesTheWindow) {
         .execute(SqlText("update TabPat set nom = ' ZOLA ', PreNom = 'Eva ' where cptid = 7"));
     EXPECT_TRUE(cherche("+7;!", [](auto &) {}));
     EXPECT_EQ(texte(fenetre, "Text1") + texte(fenetre, "Text2"), q("ZOLAEva"));
+    QTest::keyClicks(&controle<QLineEdit>(fenetre, q("Text1")), q("N"));
+    EXPECT_EQ(texte(fenetre, "Text1") + texte(fenetre, "Text2"), q("ZOLAN")) << "that is not Eva any more";
     EXPECT_FALSE(cherche("DTPicker1=31/02/2005;>BtnOK", [](auto &) {}));
     EXPECT_TRUE(cabinet.messages.taken().startsWith(q("Erreur !: Cette date n'est pas valide.")));
     QFile::rename(livre.fichier(), livre.fichier() + u'x');

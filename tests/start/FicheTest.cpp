@@ -77,6 +77,27 @@ TEST_F(FicheTest, OpensByKeyAndByRestingAndCloses) {
     EXPECT_EQ(dits(), "");
 }
 
+TEST_F(FicheTest, HasTheHeightOfItsOwnTextAndLeavesTheSelectionInSight) {
+    fait(q("touche Space"));
+    const int haute = fenetre->findChild<FicheRDV *>()->height();
+    livre.execute(SqlText("update RDV set Description = ") << texte(q("mot ").repeated(60)));
+    tique();
+    EXPECT_TRUE(waitUntil([&] { return fenetre->findChild<FicheRDV *>()->height() > haute + 20; }));
+    livre.execute(SqlText("update RDV set Description = 'Carie'"));
+    tique();
+    EXPECT_TRUE(waitUntil([&] { return fenetre->findChild<FicheRDV *>()->height() == haute; }));
+    const QRect avant = fenetre->findChild<FicheRDV *>()->geometry();
+    fait(q("clic 2,2")); // on what the card covered
+    const QPoint dedans = grille().blockRect(rdv).center();
+    QTest::mouseMove(grille().viewport(), QPoint(5, 5)); // wherever the pointer was
+    QTest::mouseMove(grille().viewport(), dedans);
+    ASSERT_TRUE(waitUntil([&] { return fiche() == pleine; }));
+    const QRect choisi(grille().viewport()->mapToGlobal(grille().outlineRect().topLeft()),
+                       grille().outlineRect().size());
+    EXPECT_TRUE(avant.intersects(choisi));
+    EXPECT_FALSE(fenetre->findChild<FicheRDV *>()->geometry().intersects(choisi));
+}
+
 TEST_F(FicheTest, FollowsTheBook) {
     fait(q("touche Space"));
     livre.execute(SqlText("update RDV set Present = True, Description = '', HeureDebut = '09:30:00'"));
@@ -124,15 +145,17 @@ TEST(PlaceFiche, NeverCoversItsBlock) {
         for (int large = 10; large < 850; large += 60) {
             for (int y = 0; y < 600; y += 45) {
                 const QRect bloc(x, y, large, y % 200 + 15);
-                const auto place = PlaceFiche(bloc, QSize(334, 220), ecran);
+                const QRect choisi(x + large + 40, y - 30, 60, 90);
+                const auto place = PlaceFiche(bloc, choisi, QSize(334, 220), ecran);
                 sans += place ? 0 : 1;
-                ASSERT_TRUE(!place || (ecran.contains(*place) && !place->intersects(bloc)))
+                ASSERT_TRUE(!place || (ecran.contains(*place) && !place->intersects(bloc) &&
+                                       !place->intersects(choisi)))
                     << x << ' ' << y << ' ' << large;
             }
         }
     }
     EXPECT_GT(sans, 0) << "where there is no room there is no card";
-    EXPECT_EQ(PlaceFiche({100, 500, 90, 20}, {334, 220}, ecran), QRect(198, 380, 334, 220));
-    EXPECT_EQ(PlaceFiche({600, 100, 90, 20}, {334, 220}, ecran), QRect(258, 100, 334, 220));
-    EXPECT_EQ(PlaceFiche({300, 100, 200, 20}, {334, 220}, ecran), QRect(300, 128, 334, 220));
+    EXPECT_EQ(PlaceFiche({100, 500, 90, 20}, {}, {334, 220}, ecran), QRect(198, 380, 334, 220));
+    EXPECT_EQ(PlaceFiche({600, 100, 90, 20}, {}, {334, 220}, ecran), QRect(258, 100, 334, 220));
+    EXPECT_EQ(PlaceFiche({300, 100, 200, 20}, {}, {334, 220}, ecran), QRect(300, 128, 334, 220));
 }

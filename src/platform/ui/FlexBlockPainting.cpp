@@ -125,7 +125,7 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
     }
     QString text = block.caption();
     const int lines = last > first ? std::max((rect.height() - 3) / m_lineStep, 1) : 1;
-    if (last > first) {
+    if (lines > 1) { // on a line of its own the name says more
         text.prepend(DatesFr::heure(block.start) + u' ');
     }
     painter.setPen(cell.fore.isValid() ? cell.fore : m_aspect.encre);

@@ -75,6 +75,8 @@ class FlexGrid : public QTableView {
     void setOutlineToolTip(const QString &text) { m_toolTip = text; }
     /// The block of that key in viewport pixels; null where there is none, or it is scrolled away.
     QRect blockRect(qint64 id) const;
+    /// The outlined cells in viewport pixels; null where there are none, or they are scrolled away.
+    QRect outlineRect() const;
     /// Said in the middle of a grid that has no rows to show.
     void setPlaceholder(const QString &text) { setAccessibleDescription(text); }
     /// From the next drawing on, rows are as high as they last: grids of one scale and one height show an
@@ -207,6 +209,7 @@ class FlexGrid : public QTableView {
     bool arrowKey(int key, bool extend);
     /// Where a menu that was asked for by a key comes up: under what is outlined.
     QPoint menuPosition() const;
+    void sayOutlined();
     void moveBy(int rows, int cols, bool extend);
 
     FlexGridModel m_cells;

@@ -4,6 +4,7 @@
 #include "platform/ui/FlexGridDelegate.h"
 #include "platform/ui/FlexMarks.h"
 
+#include <QAccessible>
 #include <QHeaderView>
 #include <QPaintEvent>
 #include <QPainter>
@@ -114,6 +115,10 @@ QRect FlexGrid::blockRect(qint64 id) const {
     return found == m_cells.blocks().end()
                ? QRect()
                : blockRectAt(int(found - m_cells.blocks().begin())).intersected(viewport()->rect());
+}
+
+QRect FlexGrid::outlineRect() const {
+    return m_layer->marks().outline.intersected(viewport()->rect());
 }
 
 QRect FlexGrid::wholeRect(const FlexBlock &block) const {
@@ -247,6 +252,19 @@ void FlexGrid::scrollContentsBy(int dx, int dy) {
 void FlexGrid::focusInEvent(QFocusEvent *event) {
     QTableView::focusInEvent(event);
     moveMarks();
+    // after Qt has said that the table has the keys
+    QMetaObject::invokeMethod(this, &FlexGrid::sayOutlined, Qt::QueuedConnection);
+}
+
+/// As an arrow key does: who comes back from a dialog has to hear what keys act on.
+void FlexGrid::sayOutlined() {
+    if (m_outline && hasFocus() && QAccessible::isActive()) {
+        QAccessibleInterface *table = QAccessible::queryAccessibleInterface(this);
+        const QAccessibleInterface *cell = table->tableInterface()->cellAt(m_outline->row, m_outline->col);
+        QAccessibleEvent event(this, QAccessible::Focus);
+        event.setChild(table->indexOfChild(cell));
+        QAccessible::updateAccessibility(&event);
+    }
 }
 
 void FlexGrid::focusOutEvent(QFocusEvent *event) {
