@@ -4,6 +4,7 @@
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
 #include "schedule/Configuration.h"
+#include "start/Chevauchements.h"
 #include "start/MiseANiveauTables.h"
 
 #include <QFileInfo>
@@ -23,14 +24,21 @@ bool etape(const Environnement &env, Depart &depart, const std::function<void()>
 
 bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString erreur;
+    MiseANiveau bilan;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
         // a damaged book is not written into
         erreur = EstANiveau(carnet) ? QString() : checkBook(carnet.path());
-        erreur = erreur.isEmpty() ? MetANiveau(carnet) : erreur;
+        if (erreur.isEmpty()) {
+            bilan = MetANiveau(carnet);
+            erreur = bilan.erreur;
+        }
     });
     if (!erreur.isEmpty()) {
         depart.messages << erreur;
+    }
+    if (bilan.chevauchements > 0) {
+        depart.messages << TexteChevauchements(bilan.chevauchements, bilan.premiers);
     }
     return lue && erreur.isEmpty();
 }

@@ -33,8 +33,7 @@ class Cabinet {
     Cabinet(const std::function<QString(const QString &)> &lieu, const QString &ou) : dossier(ou) {
         for (const Base base : toutesLesBases) {
             m_lieux[base] = lieu(schema(base).fichier);
-            creeBase(m_lieux[base], schema(base),
-                     base == Base::RendezVous ? Forme::Ancienne : Forme::Actuelle);
+            creeBase(m_lieux[base], schema(base));
         }
     }
     Database ouvre(Base base) const { return Database::open(m_lieux[base]); }
@@ -96,7 +95,6 @@ const std::vector<Value> fauteuils{0, 1, 1, 2, 12, Value()};
 
 void remplitCarnet(const Cabinet &cabinet) {
     Database carnet = cabinet.carnet();
-    MetANiveau(carnet);
     Hasard hasard;
     Transaction transaction(carnet);
     constexpr int combien = 600;
@@ -129,12 +127,15 @@ void remplitCarnet(const Cabinet &cabinet) {
         }
     }
     transaction.commit();
+    MetANiveau(carnet); // what overlaps by then is let stand
 }
 
 void remplitSuite(const Cabinet &cabinet) {
     Hasard hasard;
     Database patients = cabinet.ouvre(Base::Patients);
     Database actes = cabinet.ouvre(Base::Actes);
+    Transaction desPatients(patients);
+    Transaction desActes(actes);
     for (int i = 0; i < 120; ++i) {
         patients.insert(q("TabPat"),
                         {{q("nom"), hasard.parmi(noms)},
@@ -149,6 +150,8 @@ void remplitSuite(const Cabinet &cabinet) {
                                   {q("Libellé"), hasard.parmi(noms)},
                                   {q("Coefficient"), hasard.parmi({15.0, 2.5, Value()})}});
     }
+    desPatients.commit();
+    desActes.commit();
     Database parametres = cabinet.ouvre(Base::Parametres);
     Database impression = cabinet.ouvre(Base::ParametresImpression);
     for (const int code : {3, 1, 2, 1}) {
@@ -227,11 +230,13 @@ QString rendezVous(const Cabinet &cabinet) {
     for (const long praticien : {0L, 1L, 2L, 10L, -1L}) {
         textes << tous(RendezVousEntre(carnet, mercredi.addDays(-2), mercredi.addDays(3), praticien,
                                        std::nullopt))
-               << tous(RendezVousEntre(carnet, QDate(1700, 1, 1), mercredi, praticien, 1))
-               << tous(TempsDuMois(carnet, mercredi, praticien).isEmpty() ? QList<Value>() : QList<Value>{1});
+               << tous(RendezVousEntre(carnet, QDate(1700, 1, 1), mercredi, praticien, 1));
+        QStringList temps; // a sum is made of them: their order is nobody's concern
         for (const TempsPris &pris : TempsDuMois(carnet, mercredi, praticien)) {
-            textes << pris.jour.toString() + pris.plage.debut.toString() + pris.plage.fin.toString();
+            temps << pris.jour.toString() + pris.plage.debut.toString() + pris.plage.fin.toString();
         }
+        temps.sort();
+        textes << temps;
         for (const Absent &absent : Absents(carnet, praticien, mercredi)) {
             textes << unis(absent.textes());
         }
@@ -380,7 +385,7 @@ QString ecritures(const Cabinet &cabinet) {
     textes << tous(feuille.sansLigne)
            << table(carnet,
                     SqlText("select Heure, NomPatient, NomPatientPM from Impression order by CleLigne"));
-    textes << MetANiveau(carnet) << QString::number(EstANiveau(carnet));
+    textes << MetANiveau(carnet).erreur << QString::number(EstANiveau(carnet));
     return textes.join(u'\n');
 }
 
