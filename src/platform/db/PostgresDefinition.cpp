@@ -108,6 +108,10 @@ void PostgresEngine::verify() {
         connection()->catalogues.remove(m_place.schema);
         throw DbError(DbError::Kind::Missing, m_location, m_place.schema);
     }
+    if (!found.isReadable) {
+        connection()->catalogues.remove(m_place.schema);
+        fail({"42501", {}});
+    }
     if (isNew) {
         m_catalogue = found;
     }
