@@ -204,17 +204,17 @@ QString tous(const Liste &liste) {
     return textes.join(u'\n');
 }
 
-/// Fields that only one of the two has are not asked for.
 QString table(Database &base, const SqlText &sql) {
-    QStringList lignes;
-    for (const Record ligne : base.query(sql)) {
+    const Records lignes = base.query(sql);
+    QStringList textes;
+    for (const Record ligne : lignes) {
         QStringList champs;
-        for (int i = 0; i < base.query(sql).fields().size(); ++i) {
+        for (int i = 0; i < lignes.fields().size(); ++i) {
             champs << dit(ligne.at(i));
         }
-        lignes << champs.join(u'|');
+        textes << champs.join(u'|');
     }
-    return lignes.join(u'\n');
+    return textes.join(u'\n');
 }
 
 template <size_t N>
