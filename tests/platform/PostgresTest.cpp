@@ -100,9 +100,9 @@ TEST_F(PostgresTest, WritesWholeOrNotAtAllAndLeavesNothingOpen) {
 
 TEST_F(PostgresTest, OnlyWhoeverNamesTheSameThingWaits) {
     struct Rangee {
-        const char *nom;
+        const char *nom = nullptr;
         QStringList premier, second;
-        bool attend;
+        bool attend = false;
     };
     const Rangee rangees[] = {{"the same", {q("1|2")}, {q("3|4"), q("1|2")}, true},
                               {"another", {q("1|2")}, {q("1|3"), q("2|1")}, false},
@@ -159,10 +159,10 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
     };
     const auto base = [&](const QString &nom) { return ici("tavelin").replace(serveur->base(), nom); };
     struct Rangee {
-        const char *nom;
+        const char *nom = nullptr;
         QString lieu;
-        Kind sorte;
-        const char *phrase;
+        Kind sorte = Kind::Other;
+        const char *phrase = nullptr;
     };
     const Rangee rangees[] = {
         {"wrong password", ici("motdepasse", faux), Kind::Refused, "fichier des mots de passe"},
@@ -231,9 +231,10 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
 
 TEST(PostgresErrors, EveryStateHasItsSentence) {
     struct Rangee {
-        const char *etat, *anglais;
-        Kind sorte;
-        const char *phrase;
+        const char *etat = nullptr;
+        const char *anglais = nullptr;
+        Kind sorte = Kind::Other;
+        const char *phrase = nullptr;
     };
     const Rangee rangees[] = {
         {"57P03", "the database system is starting up", Kind::Unreachable, "démarre"},

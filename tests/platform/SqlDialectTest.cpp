@@ -48,7 +48,9 @@ class Book {
 };
 
 struct Row {
-    const char *name, *source, *expected;
+    const char *name = nullptr;
+    const char *source = nullptr;
+    const char *expected = nullptr;
     const char *postgres = nullptr; ///< none: as for SQLite
 };
 

@@ -10,6 +10,7 @@
 #include "support/Livre.h"
 #include "support/Serveur.h"
 
+#include <QDir>
 #include <QTemporaryDir>
 #include <thread>
 
@@ -94,6 +95,24 @@ TEST_F(CarnetServeur, AsksTheServerSeldom) {
               4);
 }
 
+TEST_F(CarnetServeur, TheSuitesFilesMayStayInTheirFolderTheBookMayNot) {
+    env.prendEmplacements({dossier.path(), serveur->url()});
+    QDir(dossier.path()).mkpath(q("Fichiers"));
+    for (const Base base : {Base::Actes, Base::Parametres, Base::RendezVous}) {
+        creeBase(dossier.filePath(q("Fichiers/")) + schema(base).fichier, schema(base));
+    }
+    EXPECT_EQ(env.ouvreParametres().query(SqlText("select nom from Praticien")).count(), 1)
+        << "the server's goes first";
+    EXPECT_EQ(env.ouvreCarnet().query(SqlText("select Nom from RDV")).count(), 1);
+    serveur->demande("drop schema tavelin, actes, patient cascade");
+    std::thread([&] { // on a connection that has not seen them
+        EXPECT_EQ(env.ouvreActes().path(), dossier.filePath(q("Fichiers/Actes.mdb")));
+        EXPECT_THROW(env.ouvreCarnet(), DbError);
+        EXPECT_THROW(env.ouvrePatients(), DbError) << "there is no such file";
+    })
+        .join();
+}
+
 TEST_F(CarnetServeur, WhatOverlapsAlreadyIsKeptToldOnceAndNeverAddedTo) {
     Database carnet = env.ouvreCarnet();
     carnet.insert(q("RDV"), rdv("08:30:00", "10:00:00"));
@@ -158,6 +177,7 @@ TEST_F(CarnetServeur, DesksThatBookAtOnceNeverShareAPlace) {
     std::atomic<int> faits = 0;
     std::atomic<int> refus = 0;
     std::vector<std::jthread> tous;
+    tous.reserve(postes);
     for (int poste = 0; poste < postes; ++poste) {
         tous.emplace_back([&] {
             for (int heure = 10; heure < 10 + heures; ++heure) {
@@ -176,16 +196,18 @@ TEST_F(CarnetServeur, TwoDesksBringTheBookUpToDateTogether) {
     serveur->demande(
         "alter table tavelin.rdv drop column dateinv, drop column fauteuil; insert into tavelin.rdv (date1) "
         "select '2026-03-' || lpad((1 + i % 28)::text, 2, '0') from generate_series(1, 3000) as i");
+    constexpr int combienDePostes = 3;
     std::vector<std::jthread> postes;
+    postes.reserve(combienDePostes);
     std::atomic<int> ouverts = 0;
-    for (int poste = 0; poste < 3; ++poste) {
+    for (int poste = 0; poste < combienDePostes; ++poste) {
         postes.emplace_back([&] {
             Database carnet = Database::open(serveur->lieu());
             ouverts += MetANiveau(carnet).erreur.isEmpty() ? 1 : 0;
         });
     }
     postes.clear();
-    EXPECT_EQ(ouverts, 3);
+    EXPECT_EQ(ouverts, combienDePostes);
     EXPECT_EQ(combien("dateinv = replace(date1, '-', '') and fauteuil = 0"), q("3001"));
     Database carnet = env.ouvreCarnet();
     EXPECT_TRUE(EstANiveau(carnet));

@@ -30,7 +30,7 @@ const QDate mercredi(2026, 3, 11);
 /// The databases of a practice on one of the two.
 class Cabinet {
   public:
-    Cabinet(const std::function<QString(const QString &)> &lieu, const QString &ou) : dossier(ou) {
+    Cabinet(const std::function<QString(const QString &)> &lieu, QString ou) : dossier(std::move(ou)) {
         for (const Base base : toutesLesBases) {
             m_lieux[base] = lieu(schema(base).fichier);
             creeBase(m_lieux[base], schema(base));

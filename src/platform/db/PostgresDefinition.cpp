@@ -48,14 +48,15 @@ QStringList termsOf(const QString &list) {
     return terms;
 }
 
-/// Marks every row that begins before one ends that began before it.
+/// Marks every row that begins before one ends that began before it. Each range is reckoned once.
 QString marking(const QString &table, const QString &key, const QString &same, const QString &range) {
     return QStringLiteral(
                "ALTER TABLE %1 ADD COLUMN IF NOT EXISTS %5 bigint NOT NULL DEFAULT 0;"
-               "WITH places AS (SELECT %2 AS cle, lower(%4) < max(upper(%4)) OVER (PARTITION BY %3 ORDER BY "
-               "lower(%4), %2 ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS clashes FROM %1 "
-               "WHERE %4 IS NOT NULL) UPDATE %1 SET %5 = 1 FROM places WHERE %2 = cle AND clashes RETURNING "
-               "%2;")
+               "WITH places AS (SELECT cle, lower(plage) < max(upper(plage)) OVER (PARTITION BY ou "
+               "ORDER BY lower(plage), cle ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS gene "
+               "FROM (SELECT %2 AS cle, ROW(%3) AS ou, %4 AS plage FROM %1 OFFSET 0) AS p "
+               "WHERE plage IS NOT NULL) "
+               "UPDATE %1 SET %5 = 1 FROM places WHERE %2 = cle AND gene RETURNING %2;")
         .arg(table, key, same, range, oldClashField);
 }
 
@@ -200,9 +201,10 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
     const QString key = SqlDialect::postgresName(exclusion.key);
     m_changesTables = true;
     const auto marked = send(marking(tableName(table), key, same, range));
-    std::vector<qint64> keys;
-    for (int row = 0; row < PQntuples(marked.back().get()); ++row) {
-        keys.push_back(QByteArray(PQgetvalue(marked.back().get(), row, 0)).toLongLong());
+    pg_result *rows = marked.back().get();
+    std::vector<qint64> keys(size_t(PQntuples(rows)));
+    for (size_t row = 0; row < keys.size(); ++row) {
+        keys[row] = QByteArray(PQgetvalue(rows, int(row), 0)).toLongLong();
     }
     QStringList terms = termsOf(same);
     for (QString &term : terms) {

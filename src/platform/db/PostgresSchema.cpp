@@ -11,7 +11,7 @@ namespace {
 /// - ecritures: the key of every transaction that was committed of late, by which one whose answer was lost
 ///   is found out.
 /// - tri: compareTexts() as a key: letters without their accents first, then the text, neither with its case.
-/// - seconde, plagerdv: the times of an appointment as numbers, whatever was stored for them; Null where they
+/// - seconde, jour, plagerdv: the times of an appointment as numbers, whatever was stored for them; Null where they
 ///   make no range, which then stands in nobody's way.
 constexpr const char *dialect = R"(
 CREATE SCHEMA IF NOT EXISTS dialecte;
@@ -59,13 +59,14 @@ CREATE OR REPLACE FUNCTION dialecte.seconde(text) RETURNS bigint LANGUAGE sql IM
         + substring($1 from '(?:^|[ T])[0-9]{2}:([0-5][0-9])')::bigint * 60
         + coalesce(substring($1 from '(?:^|[ T])[0-9]{2}:[0-9]{2}:([0-5][0-9])')::bigint, 0)
         + CASE WHEN $1 ~ '(?:^|[ T])[0-9]{2}:[0-9]{2}:[0-9]{2}\.[5-9]' THEN 1 ELSE 0 END END $$;
+CREATE OR REPLACE FUNCTION dialecte.jour(text, text) RETURNS bigint LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
+    SELECT CASE WHEN $1 ~ '^[0-9]{4}-[0-9]{2}-[0-9]{2}' THEN replace(substr($1, 1, 10), '-', '')::bigint
+        WHEN $2 ~ '^[0-9]{8}$' THEN $2::bigint END $$;
 CREATE OR REPLACE FUNCTION dialecte.plagerdv(text, text, text, text) RETURNS int8range
     LANGUAGE sql IMMUTABLE PARALLEL SAFE AS $$
-    SELECT int8range(jour * 86400 + debut, jour * 86400 + fin) FROM (SELECT dialecte.seconde($3) AS debut,
-        dialecte.seconde($4) AS fin, CASE
-            WHEN $1 ~ '^[0-9]{4}-[0-9]{2}-[0-9]{2}' THEN replace(substr($1, 1, 10), '-', '')::bigint
-            WHEN $2 ~ '^[0-9]{8}$' THEN $2::bigint END AS jour OFFSET 0) AS r
-        WHERE debut < fin AND jour IS NOT NULL $$;
+    SELECT CASE WHEN dialecte.seconde($3) < dialecte.seconde($4) AND dialecte.jour($1, $2) IS NOT NULL
+        THEN int8range(dialecte.jour($1, $2) * 86400 + dialecte.seconde($3),
+            dialecte.jour($1, $2) * 86400 + dialecte.seconde($4)) END $$;
 CREATE TABLE IF NOT EXISTS dialecte.ecritures
     (cle uuid PRIMARY KEY, quand timestamptz NOT NULL DEFAULT clock_timestamp());
 COMMENT ON SCHEMA dialecte IS 'Tavelin 1';
