@@ -1,6 +1,7 @@
 // What PostgresEngine does with tables, not with rows.
 #include "platform/db/DbError.h"
 #include "platform/db/PostgresEngine.h"
+#include "platform/db/PostgresPool.h"
 #include "platform/db/SqlDialect.h"
 
 #include <libpq-fe.h>
@@ -70,34 +71,33 @@ std::unique_ptr<PostgresEngine> PostgresEngine::create(const QString &location) 
                  QString::fromUtf8(dialectStatements()) + QStringLiteral("CREATE SCHEMA ") +
                  SqlDialect::postgresName(engine->m_place.schema));
     engine->m_changesTables = false;
-    engine->connection()->catalogues.clear();
+    forgetCatalogues(engine->m_place.url);
     engine->verify();
     return engine;
 }
 
 PostgresCatalogue PostgresEngine::read(const QString &schema) {
-    return PostgresCatalogue::of(send(QString::fromUtf8(PostgresCatalogue::query(schema))).back().get());
+    const auto results = send(QString::fromUtf8(PostgresCatalogue::query(schema)));
+    const PostgresCatalogue found = PostgresCatalogue::of(results.back().get());
+    keepCatalogue({m_place.url, schema}, found);
+    return found;
 }
 
-const PostgresCatalogue &PostgresEngine::known(const QString &schema) {
-    const std::shared_ptr<PostgresConnection> line = connection();
-    if (!line->catalogues.contains(schema)) {
-        line->catalogues[schema] = read(schema);
-    }
-    return line->catalogues[schema];
+PostgresCatalogue PostgresEngine::known(const QString &schema) {
+    const std::optional<PostgresCatalogue> found = knownCatalogue({m_place.url, schema});
+    return found ? *found : read(schema);
 }
 
 const PostgresCatalogue &PostgresEngine::catalogue() {
     if (!m_catalogue) {
         m_catalogue = read(m_place.schema);
-        connection()->catalogues[m_place.schema] = *m_catalogue;
     }
     return *m_catalogue;
 }
 
-/// Looked at once a connection; a schema that is not there, each time.
+/// Looked at by the first who comes; a schema that is not there, each time.
 void PostgresEngine::verify() {
-    const bool isNew = !connection()->catalogues.contains(m_place.schema);
+    const bool isNew = !knownCatalogue(m_place);
     const PostgresCatalogue found = known(m_place.schema);
     if (found.serverVersion < oldestPostgres || !found.isUtf8) {
         throw DbError(DbError::Kind::UnknownFormat, m_location,
@@ -106,11 +106,11 @@ void PostgresEngine::verify() {
                           : QStringLiteral("elle n'est pas codée en UTF-8"));
     }
     if (!found.exists || found.dialectVersion == 0) {
-        connection()->catalogues.remove(m_place.schema);
+        forgetCatalogues(m_place.url);
         throw DbError(DbError::Kind::Missing, m_location, m_place.schema);
     }
     if (!found.isReadable) {
-        connection()->catalogues.remove(m_place.schema);
+        forgetCatalogues(m_place.url);
         fail({"42501", {}});
     }
     if (isNew) {
@@ -123,7 +123,7 @@ QString PostgresEngine::keyOf(const QString &table) {
     const QString schema = m_attached.value(alias, m_place.schema);
     const QString name = SqlDialect::postgresName(table.section(u'.', -1));
     if (!known(schema).tables.contains(name)) { // it may have come since
-        connection()->catalogues[schema] = read(schema);
+        return read(schema).tables.value(name).key;
     }
     return known(schema).tables.value(name).key;
 }
@@ -159,7 +159,7 @@ void PostgresEngine::changesTables(const QString &native) {
     send(native);
     m_changesTables = m_transaction != nullptr;
     m_catalogue.reset();
-    connection()->catalogues.remove(m_place.schema);
+    forgetCatalogues(m_place.url);
 }
 
 void PostgresEngine::createTable(const QString &table, const std::vector<FieldDef> &fields) {

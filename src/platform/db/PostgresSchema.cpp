@@ -11,7 +11,8 @@ namespace {
 /// - ecritures: the key of every transaction that was committed of late, by which one whose answer was lost
 ///   is found out.
 /// - tri: compareTexts() as a key: letters without their accents first, then the text, neither with its case.
-/// - seconde, jour, plagerdv: the times of an appointment as numbers, whatever was stored for them; Null where they
+/// - seconde, jour, plagerdv: the times of an appointment as numbers, whatever was stored for them; Null
+/// where they
 ///   make no range, which then stands in nobody's way.
 constexpr const char *dialect = R"(
 CREATE SCHEMA IF NOT EXISTS dialecte;
