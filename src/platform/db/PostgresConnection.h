@@ -1,6 +1,5 @@
 #pragma once
 
-#include "platform/db/PostgresSchema.h"
 #include "platform/db/ServerLocation.h"
 
 #include <QByteArray>
@@ -10,6 +9,7 @@
 #include <vector>
 
 struct pg_conn;
+struct pg_result;
 
 struct ForgetsResult {
     void operator()(pg_result *result) const;
@@ -30,8 +30,7 @@ struct PostgresAnswer {
     std::optional<PostgresFailure> failure;
 };
 
-/// One connection to a server, waited for by attends() alone. One user at a time sends, and nobody but him
-/// while his transaction is open.
+/// One connection to a server, waited for by attends() alone. One user at a time has it.
 class PostgresConnection {
   public:
     /// Nothing when that fails, which `failure` tells.
@@ -46,13 +45,8 @@ class PostgresConnection {
     /// Whether the line still stands, as far as can be seen without asking the server.
     bool isAlive();
 
-    bool isBusy() const { return m_busy; }
-    /// Whose transaction is open, or nobody's.
-    const void *owner = nullptr;
     /// What was set for the statements that follow; empty: unknown.
     QByteArray settings;
-    /// What its schemas held when they were last looked at.
-    QHash<QString, PostgresCatalogue> catalogues;
     bool hasTidied = false; ///< old keys of transactions, once a connection
 
     /// How often this program has waited for an answer of a server, connecting apart.
@@ -66,9 +60,5 @@ class PostgresConnection {
     PostgresFailure lost(const QByteArray &why = {});
 
     pg_conn *m_connection;
-    bool m_busy = false;
+    bool m_dismissed = false; ///< by a server that is about to close the line
 };
-
-/// A connection of this thread to that server that nobody else's transaction or statement keeps; made, or
-/// made anew, where there is none. Connections stay for the thread's life. Nothing when it fails, as above.
-std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure);

@@ -16,6 +16,7 @@ struct PostgresCatalogue {
     };
 
     bool exists = false;
+    bool isReadable = false; ///< by this user
     bool isUtf8 = false;
     int serverVersion = 0;   ///< 150000: 15
     int dialectVersion = 0;  ///< of the functions in "dialecte"; 0: there are none

@@ -44,14 +44,19 @@ QString ServerLocation::parameter(const QString &name) const {
 }
 
 QString ServerLocation::host() const {
-    const QString given = parameter(QStringLiteral("host"));
+    for (const QString &given : {parameter(QStringLiteral("host")), parameter(QStringLiteral("hostaddr"))}) {
+        if (!given.isEmpty()) {
+            return given;
+        }
+    }
     QString before = authority(url).section(u'@', -1);
     if (before.startsWith(u'[')) {
         before = before.section(u']', 0, 0).sliced(1);
     } else {
         before = before.section(u':', 0, 0);
     }
-    return given.isEmpty() ? decoded(before) : given;
+    const bool isUnsaid = before.isEmpty() && parameter(QStringLiteral("service")).isEmpty();
+    return isUnsaid ? qEnvironmentVariable("PGHOST") : decoded(before);
 }
 
 QString ServerLocation::database() const {

@@ -17,8 +17,8 @@ struct ServerLocation {
     QString databaseName() const;
     /// The value of one of the parameters behind the "?", empty when it is not there.
     QString parameter(const QString &name) const;
-    /// The host before the "/", or that of the parameters: a name, an address, a folder of sockets or
-    /// nothing.
+    /// That of the parameters, before the "/" or of the environment: a name, an address, a folder of sockets
+    /// or nothing.
     QString host() const;
     QString database() const;
     bool isOnThisMachine() const;
