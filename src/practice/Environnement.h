@@ -13,6 +13,13 @@
 
 class Messages;
 
+/// A writing whose answer was lost, and when.
+struct EcritureEnDoute {
+    QString base;
+    QString cle; ///< DbError::writing()
+    QDateTime quand;
+};
+
 /// The world outside: what a test replaces, and where the data lies. It is made before the first window,
 /// const from then on, and handed down by reference; it outlives every window.
 struct Environnement {
@@ -23,6 +30,9 @@ struct Environnement {
     std::function<std::unique_ptr<WordProcessor>()> traitementDeTexte;
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
+
+    /// How often a book in a file is looked at for what others have written; 0: never.
+    std::chrono::milliseconds rythme{1500};
 
     QString CheminRacine;       ///< documents and pictures, as stored; a folder always
     QString CheminFichiers;     ///< templates of documents, and archives; a folder always
@@ -36,6 +46,11 @@ struct Environnement {
     /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds
     /// out (a damaged page, locks that do not hold) writes it while the book is open.
     std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();
+    /// Nobody knows yet whether these were made: until then essaie() runs nothing that might make them again.
+    std::shared_ptr<QList<EcritureEnDoute>> enDoute = std::make_shared<QList<EcritureEnDoute>>();
+    /// How many actions on the databases are under way in the window's thread: tente() counts them. What
+    /// comes by itself (a timer, news of another workstation) is put off until there is none.
+    std::shared_ptr<int> actions = std::make_shared<int>(0);
 
     /// Fills the data locations from the row of the path database, which lies in `dossier`. Folders that the
     /// row does not name, since a server keeps its databases: those of the other, or of `dossier`.

@@ -1,9 +1,11 @@
 #include "start/Lancement.h"
 
+#include "platform/db/Attente.h"
 #include "platform/db/LockTest.h"
 #include "platform/printing/Printer.h"
 #include "platform/ui/Messages.h"
 #include "platform/word/OfficeProcess.h"
+#include "practice/AttenteVivante.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 #include "start/Options.h"
@@ -117,6 +119,7 @@ int ouvreFenetre(Environnement &env, const Ouverture &ouverture, const Options &
         env.messages->error(impossible);
         return codeErreur;
     }
+    setAttente(attendEnDessinant);
     env.programme = QCoreApplication::applicationFilePath();
     FrmEntree FrmEntree(env);
     if (ouverture.depart.messages.isEmpty() && ouverture.depart.premier) {

@@ -26,6 +26,15 @@ bool failed(const pg_result *result) {
     }
 }
 
+QHash<QString, QList<std::shared_ptr<PostgresConnection>>> &keptConnections() {
+    thread_local QHash<QString, QList<std::shared_ptr<PostgresConnection>>> kept;
+    return kept;
+}
+
+bool isFree(const PostgresConnection &connection) {
+    return !connection.isBusy() && connection.owner == nullptr;
+}
+
 PostgresFailure failureOf(const pg_result *result) {
     const QByteArray position = PQresultErrorField(result, PG_DIAG_STATEMENT_POSITION);
     return {PQresultErrorField(result, PG_DIAG_SQLSTATE), PQresultErrorMessage(result), position.toInt()};
@@ -62,6 +71,10 @@ bool PostgresConnection::isAlive() {
 PostgresAnswer PostgresConnection::run(const QByteArray &sql, std::chrono::milliseconds limit) {
     const QDeadlineTimer end(limit);
     PostgresAnswer answer;
+    if (m_busy) { // by what happened while it was waited for: the answers would be taken for one another
+        answer.failure = {{}, "another command is in progress"};
+        return answer;
+    }
     ++trips;
     m_busy = true;
     if (PQsendQuery(m_connection, sql.constData()) != 1 || !flush(end)) {
@@ -125,22 +138,41 @@ PostgresFailure PostgresConnection::lost(const QByteArray &why) {
     return failure;
 }
 
+std::optional<QStringList> PostgresConnection::notices() {
+    if (PQconsumeInput(m_connection) != 1 || PQstatus(m_connection) != CONNECTION_OK) {
+        return std::nullopt;
+    }
+    QStringList told;
+    while (PGnotify *notice = PQnotifies(m_connection)) {
+        told << QString::fromUtf8(notice->extra);
+        PQfreemem(notice);
+    }
+    return told;
+}
+
+int PostgresConnection::socket() const {
+    return PQsocket(m_connection);
+}
+
 qint64 PostgresConnection::roundTrips() {
     return trips;
 }
 
 std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure) {
-    thread_local QHash<QString, QList<std::shared_ptr<PostgresConnection>>> kept;
-    QList<std::shared_ptr<PostgresConnection>> &ours = kept[place.url];
+    QList<std::shared_ptr<PostgresConnection>> &ours = keptConnections()[place.url];
     ours.removeIf([](const auto &each) { return !each->isBusy() && !each->isAlive(); });
     for (const auto &each : std::as_const(ours)) {
-        if (!each->isBusy() && each->owner == nullptr) {
+        if (isFree(*each)) {
             return each;
         }
     }
     std::shared_ptr<PostgresConnection> made = PostgresConnection::connect(place, failure);
     if (made) { // others may have come while it was made
-        kept[place.url].append(made);
+        keptConnections()[place.url].append(made);
     }
     return made;
+}
+
+void forgetConnections(const ServerLocation &place) {
+    keptConnections()[place.url].removeIf([](const auto &each) { return isFree(*each); });
 }

@@ -41,10 +41,14 @@ class PostgresConnection {
     PostgresConnection &operator=(const PostgresConnection &) = delete;
 
     /// Sends statements parted by ";" and waits for all of them: one round trip. A server that says nothing
-    /// for `limit` counts as lost.
+    /// for `limit` counts as lost. Refused while it waits for others.
     PostgresAnswer run(const QByteArray &sql, std::chrono::milliseconds limit);
     /// Whether the line still stands, as far as can be seen without asking the server.
     bool isAlive();
+
+    /// What was told to whoever listens; nothing when the line is gone.
+    std::optional<QStringList> notices();
+    int socket() const;
 
     bool isBusy() const { return m_busy; }
     /// Whose transaction is open, or nobody's.
@@ -72,3 +76,6 @@ class PostgresConnection {
 /// A connection of this thread to that server that nobody else's transaction or statement keeps; made, or
 /// made anew, where there is none. Connections stay for the thread's life. Nothing when it fails, as above.
 std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure);
+
+/// Closes those of this thread that nobody uses: a line that was cut may look whole until it is used.
+void forgetConnections(const ServerLocation &place);
