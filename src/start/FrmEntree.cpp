@@ -17,6 +17,7 @@
 #include "start/FrmTouches.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
+#include "start/Veille.h"
 
 #include <QApplication>
 #include <QMenu>
@@ -30,6 +31,7 @@ namespace {
 constexpr int periodeTimer1 = 65535; // ms
 constexpr int periodeReprise = 5000; // ms, as long as the book could not be read
 constexpr int attenteTimer1 = 500;   // ms, while the user is in the middle of something
+constexpr int attenteNouvelle = 50;  // ms, the same while another workstation's writing is to be shown
 
 std::unique_ptr<Ui::FrmEntree> controles(FrmEntree &fenetre) {
     fenetre.setFont(PoliceSansMiseEnForme(fenetre.font()));
@@ -53,8 +55,8 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
-      m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
-      BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
+      m_surveillance(new Surveillance(env, this)), m_veille(new Veille(env, m_carnet, this)),
+      BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))), BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
     Timer1.setObjectName(QStringLiteral("Timer1"));
     Timer1.setParent(this);
 
@@ -81,6 +83,8 @@ void FrmEntree::relieCarnet() {
     connect(&m_carnet, &CarnetMontre::selectionAMontrer, m_vues, &Vues::montreContour);
     connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
     connect(m_surveillance, &Surveillance::lectureSeule, this, &FrmEntree::dessineLecture);
+    connect(m_surveillance, &Surveillance::commencee, m_veille, &Veille::commence);
+    connect(m_veille, &Veille::aRelire, this, [this] { Timer1.start(int(m_apresClic.remainingTime())); });
 }
 
 void FrmEntree::relieMenus() {
@@ -215,7 +219,7 @@ void FrmEntree::dessineMenus() {
 }
 
 void FrmEntree::dessineLecture() {
-    m_etat->montreLecture(m_carnet.affichage(), m_carnet.lectureManquee(), *m_env.lectureSeule);
+    m_etat->montreLecture(m_carnet.affichage(), m_veille->etat());
     dessineMenus();
 }
 
@@ -223,6 +227,7 @@ void FrmEntree::dessineLecture() {
 
 void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste) {
     const Coins coins{c.row, c.col, c.rowSel, c.colSel};
+    m_apresClic.setRemainingTime(attenteTimer1);
     if (Timer1.remainingTime() < attenteTimer1) { // a redraw would part the two presses of a double click
         Timer1.start(attenteTimer1);
     }
@@ -295,13 +300,13 @@ void FrmEntree::vaAuJour(FrmMois::Foyer foyer) {
 }
 
 bool FrmEntree::estOccupe() const {
-    return m_carnet.enLecture() || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
+    return *m_env.actions > 0 || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
            QApplication::activePopupWidget() != nullptr;
 }
 
 void FrmEntree::Timer1_Timer() {
     if (estOccupe()) {
-        Timer1.start(attenteTimer1);
+        Timer1.start(m_veille->enRetard() ? attenteNouvelle : attenteTimer1);
     } else if (m_carnet.estVide()) {
         Form_Load();
     } else {

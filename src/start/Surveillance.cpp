@@ -23,6 +23,7 @@ void Surveillance::commence() {
     if (m_lecture.joinable()) {
         return;
     }
+    emit commencee();
     const QString carnet = m_env.chemins.realDatabase(m_env.CheminBaseRDV);
     m_lecture = std::jthread([this, carnet](const std::stop_token &fin) {
         const QString defaut = checkBook(carnet, fin);
