@@ -193,7 +193,7 @@ int main(int argc, char **argv) {
     std::deque<Essai> essais; // the benchmarks refer to them
     for (const auto &mesures :
          {mesuresSemaine(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(), mesuresProcessus(),
-          mesuresPurge(), mesuresFeuille(), mesuresLettre(), mesuresServeur()}) {
+          mesuresPurge(), mesuresFeuille(), mesuresLettre(), mesuresServeur(), mesuresVivant()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }
