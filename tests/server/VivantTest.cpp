@@ -14,6 +14,7 @@
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMenu>
+#include <QProcess>
 #include <QPushButton>
 #include <QTest>
 
@@ -200,6 +201,19 @@ TEST_F(VivantTest, ACutLineComesBackByItself) {
     reserve(nouveau("LENT", QTime(11, 0)));
     EXPECT_TRUE(ici.montreDans(q("LENT"), 1s));
     EXPECT_TRUE(ici.barre().contains(q("à jour")));
+}
+
+TEST_F(VivantTest, AServerThatStopsIsThereAgainOnceItStarts) {
+    Bureau ici(*cabinet, serveur->url());
+    const auto commande = [](const char *quoi) {
+        EXPECT_EQ(QProcess::execute(qEnvironmentVariable("TAVELIN_SERVEUR_COMMANDE"), {q(quoi)}), 0) << quoi;
+    };
+    commande("stop");
+    EXPECT_TRUE(ici.barreDans(q("hors de contact"), 2s));
+    commande("start");
+    reserve(nouveau("MEME", QTime(10, 0)));
+    EXPECT_TRUE(ici.montreDans(q("MEME"), 6s)) << ici.barre();
+    EXPECT_EQ(ici.messages.taken(), q(""));
 }
 
 TEST_F(VivantTest, WhatComesDuringAWaitWaits) {

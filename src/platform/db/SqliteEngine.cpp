@@ -7,8 +7,6 @@
 #include "platform/db/SqliteRow.h"
 
 #include <QFileInfo>
-#include <QtEndian>
-#include <array>
 #include <mutex>
 #include <sqlite3.h>
 
@@ -136,22 +134,6 @@ bool SqliteEngine::hasItsHeader() {
     QByteArray header(expected.size(), '\0');
     return file->pMethods->xRead(file, header.data(), int(header.size()), 0) == SQLITE_OK &&
            header == expected;
-}
-
-std::optional<quint32> SqliteEngine::changesOf(const QString &file) {
-    constexpr int place = 24; // in the header
-    std::array<uchar, sizeof(quint32)> count{};
-    if (!QFileInfo(file).isFile()) { // opening a pipe would wait without end
-        return std::nullopt;
-    }
-    try {
-        SqliteEngine engine(file, SQLITE_OPEN_READONLY, std::chrono::milliseconds(0));
-        sqlite3_file *open = engine.mainFile();
-        const int code = open->pMethods->xRead(open, count.data(), int(count.size()), place);
-        return code == SQLITE_OK ? std::optional(qFromBigEndian<quint32>(count.data())) : std::nullopt;
-    } catch (const DbError &) {
-        return std::nullopt;
-    }
 }
 
 SqliteEngine::~SqliteEngine() {
