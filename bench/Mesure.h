@@ -39,6 +39,7 @@ std::vector<Mesure> mesuresPurge();
 std::vector<Mesure> mesuresFeuille();
 std::vector<Mesure> mesuresLettre();
 std::vector<Mesure> mesuresServeur();
+std::vector<Mesure> mesuresVivant();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

@@ -191,9 +191,9 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
-    for (const auto &mesures :
-         {mesuresSemaine(), mesuresGlisse(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
-          mesuresProcessus(), mesuresPurge(), mesuresFeuille(), mesuresLettre(), mesuresServeur()}) {
+    for (const auto &mesures : {mesuresSemaine(), mesuresGlisse(), mesuresFrappe(), mesuresRecherche(),
+                                mesuresCreneau(), mesuresProcessus(), mesuresPurge(), mesuresFeuille(),
+                                mesuresLettre(), mesuresServeur(), mesuresVivant()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

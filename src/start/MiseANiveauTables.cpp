@@ -47,6 +47,11 @@ void exclutChevauchements(Database &base, MiseANiveau &bilan) {
     }
 }
 
+/// Whose day has changed, for workstations that show it (grid/Changement).
+NoticeDef annonceRDV() {
+    return {QStringLiteral("RDVAnnonce"), SqlText("clng(NumPraticien) & '|' & Date1")};
+}
+
 void remplit(Database &base) {
     base.execute(SqlText("Update RDV Set DateInv = iif((DateInv Is Null Or DateInv = '') And Date1 Is Not "
                          "Null, InverseDate(Date1), DateInv), Fauteuil = iif(Fauteuil Is Null, 0, Fauteuil) "
@@ -61,7 +66,8 @@ bool EstANiveau(Database &base) {
     TableDef rdv = base.tableDef(tableRDV);
     const TableDef config = base.tableDef(tableConfig);
     bool complet = rdv.hasField(champDateInv.name) && rdv.hasField(champFauteuil.name) &&
-                   config.hasField(champFauteuil.name) && rdv.hasExclusion(placeUnique().name);
+                   config.hasField(champFauteuil.name) && rdv.hasExclusion(placeUnique().name) &&
+                   rdv.hasNotice(annonceRDV().name);
     for (const IndexDef &index : indexRDV()) {
         complet = complet && rdv.hasIndex(index.name);
     }
@@ -115,6 +121,9 @@ MiseANiveau MetANiveau(Database &base) {
         }
     }
     exclutChevauchements(base, bilan);
+    if (!rdv.hasNotice(annonceRDV().name)) {
+        rdv.createNotice(annonceRDV());
+    }
     transaction.commit();
     return bilan;
 }

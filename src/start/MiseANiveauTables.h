@@ -19,7 +19,7 @@ struct MiseANiveau {
 };
 
 /// Brings an older appointment database up to date, all of it or nothing: the fields DateInv and Fauteuil,
-/// their values where they are empty, the indexes of the hot queries, and what keeps two appointments from
-/// one place where several may write at once. An up-to-date one is only looked at. Throws DbError for every
-/// failure but that in `erreur`.
+/// their values where they are empty, the indexes of the hot queries, what keeps two appointments from one
+/// place where several may write at once, and what tells other workstations. An up-to-date one is only looked
+/// at. Throws DbError for every failure but that in `erreur`.
 MiseANiveau MetANiveau(Database &base);

@@ -70,12 +70,18 @@ bool PostgresConnection::isAlive() {
 PostgresAnswer PostgresConnection::run(const QByteArray &sql, std::chrono::milliseconds limit) {
     const QDeadlineTimer end(limit);
     PostgresAnswer answer;
+    if (m_busy) { // by what happened while it was waited for: the answers would be taken for one another
+        answer.failure = {{}, "another command is in progress"};
+        return answer;
+    }
     ++trips;
+    m_busy = true;
     if (PQsendQuery(m_connection, sql.constData()) != 1 || !flush(end)) {
         answer.failure = lost();
     } else {
         collect(answer, end);
     }
+    m_busy = false;
     return answer;
 }
 
@@ -129,6 +135,22 @@ PostgresFailure PostgresConnection::lost(const QByteArray &why) {
     PostgresFailure failure{{}, why.isEmpty() ? QByteArray(PQerrorMessage(m_connection)) : why, 0, true};
     PQfinish(std::exchange(m_connection, nullptr)); // an answer that came later would be taken for another's
     return failure;
+}
+
+std::optional<QStringList> PostgresConnection::notices() {
+    if (PQconsumeInput(m_connection) != 1 || PQstatus(m_connection) != CONNECTION_OK) {
+        return std::nullopt;
+    }
+    QStringList told;
+    while (PGnotify *notice = PQnotifies(m_connection)) {
+        told << QString::fromUtf8(notice->extra);
+        PQfreemem(notice);
+    }
+    return told;
+}
+
+int PostgresConnection::socket() const {
+    return PQsocket(m_connection);
 }
 
 qint64 PostgresConnection::roundTrips() {

@@ -4,6 +4,7 @@
 
 #include <QByteArray>
 #include <QDeadlineTimer>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -40,10 +41,14 @@ class PostgresConnection {
     PostgresConnection &operator=(const PostgresConnection &) = delete;
 
     /// Sends statements parted by ";" and waits for all of them: one round trip. A server that says nothing
-    /// for `limit` counts as lost.
+    /// for `limit` counts as lost. Refused while it waits already.
     PostgresAnswer run(const QByteArray &sql, std::chrono::milliseconds limit);
     /// Whether the line still stands, as far as can be seen without asking the server.
     bool isAlive();
+
+    /// What was told to whoever listens; nothing when the line is gone.
+    std::optional<QStringList> notices();
+    int socket() const;
 
     /// What was set for the statements that follow; empty: unknown.
     QByteArray settings;
@@ -60,5 +65,6 @@ class PostgresConnection {
     PostgresFailure lost(const QByteArray &why = {});
 
     pg_conn *m_connection;
+    bool m_busy = false;
     bool m_dismissed = false; ///< by a server that is about to close the line
 };

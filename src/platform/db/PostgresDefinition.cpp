@@ -217,3 +217,26 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
                            range, oldClashField));
     return keys;
 }
+
+bool PostgresEngine::hasNotice(const QString &notice) {
+    return catalogue().constraints.contains(SqlDialect::postgresName(notice));
+}
+
+/// Told when the transaction is committed, each text once. Whoever writes may know no schema by heart, and a
+/// text too long to be told must not keep a row from being written.
+void PostgresEngine::createNotice(const QString &table, const NoticeDef &notice) {
+    changesTables(QStringLiteral(R"(
+CREATE OR REPLACE FUNCTION %1.%2() RETURNS trigger LANGUAGE plpgsql SET search_path FROM CURRENT AS $$
+BEGIN
+    IF TG_OP <> 'INSERT' THEN
+        PERFORM pg_notify(TG_TABLE_SCHEMA, (SELECT left(%3, 1000) FROM (SELECT OLD.*) AS r));
+    END IF;
+    IF TG_OP <> 'DELETE' THEN
+        PERFORM pg_notify(TG_TABLE_SCHEMA, (SELECT left(%3, 1000) FROM (SELECT NEW.*) AS r));
+    END IF;
+    RETURN NULL;
+END $$;
+CREATE TRIGGER %2 AFTER INSERT OR UPDATE OR DELETE ON %4 FOR EACH ROW EXECUTE FUNCTION %1.%2())")
+                      .arg(SqlDialect::postgresName(m_place.schema), SqlDialect::postgresName(notice.name),
+                           SqlDialect::postgres(notice.text.text()), tableName(table)));
+}

@@ -38,6 +38,8 @@ class PostgresEngine : public Engine {
     void createIndex(const QString &table, const IndexDef &index) override;
     bool hasExclusion(const QString &exclusion) override;
     std::vector<qint64> createExclusion(const QString &table, const ExclusionDef &exclusion) override;
+    bool hasNotice(const QString &notice) override;
+    void createNotice(const QString &table, const NoticeDef &notice) override;
 
   private:
     PostgresEngine(const QString &location, std::chrono::milliseconds wait);

@@ -56,6 +56,12 @@ std::shared_ptr<PostgresConnection> takeConnection(const ServerLocation &place, 
     return {borrowed, [connection, url = place.url](PostgresConnection *) { giveBack(url, connection); }};
 }
 
+void forgetConnections(const QString &url) {
+    const std::scoped_lock lock(pool().mutex);
+    pool().idle.remove(url);
+    pool().catalogues.remove(url);
+}
+
 std::optional<PostgresCatalogue> knownCatalogue(const ServerLocation &place) {
     const std::scoped_lock lock(pool().mutex);
     const auto &ofServer = pool().catalogues[place.url];

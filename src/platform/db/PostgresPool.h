@@ -8,6 +8,9 @@
 /// connection that the start has made. Nothing when it fails, which `failure` tells.
 std::shared_ptr<PostgresConnection> takeConnection(const ServerLocation &place, PostgresFailure &failure);
 
+/// Closes those that nobody has now: a line that was cut may look whole until it is used.
+void forgetConnections(const QString &url);
+
 // What a schema held when this program looked last. A connection that goes takes that with it: nobody knows
 // what happened on the server before the next.
 std::optional<PostgresCatalogue> knownCatalogue(const ServerLocation &place);

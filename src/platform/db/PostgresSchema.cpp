@@ -97,6 +97,8 @@ UNION ALL SELECT 'champ', relname::text, attname::text, (attidentity <> '' AND E
 UNION ALL SELECT 'index', relname::text, '', 0, 0 FROM t WHERE relkind = 'i'
 UNION ALL SELECT 'contrainte', conname::text, '', 0, 0 FROM pg_constraint
     WHERE connamespace = (SELECT oid FROM s)
+UNION ALL SELECT 'contrainte', tgname::text, '', 0, 0 FROM pg_trigger
+    JOIN t ON tgrelid = t.oid WHERE NOT tgisinternal
 ORDER BY place)";
 
 QString field(const pg_result *result, int row, int column) {

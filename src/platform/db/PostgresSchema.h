@@ -23,7 +23,7 @@ struct PostgresCatalogue {
     bool isWritable = false; ///< by this user, on this server
     QHash<QString, Table> tables;
     QSet<QString> indexes;
-    QSet<QString> constraints;
+    QSet<QString> constraints; ///< and triggers
 
     /// One statement; `result` is what it gives.
     static QByteArray query(const QString &schema);

@@ -1,6 +1,7 @@
 #include "platform/db/ServerLocation.h"
 
 #include <QUrl>
+#include <algorithm>
 
 namespace {
 
@@ -88,6 +89,12 @@ QString ServerLocation::serverName() const {
     }
     return name.isEmpty() || name.startsWith(u'/') ? QStringLiteral("le serveur de ce poste")
                                                    : QStringLiteral("le serveur « %1 »").arg(name);
+}
+
+QString ServerLocation::label() const {
+    const QStringList names{database(), parameter(QStringLiteral("service")), host()};
+    const auto named = std::ranges::find_if(names, [](const QString &name) { return !name.isEmpty(); });
+    return named == names.end() ? QStringLiteral("serveur") : QStringLiteral("serveur ") + *named;
 }
 
 QString ServerLocation::databaseName() const {
