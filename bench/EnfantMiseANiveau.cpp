@@ -14,7 +14,7 @@ int main(int argc, char **argv) {
         Database rdv = Database::open(QString::fromLocal8Bit(argv[1]));
         QElapsedTimer duree;
         duree.start();
-        const QString erreur = MetANiveau(rdv);
+        const QString erreur = MetANiveau(rdv).erreur;
         QTextStream(stdout) << double(duree.nsecsElapsed()) / 1e6 << ' '
                             << megaOctets(QStringLiteral("self"), QStringLiteral("status"), "VmHWM");
         QTextStream(stderr) << erreur;

@@ -25,6 +25,7 @@ struct Mesure {
     double rapportMax = std::numeric_limits<double>::infinity();
     double valeurMax = std::numeric_limits<double>::infinity();
     const char *unite = "ms";
+    double ecartMax = std::numeric_limits<double>::infinity(); ///< between value and reference
 };
 
 // One function a file; main.cpp lists them.
@@ -37,6 +38,8 @@ std::vector<Mesure> mesuresCreneau();
 std::vector<Mesure> mesuresPurge();
 std::vector<Mesure> mesuresFeuille();
 std::vector<Mesure> mesuresLettre();
+std::vector<Mesure> mesuresServeur();
+std::vector<Mesure> mesuresVivant();
 
 /// Why a measure would be worth nothing.
 class MesureImpossible : public std::runtime_error {

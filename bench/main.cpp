@@ -37,7 +37,9 @@ struct Essai {
     std::optional<Resultat> resultat{};
 
     bool tient() const {
-        return resultat->valeur <= mesure.valeurMax && resultat->rapport().value_or(0) <= mesure.rapportMax;
+        const double ecart = resultat->valeur - resultat->reference.value_or(0);
+        return resultat->valeur <= mesure.valeurMax && resultat->rapport().value_or(0) <= mesure.rapportMax &&
+               ecart <= mesure.ecartMax;
     }
 };
 
@@ -85,6 +87,9 @@ QString cible(const Mesure &mesure) {
     QStringList limites;
     if (std::isfinite(mesure.rapportMax)) {
         limites << QStringLiteral("%1 ×").arg(mesure.rapportMax);
+    }
+    if (std::isfinite(mesure.ecartMax)) {
+        limites << QStringLiteral("+ %1 %2").arg(mesure.ecartMax).arg(QLatin1StringView(mesure.unite));
     }
     if (std::isfinite(mesure.valeurMax)) {
         limites << QStringLiteral("%1 %2").arg(mesure.valeurMax).arg(QLatin1StringView(mesure.unite));
@@ -186,9 +191,9 @@ int main(int argc, char **argv) {
     const QApplication application(argc, argv);
     benchmark::Initialize(&argc, argv);
     std::deque<Essai> essais; // the benchmarks refer to them
-    for (const auto &mesures :
-         {mesuresSemaine(), mesuresGlisse(), mesuresFrappe(), mesuresRecherche(), mesuresCreneau(),
-          mesuresProcessus(), mesuresPurge(), mesuresFeuille(), mesuresLettre()}) {
+    for (const auto &mesures : {mesuresSemaine(), mesuresGlisse(), mesuresFrappe(), mesuresRecherche(),
+                                mesuresCreneau(), mesuresProcessus(), mesuresPurge(), mesuresFeuille(),
+                                mesuresLettre(), mesuresServeur(), mesuresVivant()}) {
         for (const Mesure &mesure : mesures) {
             enregistre(essais.emplace_back(Essai{mesure}));
         }

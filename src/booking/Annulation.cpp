@@ -31,14 +31,14 @@ QString verbe(const EcritureRDV &ecriture) {
     default:
         break;
     }
-    switch (ChangementDe(ecriture)) {
-    case Changement::Deplace:
+    switch (GenreDe(ecriture)) {
+    case GenreEdition::Deplace:
         return QStringLiteral("Déplacer");
-    case Changement::Allonge:
+    case GenreEdition::Allonge:
         return QStringLiteral("Allonger");
-    case Changement::Raccourci:
+    case GenreEdition::Raccourci:
         return QStringLiteral("Raccourcir");
-    case Changement::Autre:
+    case GenreEdition::Autre:
         break;
     }
     return QStringLiteral("Éditer");
@@ -57,19 +57,20 @@ void renumerote(QList<EcritureRDV> &pas, qint64 ancienne, qint64 nouvelle) {
 
 } // namespace
 
-Changement ChangementDe(const EcritureRDV &ecriture) {
+GenreEdition GenreDe(const EcritureRDV &ecriture) {
     for (const char *champ : {"Date1", "HeureDebut", "NumPraticien", "Fauteuil"}) {
         if (autre(ecriture, QLatin1StringView(champ))) {
-            return Changement::Deplace;
+            return GenreEdition::Deplace;
         }
     }
     Rangee avant = ecriture.avant;
     avant[champFin] = ecriture.apres[champFin];
     if (avant != ecriture.apres || !autre(ecriture, champFin)) { // an edit of more than the end
-        return Changement::Autre;
+        return GenreEdition::Autre;
     }
-    return ecriture.apres[champFin].toString() > ecriture.avant[champFin].toString() ? Changement::Allonge
-                                                                                     : Changement::Raccourci;
+    return ecriture.apres[champFin].toString() > ecriture.avant[champFin].toString()
+               ? GenreEdition::Allonge
+               : GenreEdition::Raccourci;
 }
 
 QString NomDuGeste(const EcritureRDV &ecriture) {

@@ -12,8 +12,8 @@
 QString NomDuGeste(const EcritureRDV &ecriture);
 
 /// An edit, by what it has changed.
-enum class Changement { Autre, Deplace, Allonge, Raccourci };
-Changement ChangementDe(const EcritureRDV &ecriture);
+enum class GenreEdition { Autre, Deplace, Allonge, Raccourci };
+GenreEdition GenreDe(const EcritureRDV &ecriture);
 
 /// The writings of this program, the latest of which can be undone, and what was undone be done again.
 class Annulation {

@@ -41,7 +41,7 @@ FrmAjouter::~FrmAjouter() = default;
 
 bool FrmAjouter::event(QEvent *event) {
     if (event->type() == QEvent::WindowActivate) {
-        litTransmission();
+        desQueLibre(m_env, *this, [this] { litTransmission(); });
     }
     return QDialog::event(event);
 }

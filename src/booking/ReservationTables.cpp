@@ -234,7 +234,8 @@ BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &
                          const RendezVous &apres, long praticien, long fauteuil) {
     const qint64 ref = avant.RefRDV;
     const SaisieRDV place = placeDe(apres);
-    Transaction transaction(rdv);
+    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(praticien, fauteuil, place.Date1),
+                                  verrouJour(apres.NumPraticien, apres.Fauteuil, place.Date1)});
     const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
     if (!actuel) {
         return {Ecriture::Disparu};
@@ -246,10 +247,9 @@ BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &
         !libreSauf(rdv, ref, place, apres.NumPraticien, apres.Fauteuil)) {
         return {Ecriture::Occupe};
     }
-    const BilanEcriture bilan =
-        ecritChamps(rdv, auteur, Operation::Edition, ref, champsDeplaces(avant, apres));
-    transaction.commit();
-    return bilan;
+    return ecritSiLibre(transaction, [&] {
+        return ecritChamps(rdv, auteur, Operation::Edition, ref, champsDeplaces(avant, apres));
+    });
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {

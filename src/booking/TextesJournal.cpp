@@ -97,14 +97,14 @@ QString QuoiEnMots(const EcritureRDV &ecriture) {
     case Operation::Edition:
         break;
     }
-    switch (ChangementDe(ecriture)) {
-    case Changement::Deplace:
+    switch (GenreDe(ecriture)) {
+    case GenreEdition::Deplace:
         return QStringLiteral("Déplacé");
-    case Changement::Allonge:
+    case GenreEdition::Allonge:
         return QStringLiteral("Allongé");
-    case Changement::Raccourci:
+    case GenreEdition::Raccourci:
         return QStringLiteral("Raccourci");
-    case Changement::Autre:
+    case GenreEdition::Autre:
         break;
     }
     return QStringLiteral("Édité");

@@ -14,6 +14,13 @@
 
 class Messages;
 
+/// A writing whose answer was lost, and when.
+struct EcritureEnDoute {
+    QString base;
+    QString cle; ///< DbError::writing()
+    QDateTime quand;
+};
+
 /// The world outside: what a test replaces, and where the data lies. It is made before the first window,
 /// const from then on, and handed down by reference; it outlives every window.
 struct Environnement {
@@ -29,6 +36,9 @@ struct Environnement {
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
 
+    /// How often a book in a file is looked at for what others have written; 0: never.
+    std::chrono::milliseconds rythme{1500};
+
     QString CheminRacine;       ///< documents and pictures, as stored; a folder always
     QString CheminFichiers;     ///< templates of documents, and archives; a folder always
     QString CheminBases;        ///< the databases: a folder, or the place that a server gives them
@@ -43,6 +53,11 @@ struct Environnement {
     /// Why the book may only be read, as a French sentence; empty as long as it may be written. What finds
     /// out (a damaged page, locks that do not hold) writes it while the book is open.
     std::shared_ptr<QString> lectureSeule = std::make_shared<QString>();
+    /// Nobody knows yet whether these were made: until then essaie() runs nothing that might make them again.
+    std::shared_ptr<QList<EcritureEnDoute>> enDoute = std::make_shared<QList<EcritureEnDoute>>();
+    /// How many actions on the databases are under way in the window's thread: tente() counts them. What
+    /// comes by itself (a timer, news of another workstation) is put off until there is none.
+    std::shared_ptr<int> actions = std::make_shared<int>(0);
 
     /// Who writes, now.
     Auteur auteur() const { return {maintenant(), poste(), utilisateur()}; }

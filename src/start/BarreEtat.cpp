@@ -42,26 +42,33 @@ void BarreEtat::montreSelection(const Affichage &affichage, const Selection &sel
     m_panneaux[3]->setText(DatesFr::etat(JourCourant(affichage, selection)));
 }
 
-void BarreEtat::montreLecture(const Affichage &affichage, const QString &manquee,
-                              const QString &lectureSeule) {
+void BarreEtat::montreLecture(const Affichage &affichage, const EtatLecture &etat) {
     QStringList dits;
     if (const int nombre = SansHoraire(affichage)) {
         dits << QStringLiteral("%1 rendez-vous sans horaire lisible").arg(nombre);
     }
-    if (!lectureSeule.isEmpty()) {
+    if (!etat.lectureSeule.isEmpty()) {
         dits << QStringLiteral("lecture seule");
     }
-    if (affichage.lu.isValid()) {
+    if (!etat.lieu.isEmpty()) {
+        dits << etat.lieu;
+    }
+    if (!etat.enContact) {
+        dits << QStringLiteral("hors de contact");
+    }
+    if (etat.suivi && etat.manquee.isEmpty()) {
+        dits << QStringLiteral("à jour");
+    } else if (affichage.lu.isValid()) {
         dits << QStringLiteral("lu à %1").arg(DatesFr::heure(affichage.lu.time()));
     }
     QLabel *panneau = m_panneaux[4];
     panneau->setText(dits.join(QStringLiteral(" · ")));
-    panneau->setStyleSheet(manquee.isEmpty() ? QString()
-                                             : QStringLiteral("color: #B00020; font-weight: bold"));
+    panneau->setStyleSheet(etat.manquee.isEmpty() ? QString()
+                                                  : QStringLiteral("color: #B00020; font-weight: bold"));
     const QString quand = QStringLiteral("lu le %1 à %2")
                               .arg(DatesFr::courte(affichage.lu.date()),
                                    affichage.lu.time().toString(QStringLiteral("HH:mm:ss")));
     panneau->setToolTip(
         QStringLiteral("<qt>%1</qt>")
-            .arg(QStringList{quand, manquee, lectureSeule}.join(u'\n').trimmed().toHtmlEscaped()));
+            .arg(QStringList{quand, etat.manquee, etat.lectureSeule}.join(u'\n').trimmed().toHtmlEscaped()));
 }

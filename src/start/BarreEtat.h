@@ -1,6 +1,7 @@
 #pragma once
 
 #include "booking/Selection.h"
+#include "start/Veille.h"
 
 #include <QLabel>
 
@@ -14,9 +15,7 @@ class BarreEtat {
 
     void montrePraticien(const QString &libelle) { m_panneaux[1]->setText(libelle); }
     void montreSelection(const Affichage &affichage, const Selection &selection);
-    /// `manquee`: why the last reading failed; `lectureSeule`: why the book may only be read. Empty: all is
-    /// well.
-    void montreLecture(const Affichage &affichage, const QString &manquee, const QString &lectureSeule);
+    void montreLecture(const Affichage &affichage, const EtatLecture &etat);
 
   private:
     QList<QLabel *> m_panneaux;

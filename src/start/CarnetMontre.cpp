@@ -34,18 +34,29 @@ std::optional<Affichage> CarnetMontre::lit(const Demande &demande, Annonce annon
 
 bool CarnetMontre::lit(const std::function<void(Database &)> &lecture, Annonce annonce) {
     const bool dejaManquee = !m_lectureManquee.isEmpty();
-    m_enLecture = true;
-    const std::optional<DbError> echec = tente(m_env, [&] {
-        Database carnet = m_env.ouvreCarnet();
-        lecture(carnet);
-    });
-    m_enLecture = false;
-    m_lectureManquee = echec ? echec->message() : QString();
+    m_lectureManquee = m_contactPerdu;
+    if (enContact()) {
+        emit lectureCommence();
+        const std::optional<DbError> echec = tente(m_env, [&] {
+            Database carnet = m_env.ouvreCarnet();
+            lecture(carnet);
+        });
+        m_lectureManquee = echec ? echec->message() : QString();
+    }
     emit lectureChange();
-    if (echec && (annonce == Annonce::Toujours || !dejaManquee)) {
+    const bool reussie = m_lectureManquee.isEmpty();
+    if (!reussie && (annonce == Annonce::Toujours || !dejaManquee)) {
         m_env.messages->error(m_lectureManquee);
     }
-    return !echec;
+    return reussie;
+}
+
+void CarnetMontre::perdContact(const QString &pourquoi) {
+    m_contactPerdu = pourquoi;
+    if (!enContact()) {
+        m_lectureManquee = pourquoi;
+    }
+    emit lectureChange();
 }
 
 // ---- What is asked for

@@ -22,7 +22,10 @@ class CarnetMontre : public QObject {
     const Selection &selection() const { return m_selection; }
     /// Why the last reading failed; empty when it did not.
     const QString &lectureManquee() const { return m_lectureManquee; }
-    bool enLecture() const { return m_enLecture; }
+    /// What nobody can reach is shown as it was, and is not written into; what is asked for meanwhile fails
+    /// at once, with `pourquoi`. Empty: it can be reached again.
+    void perdContact(const QString &pourquoi);
+    bool enContact() const { return m_contactPerdu.isEmpty(); }
     QDate jourCourant() const { return JourCourant(m_affichage, m_selection); }
 
     /// Shows what was read; the selection is found again on it.
@@ -75,7 +78,9 @@ class CarnetMontre : public QObject {
     void selectionChange();
     /// The selection was asked for by its appointment, and may lie out of sight.
     void selectionAMontrer();
-    /// A reading went well or failed.
+    /// A reading begins: all that was written until now will be in it.
+    void lectureCommence();
+    /// A reading went well or failed, or none is possible any more.
     void lectureChange();
 
   private:
@@ -93,5 +98,5 @@ class CarnetMontre : public QObject {
     Selection m_selection;
     Selection m_avantClic;
     QString m_lectureManquee;
-    bool m_enLecture = false;
+    QString m_contactPerdu;
 };

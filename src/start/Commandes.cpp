@@ -22,7 +22,7 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     const bool charge = !carnet.estVide();
     const bool avecConfig = carnet.affichage().ConfigExiste();
     const bool surRDV = selection.rdv.has_value();
-    const bool ecrit = charge && m_env.lectureSeule->isEmpty();
+    const bool ecrit = charge && m_env.lectureSeule->isEmpty() && carnet.enContact();
     for (const QMenu *menu : {m_ui.mnupatient, m_ui.menuAffichage, m_ui.menuOptions, m_ui.menuAide}) {
         for (QAction *action : menu->actions()) {
             action->setEnabled(charge);

@@ -5,6 +5,7 @@
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
 #include "schedule/Configuration.h"
+#include "start/Chevauchements.h"
 #include "start/MiseANiveauTables.h"
 
 #include <QFileInfo>
@@ -39,16 +40,23 @@ QString prepareJournal(Database &carnet) {
 
 bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString erreur;
+    MiseANiveau bilan;
     QString sansJournal;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
         // a damaged book is not written into
         erreur = EstANiveau(carnet) && JournalEstPret(carnet) ? QString() : checkBook(carnet.path());
-        erreur = erreur.isEmpty() ? MetANiveau(carnet) : erreur;
+        if (erreur.isEmpty()) {
+            bilan = MetANiveau(carnet);
+            erreur = bilan.erreur;
+        }
         sansJournal = erreur.isEmpty() ? prepareJournal(carnet) : QString();
     });
     if (!erreur.isEmpty()) {
         depart.messages << erreur;
+    }
+    if (bilan.chevauchements > 0) {
+        depart.messages << TexteChevauchements(bilan.chevauchements, bilan.premiers);
     }
     if (!sansJournal.isEmpty()) {
         depart.messages << QStringLiteral("Ce carnet ne peut pas garder l'historique de ses rendez-vous ; il "

@@ -21,13 +21,13 @@
 #include "start/Habillage.h"
 #include "start/MenusPraticien.h"
 #include "start/Surveillance.h"
+#include "start/Veille.h"
 
 #include <QApplication>
 #include <QLayout>
 #include <QMenu>
 #include <QPushButton>
 #include <QShowEvent>
-
 #include <functional>
 
 namespace {
@@ -35,6 +35,7 @@ namespace {
 constexpr int periodeTimer1 = 65535; // ms
 constexpr int periodeReprise = 5000; // ms, as long as the book could not be read
 constexpr int attenteTimer1 = 500;   // ms, while the user is in the middle of something
+constexpr int attenteNouvelle = 50;  // ms, the same while another workstation's writing is to be shown
 
 std::unique_ptr<Ui::FrmEntree> controles(FrmEntree &fenetre) {
     fenetre.setFont(PoliceSansMiseEnForme(fenetre.font()));
@@ -59,10 +60,9 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, m_annulation, *m_menus, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
-      m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
-      BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
+      m_surveillance(new Surveillance(env, this)), m_veille(new Veille(env, m_carnet, this)),
+      BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))), BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
     Timer1.setObjectName(QStringLiteral("Timer1"));
-    Timer1.setParent(this);
 
     relieCarnet();
     relieMenus();
@@ -82,13 +82,14 @@ FrmEntree::~FrmEntree() = default;
 void FrmEntree::relieCarnet() {
     connect(m_vues, &Vues::selectionDemandee, this, &FrmEntree::selectionne);
     connect(m_vues, &Vues::ouvertureDemandee, this, &FrmEntree::ouvre);
-    connect(m_vues, &Vues::menuDemande, this,
-            [this](const QPoint &position) { ui->mnupatient->popup(position); });
+    connect(m_vues, &Vues::menuDemande, this, [this](const QPoint &ou) { ui->mnupatient->popup(ou); });
     connect(&m_carnet, &CarnetMontre::affichageChange, this, &FrmEntree::dessine);
     connect(&m_carnet, &CarnetMontre::selectionChange, this, &FrmEntree::dessineSelection);
     connect(&m_carnet, &CarnetMontre::selectionAMontrer, m_vues, &Vues::montreContour);
     connect(&m_carnet, &CarnetMontre::lectureChange, this, &FrmEntree::dessineLecture);
     connect(m_surveillance, &Surveillance::lectureSeule, this, &FrmEntree::dessineLecture);
+    connect(m_surveillance, &Surveillance::commencee, m_veille, &Veille::commence);
+    connect(m_veille, &Veille::aRelire, this, [this] { Timer1.start(int(m_apresClic.remainingTime())); });
 }
 
 void FrmEntree::relieMenus() {
@@ -192,11 +193,10 @@ void FrmEntree::dessine() {
 void FrmEntree::dessineSelection() {
     const Selection &selection = m_carnet.selection();
     const Coins &c = selection.coins;
-    const bool semaine = m_carnet.affichage().demande.VueSemaine;
     m_vues->contourne(
         selection.grille, {c.ligne, c.colonne, c.ligneFin, c.colonneFin},
         {HeuresSelection(selection), DureeSelection(selection), selection.rdv.value_or(RendezVous()).RefRDV},
-        semaine ? InfoBulleRDV(selection) : QString());
+        m_carnet.affichage().demande.VueSemaine ? InfoBulleRDV(selection) : QString());
     m_etat->montreSelection(m_carnet.affichage(), selection);
     m_commandes.dessine(m_carnet);
 }
@@ -216,8 +216,8 @@ void FrmEntree::dessineMenus() {
 }
 
 void FrmEntree::dessineLecture() {
-    m_etat->montreLecture(m_carnet.affichage(), m_carnet.lectureManquee(), *m_env.lectureSeule);
-    m_vues->permetPrise(m_env.lectureSeule->isEmpty());
+    m_etat->montreLecture(m_carnet.affichage(), m_veille->etat());
+    m_vues->permetPrise(m_env.lectureSeule->isEmpty() && m_carnet.enContact());
     dessineMenus();
 }
 
@@ -225,6 +225,7 @@ void FrmEntree::dessineLecture() {
 
 void FrmEntree::selectionne(int grille, const FlexGrid::Corners &c, FlexGrid::Gesture geste, qint64 RefRDV) {
     const Coins coins{c.row, c.col, c.rowSel, c.colSel};
+    m_apresClic.setRemainingTime(attenteTimer1);
     if (Timer1.remainingTime() < attenteTimer1) { // a redraw would part the two presses of a double click
         Timer1.start(attenteTimer1);
     }
@@ -293,13 +294,13 @@ void FrmEntree::vaAuJour(FrmMois::Foyer foyer) {
 }
 
 bool FrmEntree::estOccupe() const {
-    return m_carnet.enLecture() || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
+    return *m_env.actions > 0 || m_vues->glisse() || QApplication::activeModalWidget() != nullptr ||
            QApplication::activePopupWidget() != nullptr;
 }
 
 void FrmEntree::Timer1_Timer() {
     if (estOccupe()) {
-        Timer1.start(attenteTimer1);
+        Timer1.start(m_veille->enRetard() ? attenteNouvelle : attenteTimer1);
     } else if (m_carnet.estVide()) {
         Form_Load();
     } else {

@@ -6,6 +6,7 @@
 #include "start/CarnetMontre.h"
 #include "start/Commandes.h"
 
+#include <QDeadlineTimer>
 #include <QMainWindow>
 #include <QTimer>
 #include <memory>
@@ -23,6 +24,7 @@ class MenusPraticien;
 class QPushButton;
 struct Depart;
 class Surveillance;
+class Veille;
 class Vues;
 
 /// The main window: wires menus, buttons and grids to the subsystems and owns no rule. Everything on it is
@@ -72,7 +74,7 @@ class FrmEntree : public QMainWindow {
     void vaAuJour(FrmMois::Foyer foyer);
     void Timer1_Timer();
 
-    /// A dialog, a menu, a drag or a reading would lose what it works on.
+    /// A dialog, a menu, a drag or an action under way would lose what it works on.
     bool estOccupe() const;
 
     std::unique_ptr<Ui::FrmEntree> ui;
@@ -89,8 +91,10 @@ class FrmEntree : public QMainWindow {
     ActionsOptions *m_options;
     Clavier *m_clavier;
     Surveillance *m_surveillance;
+    Veille *m_veille;
     QPushButton *BtnSemaine;
     QPushButton *BtnJour;
     QStringList m_dits; ///< what a start-up that goes on failing has told already
-    QTimer Timer1;
+    QTimer Timer1{this};
+    QDeadlineTimer m_apresClic; ///< until then another press may make it a double click
 };

@@ -1,9 +1,11 @@
 #include "start/Lancement.h"
 
+#include "platform/db/Attente.h"
 #include "platform/db/LockTest.h"
 #include "platform/printing/Printer.h"
 #include "platform/ui/Messages.h"
 #include "platform/word/OfficeProcess.h"
+#include "practice/AttenteVivante.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
 #include "start/Options.h"
@@ -118,6 +120,7 @@ int ouvreFenetre(Environnement &env, const Ouverture &ouverture, const Options &
         env.messages->error(impossible);
         return codeErreur;
     }
+    setAttente(attendEnDessinant);
     env.programme = QCoreApplication::applicationFilePath();
     env.fichierReglages =
         QStandardPaths::writableLocation(QStandardPaths::AppConfigLocation) + QStringLiteral("/tavelin.ini");

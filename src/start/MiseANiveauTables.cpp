@@ -1,5 +1,6 @@
 #include "start/MiseANiveauTables.h"
 
+#include "grid/RendezVousTables.h"
 #include "platform/db/DbError.h"
 #include "search/RechercheTables.h"
 
@@ -28,6 +29,29 @@ std::vector<IndexDef> indexRDV() {
     };
 }
 
+ExclusionDef placeUnique() {
+    return {QStringLiteral("RDVPlaceUnique"), SqlText("clng(NumPraticien), clng(Fauteuil)"),
+            SqlText("plagerdv(Date1, DateInv, HeureDebut, HeureFin)"), QStringLiteral("RefRDV")};
+}
+
+void exclutChevauchements(Database &base, MiseANiveau &bilan) {
+    constexpr size_t nommes = 20;
+    TableDef rdv = base.tableDef(tableRDV);
+    if (rdv.hasExclusion(placeUnique().name)) {
+        return;
+    }
+    const std::vector<qint64> refs = rdv.createExclusion(placeUnique());
+    bilan.chevauchements = int(refs.size());
+    for (size_t i = 0; i < std::min(nommes, refs.size()); ++i) {
+        bilan.premiers << LitRDV(base, refs[i]).value_or(RendezVous());
+    }
+}
+
+/// Whose day has changed, for workstations that show it (grid/Changement).
+NoticeDef annonceRDV() {
+    return {QStringLiteral("RDVAnnonce"), SqlText("clng(NumPraticien) & '|' & Date1")};
+}
+
 void remplit(Database &base) {
     base.execute(SqlText("Update RDV Set DateInv = iif((DateInv Is Null Or DateInv = '') And Date1 Is Not "
                          "Null, InverseDate(Date1), DateInv), Fauteuil = iif(Fauteuil Is Null, 0, Fauteuil) "
@@ -42,7 +66,8 @@ bool EstANiveau(Database &base) {
     TableDef rdv = base.tableDef(tableRDV);
     const TableDef config = base.tableDef(tableConfig);
     bool complet = rdv.hasField(champDateInv.name) && rdv.hasField(champFauteuil.name) &&
-                   config.hasField(champFauteuil.name);
+                   config.hasField(champFauteuil.name) && rdv.hasExclusion(placeUnique().name) &&
+                   rdv.hasNotice(annonceRDV().name);
     for (const IndexDef &index : indexRDV()) {
         complet = complet && rdv.hasIndex(index.name);
     }
@@ -67,14 +92,14 @@ QString ModifieTable(TableDef table, ActionTable action, const FieldDef &champ) 
     return {};
 }
 
-QString MetANiveau(Database &base) {
+MiseANiveau MetANiveau(Database &base) {
     const QString erreurRDV = QStringLiteral("Erreur ajout de champ dans la base RDV");
     const QString erreurConfig = QStringLiteral("Erreur ajout de champ dans la base Config");
     if (!base.tableDef(tableRDV).isUpdatable()) {
-        return erreurRDV;
+        return {erreurRDV};
     }
     if (!base.tableDef(tableConfig).isUpdatable()) {
-        return erreurConfig;
+        return {erreurConfig};
     }
     if (!base.tableDef(tableRDV).isKey(QStringLiteral("RefRDV"))) { // one action would change several rows
         throw DbError(DbError::Kind::Structure, base.path(),
@@ -83,6 +108,7 @@ QString MetANiveau(Database &base) {
     if (EstANiveau(base)) {
         return {};
     }
+    MiseANiveau bilan;
     Transaction transaction(base);
     ModifieTable(base.tableDef(tableRDV), ActionTable::Append, champDateInv);
     ModifieTable(base.tableDef(tableConfig), ActionTable::Append, champFauteuil);
@@ -94,6 +120,10 @@ QString MetANiveau(Database &base) {
             rdv.createIndex(index);
         }
     }
+    exclutChevauchements(base, bilan);
+    if (!rdv.hasNotice(annonceRDV().name)) {
+        rdv.createNotice(annonceRDV());
+    }
     transaction.commit();
-    return {};
+    return bilan;
 }

@@ -43,6 +43,7 @@ void Surveillance::commence() {
     if (m_lecture.joinable()) {
         return;
     }
+    emit commencee();
     const QString carnet = m_env.chemins.realDatabase(m_env.CheminBaseRDV);
     const QDateTime limite = m_env.maintenant().addMonths(-moisGardes);
     m_lecture = std::jthread([this, carnet, limite](const std::stop_token &fin) {

@@ -18,6 +18,8 @@ class Surveillance : public QObject {
     void commenceApresImage(QWidget &fenetre);
 
   signals:
+    /// Its picture is on the screen.
+    void commencee();
     /// env.lectureSeule says why the book may only be read.
     void lectureSeule();
 

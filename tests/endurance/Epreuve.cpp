@@ -2,6 +2,8 @@
 // are killed at any moment. Never may two appointments of one practitioner and chair have a moment in common;
 // afterwards the books must hold what was acknowledged, whole and once, at most what was under way, no half
 // of a patient, and a history that tells of each appointment how it came to be what it is.
+// epreuve --serveur [SECONDS [SEED [morts]]]: the same on the private server of avec-postgres, for so long,
+// the workstations never killed; with "morts" the server itself is, every two seconds.
 #include "Schema.h"
 #include "booking/Annulation.h"
 #include "booking/RangeeTables.h"
@@ -29,8 +31,11 @@ constexpr int postes = 8;
 const QDate lundi(2026, 3, 9);
 const Base bases[] = {Base::RendezVous, Base::Patients, Base::PatientsCrees};
 
+/// `dossier`: a folder, or a server's database.
 QString fichier(const QString &dossier, Base base) {
-    return dossier + u'/' + schema(base).fichier;
+    const QString entre = dossier.startsWith(QStringLiteral("postgresql:")) ? QStringLiteral("\\Fichiers\\")
+                                                                            : QStringLiteral("/");
+    return dossier + entre + schema(base).fichier;
 }
 
 /// An appointment in one line. No two writes leave the same: each has a name of its own.
@@ -59,7 +64,10 @@ class Poste {
             try {
                 ecrit = i % 5 == 0 ? creePatient() : i % 3 == 0 ? remet() : reserve();
             } catch (const DbError &erreur) {
-                if (erreur.kind() != DbError::Kind::Locked) {
+                if (erreur.kind() == DbError::Kind::UnknownOutcome) {
+                    ecrit = etaitEcrit(erreur);
+                } else if (erreur.kind() != DbError::Kind::Locked &&
+                           erreur.kind() != DbError::Kind::Unreachable) {
                     throw;
                 }
             }
@@ -70,6 +78,17 @@ class Poste {
   private:
     int entre(int a, int b) { return std::uniform_int_distribution(a, b)(m_hasard); }
     void annonce(const QString &avant, const QString &apres) { m_dit << avant << '\t' << apres << Qt::endl; }
+
+    /// Asks until the server is there again.
+    static bool etaitEcrit(const DbError &doute) {
+        for (;;) {
+            try {
+                return Database::open(doute.file()).wasWritten(doute.writing());
+            } catch (const DbError &) {
+                QThread::msleep(100); // between two questions
+            }
+        }
+    }
 
     bool creePatient() {
         Database patient = Database::open(fichier(m_dossier, Base::Patients));
@@ -286,27 +305,30 @@ void verifie(Bilan &bilan, Journal &journal, const QString &dossier) {
     }
 }
 
-/// Lets the workstations write for a while, looks for overlaps meanwhile, and kills them one after the other.
-void tour(Bilan &bilan, std::mt19937 &hasard) {
-    const QTemporaryDir dossier;
+using Postes = std::vector<std::unique_ptr<QProcess>>;
+
+void creeLivres(const QString &dossier) {
     for (const Base base : bases) {
-        creeBase(fichier(dossier.path(), base), schema(base));
+        creeBase(fichier(dossier, base), schema(base));
     }
-    Database rdv = Database::open(fichier(dossier.path(), Base::RendezVous));
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous));
     MetANiveau(rdv);
     PrepareJournal(rdv);
-    std::vector<std::unique_ptr<QProcess>> processus;
+}
+
+Postes lancePostes(const QString &dossier, std::mt19937 &hasard) {
+    Postes processus;
     for (int i = 0; i < postes; ++i) {
         QProcess &p = *processus.emplace_back(std::make_unique<QProcess>());
         p.setProcessChannelMode(QProcess::ForwardedErrorChannel);
         p.start(QCoreApplication::applicationFilePath(),
-                {QStringLiteral("--poste"), QString::number(hasard()), dossier.path()});
+                {QStringLiteral("--poste"), QString::number(hasard()), dossier});
     }
-    const auto fin = std::chrono::steady_clock::now() + std::chrono::milliseconds(300 + hasard() % 2000);
-    while (std::chrono::steady_clock::now() < fin) {
-        bilan.chevauchements +=
-            chevauchements(rendezVous(dossier.path())); // one that is undone later counts too
-    }
+    return processus;
+}
+
+/// Kills them one after the other; gives what they said.
+Journal arrete(const Postes &processus, Bilan &bilan, std::mt19937 &hasard) {
     Journal journal;
     for (const auto &p : processus) {
         p->waitForFinished(0); // it goes on without end, or has failed
@@ -318,7 +340,69 @@ void tour(Bilan &bilan, std::mt19937 &hasard) {
         p->waitForFinished();
         journal.lit(p->readAllStandardOutput());
     }
+    return journal;
+}
+
+/// Lets the workstations write for a while, looks for overlaps meanwhile, and kills them one after the other.
+void tour(Bilan &bilan, std::mt19937 &hasard) {
+    const QTemporaryDir dossier;
+    creeLivres(dossier.path());
+    const Postes processus = lancePostes(dossier.path(), hasard);
+    const auto fin = std::chrono::steady_clock::now() + std::chrono::milliseconds(300 + hasard() % 2000);
+    while (std::chrono::steady_clock::now() < fin) {
+        bilan.chevauchements +=
+            chevauchements(rendezVous(dossier.path())); // one that is undone later counts too
+    }
+    Journal journal = arrete(processus, bilan, hasard);
     verifie(bilan, journal, dossier.path());
+}
+
+/// The private server's own commands, as avec-postgres wrote them.
+void commande(const QString &quoi) {
+    QProcess::execute(qEnvironmentVariable("TAVELIN_SERVEUR_COMMANDE"), {quoi});
+}
+
+int dis(const Bilan &bilan, const QString &titre) {
+    QTextStream(stdout) << titre << "\nAcquittés : " << bilan.acquittes
+                        << "\nEn cours à l'arrêt : " << bilan.enCours
+                        << "\nAnnulés ou refaits : " << bilan.remis
+                        << "\nChevauchements : " << bilan.chevauchements
+                        << "\nFautes : " << bilan.fautes.size() << '\n'
+                        << bilan.fautes.join(u'\n') << '\n';
+    return bilan.acquittes > 0 && bilan.remis > 0 && bilan.chevauchements == 0 && bilan.fautes.isEmpty() ? 0
+                                                                                                         : 1;
+}
+
+int surLeServeur(int secondes, unsigned graine, bool tue) {
+    constexpr std::chrono::seconds entreDeuxMorts{2};
+    const QString serveur = qEnvironmentVariable("TAVELIN_SERVEUR");
+    if (serveur.isEmpty()) {
+        QTextStream(stdout) << "Pas de serveur : rien n'est essayé\n";
+        return qEnvironmentVariableIsSet("CI") ? 1 : 0;
+    }
+    std::mt19937 hasard(graine);
+    Bilan bilan;
+    int morts = 0;
+    creeLivres(serveur);
+    const Postes processus = lancePostes(serveur, hasard);
+    const auto debut = std::chrono::steady_clock::now();
+    auto mort = debut + entreDeuxMorts;
+    while (std::chrono::steady_clock::now() < debut + std::chrono::seconds(secondes)) {
+        if (tue && std::chrono::steady_clock::now() > mort) {
+            commande(QStringLiteral("kill"));
+            commande(QStringLiteral("start"));
+            ++morts;
+            mort = std::chrono::steady_clock::now() + entreDeuxMorts;
+        }
+        try {
+            bilan.chevauchements += chevauchements(rendezVous(serveur));
+        } catch (const DbError &) { // it has just been killed
+            continue;
+        }
+    }
+    Journal journal = arrete(processus, bilan, hasard);
+    verifie(bilan, journal, serveur);
+    return dis(bilan, QStringLiteral("Serveur tué : %1 fois (graine %2)").arg(morts).arg(graine));
 }
 
 int dirige(int tours, unsigned graine) {
@@ -327,14 +411,7 @@ int dirige(int tours, unsigned graine) {
     for (int i = 0; i < tours; ++i) {
         tour(bilan, hasard);
     }
-    QTextStream(stdout) << "Arrêts : " << tours * postes << " (graine " << graine
-                        << ")\nAcquittés : " << bilan.acquittes << "\nEn cours à l'arrêt : " << bilan.enCours
-                        << "\nAnnulés ou refaits : " << bilan.remis
-                        << "\nChevauchements : " << bilan.chevauchements
-                        << "\nFautes : " << bilan.fautes.size() << '\n'
-                        << bilan.fautes.join(u'\n') << '\n';
-    return bilan.acquittes > 0 && bilan.remis > 0 && bilan.chevauchements == 0 && bilan.fautes.isEmpty() ? 0
-                                                                                                         : 1;
+    return dis(bilan, QStringLiteral("Arrêts : %1 (graine %2)").arg(tours * postes).arg(graine));
 }
 
 } // namespace
@@ -345,6 +422,11 @@ int main(int argc, char **argv) {
     try {
         if (arguments.value(1) == u"--poste") {
             Poste(arguments[2], arguments[3]).travaille();
+        }
+        if (arguments.value(1) == u"--serveur") {
+            return surLeServeur(arguments.value(2, QStringLiteral("20")).toInt(),
+                                arguments.value(3, QStringLiteral("1")).toUInt(),
+                                arguments.value(4) == u"morts");
         }
         const QString graine = arguments.value(2, QString::number(std::random_device()()));
         return dirige(arguments.value(1, QStringLiteral("20")).toInt(), graine.toUInt());

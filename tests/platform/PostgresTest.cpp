@@ -134,6 +134,7 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
     serveur->demande(
         "create role motdepasse login password 'x'; create role lecteur login;"
         "create role compte login connection limit 0; create role interdit login;"
+        "create role aveugle login;"
         "grant usage on schema tavelin, dialecte to lecteur; grant select on tavelin.rdv to lecteur");
     const QTemporaryDir dossier;
     const auto passfile = [&](const char *nom, QFile::Permissions droits) {
@@ -152,15 +153,16 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
                 listen(muet, 1) == 0);
     serveur->demande("create database latine_" + serveur->base().toUtf8() +
                      " template template0 encoding latin1 locale 'C'");
+    serveur->demande("revoke connect on database latine_" + serveur->base().toUtf8() + " from public");
     const auto ici = [&](const char *nom, const QString &plus = {}) {
         return serveur->lieu(q("Tavelin.mdb"), q(nom), plus);
     };
     const auto base = [&](const QString &nom) { return ici("tavelin").replace(serveur->base(), nom); };
     struct Rangee {
-        const char *nom;
+        const char *nom = nullptr;
         QString lieu;
-        Kind sorte;
-        const char *phrase;
+        Kind sorte = Kind::Other;
+        const char *phrase = nullptr;
     };
     const Rangee rangees[] = {
         {"wrong password", ici("motdepasse", faux), Kind::Refused, "fichier des mots de passe"},
@@ -171,9 +173,14 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
         {"unknown role", ici("personne"), Kind::Refused, "n'admet pas"},
         {"no rule", ici("interdit"), Kind::Refused, "n'admet pas"},
         {"weak line", q("postgresql://hote/b?sslmode=require\\T.mdb"), Kind::Refused, "verify-full"},
+        {"weak line by address", q("postgresql:///b?hostaddr=10.0.0.1&sslmode=prefer\\T.mdb"), Kind::Refused,
+         "verify-full"},
         {"no database", base(q("absente")), Kind::Missing, "La base « absente » du serveur de ce poste est"},
         {"no schema", serveur->lieu(q("Param.mdb")), Kind::Missing, "n'a pas de « param »"},
         {"another encoding", base(q("latine_") + serveur->base()), Kind::UnknownFormat, "UTF-8"},
+        {"no right on the schema", ici("aveugle"), Kind::Refused, "le droit de lire"},
+        {"another practice's", base(q("latine_") + serveur->base()).replace(q("tavelin@"), q("aveugle@")),
+         Kind::Refused, "le droit de lire"},
         {"too many", ici("compte"), Kind::Unreachable, "trop de postes"},
         {"unknown host", q("postgresql://nulle.part.invalid/b\\Tavelin.mdb"), Kind::Unreachable,
          "Le serveur « nulle.part.invalid » est inconnu"},
@@ -219,14 +226,15 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
     }
     EXPECT_FALSE(lecteur.tableDef(table).isUpdatable());
     serveur->demande("drop database latine_" + serveur->base().toUtf8() + " with (force)");
-    serveur->demande("drop owned by lecteur; drop role motdepasse, lecteur, compte, interdit");
+    serveur->demande("drop owned by lecteur; drop role motdepasse, lecteur, compte, interdit, aveugle");
 }
 
 TEST(PostgresErrors, EveryStateHasItsSentence) {
     struct Rangee {
-        const char *etat, *anglais;
-        Kind sorte;
-        const char *phrase;
+        const char *etat = nullptr;
+        const char *anglais = nullptr;
+        Kind sorte = Kind::Other;
+        const char *phrase = nullptr;
     };
     const Rangee rangees[] = {
         {"57P03", "the database system is starting up", Kind::Unreachable, "démarre"},

@@ -35,8 +35,7 @@ class Cabinet {
     Cabinet(const std::function<QString(const QString &)> &lieu, QString ou) : dossier(std::move(ou)) {
         for (const Base base : toutesLesBases) {
             m_lieux[base] = lieu(schema(base).fichier);
-            creeBase(m_lieux[base], schema(base),
-                     base == Base::RendezVous ? Forme::Ancienne : Forme::Actuelle);
+            creeBase(m_lieux[base], schema(base));
         }
     }
     Database ouvre(Base base) const { return Database::open(m_lieux[base]); }
@@ -98,7 +97,6 @@ const std::vector<Value> fauteuils{0, 1, 1, 2, 12, Value()};
 
 void remplitCarnet(const Cabinet &cabinet) {
     Database carnet = cabinet.carnet();
-    MetANiveau(carnet);
     Hasard hasard;
     Transaction transaction(carnet);
     constexpr int combien = 600;
@@ -131,12 +129,15 @@ void remplitCarnet(const Cabinet &cabinet) {
         }
     }
     transaction.commit();
+    MetANiveau(carnet); // what overlaps by then is let stand
 }
 
 void remplitSuite(const Cabinet &cabinet) {
     Hasard hasard;
     Database patients = cabinet.ouvre(Base::Patients);
     Database actes = cabinet.ouvre(Base::Actes);
+    Transaction desPatients(patients);
+    Transaction desActes(actes);
     for (int i = 0; i < 120; ++i) {
         patients.insert(q("TabPat"),
                         {{q("nom"), hasard.parmi(noms)},
@@ -151,6 +152,8 @@ void remplitSuite(const Cabinet &cabinet) {
                                   {q("Libellé"), hasard.parmi(noms)},
                                   {q("Coefficient"), hasard.parmi({15.0, 2.5, Value()})}});
     }
+    desPatients.commit();
+    desActes.commit();
     Database parametres = cabinet.ouvre(Base::Parametres);
     Database impression = cabinet.ouvre(Base::ParametresImpression);
     for (const int code : {3, 1, 2, 1}) {
@@ -203,17 +206,17 @@ QString tous(const Liste &liste) {
     return textes.join(u'\n');
 }
 
-/// Fields that only one of the two has are not asked for.
 QString table(Database &base, const SqlText &sql) {
-    QStringList lignes;
-    for (const Record ligne : base.query(sql)) {
+    const Records lignes = base.query(sql);
+    QStringList textes;
+    for (const Record ligne : lignes) {
         QStringList champs;
-        for (int i = 0; i < base.query(sql).fields().size(); ++i) {
+        for (int i = 0; i < lignes.fields().size(); ++i) {
             champs << dit(ligne.at(i));
         }
-        lignes << champs.join(u'|');
+        textes << champs.join(u'|');
     }
-    return lignes.join(u'\n');
+    return textes.join(u'\n');
 }
 
 template <size_t N>
@@ -229,11 +232,13 @@ QString rendezVous(const Cabinet &cabinet) {
     for (const long praticien : {0L, 1L, 2L, 10L, -1L}) {
         textes << tous(RendezVousEntre(carnet, mercredi.addDays(-2), mercredi.addDays(3), praticien,
                                        std::nullopt))
-               << tous(RendezVousEntre(carnet, QDate(1700, 1, 1), mercredi, praticien, 1))
-               << tous(TempsDuMois(carnet, mercredi, praticien).isEmpty() ? QList<Value>() : QList<Value>{1});
+               << tous(RendezVousEntre(carnet, QDate(1700, 1, 1), mercredi, praticien, 1));
+        QStringList temps; // a sum is made of them: their order is nobody's concern
         for (const TempsPris &pris : TempsDuMois(carnet, mercredi, praticien)) {
-            textes << pris.jour.toString() + pris.plage.debut.toString() + pris.plage.fin.toString();
+            temps << pris.jour.toString() + pris.plage.debut.toString() + pris.plage.fin.toString();
         }
+        temps.sort();
+        textes << temps;
         for (const Absent &absent : Absents(carnet, praticien, mercredi)) {
             textes << unis(absent.textes());
         }
@@ -389,7 +394,7 @@ QString ecritures(const Cabinet &cabinet) {
         carnet,
         SqlText("select RefJournal, Quand, Poste, Utilisateur, Quoi, RefRDV, NumPraticien, Jour, JourAvant, "
                 "Patient, PatientAvant, Avant, Apres from TavJournal order by RefJournal"));
-    textes << MetANiveau(carnet) << QString::number(EstANiveau(carnet));
+    textes << MetANiveau(carnet).erreur << QString::number(EstANiveau(carnet));
     return textes.join(u'\n');
 }
 

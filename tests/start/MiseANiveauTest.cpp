@@ -26,7 +26,7 @@ class MiseANiveauTest : public testing::Test {
     }
     std::string metANiveau() {
         Database base = Database::open(fichier);
-        return MetANiveau(base).toStdString();
+        return MetANiveau(base).erreur.toStdString();
     }
     /// "day key/chair" of each appointment, then the configuration's chair; "-" for Null.
     std::string champs() {

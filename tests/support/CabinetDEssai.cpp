@@ -28,6 +28,7 @@ const Environnement &CabinetDEssai::environnement() {
     m_env.traitementDeTexte = [this] { return std::make_unique<RecordingWord>(word); };
     m_env.fichierReglages = m_temporaire.filePath(QStringLiteral("reglages.ini"));
     m_env.patience = std::chrono::milliseconds(300);
+    m_env.rythme = std::chrono::milliseconds(0); // the timer's tick is a test's own
     Database chemins = ouvre(Base::Chemins);
     m_env.prendEmplacements(LitChemin(chemins).value());
     return m_env;

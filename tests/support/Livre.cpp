@@ -1,6 +1,7 @@
 #include "support/Livre.h"
 
 #include "platform/db/DateInverse.h"
+#include "support/Serveur.h"
 
 namespace {
 
@@ -24,9 +25,15 @@ Configuration configDe(const RangConfig &rang) {
             .HeurePMFin = heure(3)};
 }
 
-Livre::Livre() : m_fichier(m_dossier.filePath(q("Tavelin.mdb"))) {
+Livre::Livre() {
+    if (qEnvironmentVariable("TAVELIN_LIVRES") == q("serveur")) {
+        m_serveur = std::make_unique<Serveur>();
+    }
+    m_fichier = m_serveur ? m_serveur->lieu() : m_dossier.filePath(q("Tavelin.mdb"));
     creeBase(m_fichier, schema(Base::RendezVous));
 }
+
+Livre::~Livre() = default;
 
 Livre::Livre(QString fichier) : m_fichier(std::move(fichier)) {
     execute(SqlText("delete from RDV"));
@@ -75,7 +82,7 @@ void Livre::config(const RangConfig &rang) const {
 }
 
 std::string Livre::configs() const {
-    const Records rows = ouvre().query(SqlText("Select * from Config"));
+    const Records rows = ouvre().query(SqlText("Select * from Config order by CleLigne"));
     QStringList textes;
     for (const Record row : rows) {
         textes << row[u"NomConfig"].toText() + u' ' + row[u"NumPraticien"].toText() + u' ' +

@@ -6,6 +6,7 @@
 #include "support/Texte.h"
 
 #include <QTemporaryDir>
+#include <memory>
 
 /// A row of RDV and one of Config, spelled as the book stores them.
 struct RangRDV {
@@ -33,11 +34,16 @@ struct RangConfig {
 /// The configuration that such a row is loaded as.
 Configuration configDe(const RangConfig &rang = {});
 
+class Serveur;
+
 /// An appointment book, empty at first.
 class Livre {
   public:
-    /// Its own file, which goes with it.
+    /// Its own, which goes with it: a file, or with TAVELIN_LIVRES=serveur a database on the tests' server.
     Livre();
+    ~Livre();
+    Livre(const Livre &) = delete;
+    Livre &operator=(const Livre &) = delete;
     /// The book of a practice, which loses its appointments and configurations.
     explicit Livre(QString fichier);
 
@@ -54,5 +60,6 @@ class Livre {
 
   private:
     QTemporaryDir m_dossier;
+    std::unique_ptr<Serveur> m_serveur;
     QString m_fichier;
 };

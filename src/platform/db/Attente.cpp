@@ -7,7 +7,9 @@ namespace {
 
 thread_local std::function<Attente> chosen;
 
-bool waits(int socket, bool read, bool write, std::chrono::milliseconds limit) {
+} // namespace
+
+bool attendsSeulement(int socket, bool read, bool write, std::chrono::milliseconds limit) {
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + limit;
     pollfd waited{socket, short((read ? POLLIN : 0) | (write ? POLLOUT : 0)), 0};
@@ -20,13 +22,11 @@ bool waits(int socket, bool read, bool write, std::chrono::milliseconds limit) {
     }
 }
 
-} // namespace
-
 void setAttente(std::function<Attente> attente) {
     chosen = std::move(attente);
 }
 
 bool attends(int socket, bool read, bool write, std::chrono::milliseconds limit) {
     const std::function<Attente> wait = chosen; // what happens meanwhile may choose another
-    return wait ? wait(socket, read, write, limit) : waits(socket, read, write, limit);
+    return wait ? wait(socket, read, write, limit) : attendsSeulement(socket, read, write, limit);
 }

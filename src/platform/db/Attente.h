@@ -11,5 +11,8 @@ using Attente = bool(int socket, bool read, bool write, std::chrono::millisecond
 /// may use databases, too; it must not throw. An empty one brings the plain wait back.
 void setAttente(std::function<Attente> attente);
 
+/// What is done where nothing else was chosen, and for a choice that only adds to it: poll(2).
+Attente attendsSeulement;
+
 /// The one wait for everything that comes over a network.
 Attente attends;

@@ -106,6 +106,10 @@ bool Database::wasWritten(const QString &writing) {
     return m_engine->wasWritten(writing);
 }
 
+QString placeLabel(const QString &location) {
+    return ServerLocation::isOne(location) ? ServerLocation::of(location).label() : QString();
+}
+
 QString checkBook(const QString &path, const std::stop_token &stop) {
     if (ServerLocation::isOne(path)) { // who keeps the server checks what it keeps
         return {};

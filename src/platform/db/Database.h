@@ -60,6 +60,9 @@ class Database {
     std::unique_ptr<Engine> m_engine;
 };
 
+/// Where a database lives, as a status bar says it: "serveur cabinet"; nothing for a file.
+QString placeLabel(const QString &location);
+
 /// Reads all of a book and compares its indexes with its tables: what a damaged index leaves out is not
 /// missed by any query. Gives a French sentence about the damage, else an empty text; also when `stop` ended
 /// it, or when other workstations write all the time. 500,000 appointments take about 0.7 s; for a thread of

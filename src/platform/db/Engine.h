@@ -54,4 +54,7 @@ class Engine {
                                                 const ExclusionDef & /*exclusion*/) {
         return {};
     }
+    /// An engine whose files count their own changes needs no notices, and has them all.
+    virtual bool hasNotice(const QString & /*notice*/) { return true; }
+    virtual void createNotice(const QString & /*table*/, const NoticeDef & /*notice*/) {}
 };

@@ -116,10 +116,6 @@ PGVerbosity PQsetErrorVerbosity(PGconn *conn, PGVerbosity verbosity) {
     return passOn<PQsetErrorVerbosity>("PQsetErrorVerbosity", conn, verbosity);
 }
 
-PQnoticeProcessor PQsetNoticeProcessor(PGconn *conn, PQnoticeProcessor proc, void *arg) {
-    return passOn<PQsetNoticeProcessor>("PQsetNoticeProcessor", conn, proc, arg);
-}
-
 int PQsetnonblocking(PGconn *conn, int arg) {
     return passOn<PQsetnonblocking>("PQsetnonblocking", conn, arg);
 }
@@ -132,6 +128,14 @@ ConnStatusType PQstatus(const PGconn *conn) {
     return passOn<PQstatus>("PQstatus", conn);
 }
 
-PGTransactionStatusType PQtransactionStatus(const PGconn *conn) {
-    return passOn<PQtransactionStatus>("PQtransactionStatus", conn);
+void PQfreemem(void *ptr) {
+    passOn<PQfreemem>("PQfreemem", ptr);
+}
+
+PGnotify *PQnotifies(PGconn *conn) {
+    return passOn<PQnotifies>("PQnotifies", conn);
+}
+
+PQnoticeReceiver PQsetNoticeReceiver(PGconn *conn, PQnoticeReceiver proc, void *arg) {
+    return passOn<PQsetNoticeReceiver>("PQsetNoticeReceiver", conn, proc, arg);
 }

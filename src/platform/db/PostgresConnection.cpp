@@ -3,7 +3,6 @@
 #include "platform/db/Attente.h"
 #include "platform/db/PostgresConnecting.h"
 
-#include <QHash>
 #include <atomic>
 #include <libpq-fe.h>
 
@@ -44,24 +43,37 @@ std::shared_ptr<PostgresConnection> PostgresConnection::connect(const ServerLoca
         return nullptr;
     }
     PQsetnonblocking(made, 1);
-    PQsetNoticeProcessor(
-        made, [](void *, const char *) {}, nullptr);
-    return std::shared_ptr<PostgresConnection>(new PostgresConnection(made));
+    std::shared_ptr<PostgresConnection> connection(new PostgresConnection(made));
+    const auto hear = [](void *listener, const pg_result *notice) {
+        const QByteArray severity = PQresultErrorField(notice, PG_DIAG_SEVERITY_NONLOCALIZED);
+        if (severity == "FATAL" || severity == "PANIC") {
+            static_cast<PostgresConnection *>(listener)->m_dismissed = true;
+        }
+    };
+    PQsetNoticeReceiver(made, hear, connection.get());
+    return connection;
 }
 
 PostgresConnection::~PostgresConnection() {
     PQfinish(m_connection);
 }
 
+/// A server that shut down has said so, and then closed the line: each is read by itself.
 bool PostgresConnection::isAlive() {
-    // A server that shut down has said so, or closed the line: that is there to be read.
-    return PQstatus(m_connection) == CONNECTION_OK && PQconsumeInput(m_connection) == 1 &&
-           PQstatus(m_connection) == CONNECTION_OK && PQtransactionStatus(m_connection) != PQTRANS_UNKNOWN;
+    if (PQstatus(m_connection) != CONNECTION_OK || PQconsumeInput(m_connection) != 1) {
+        return false;
+    }
+    PQisBusy(m_connection); // looks at what has come
+    return !m_dismissed && PQstatus(m_connection) == CONNECTION_OK;
 }
 
 PostgresAnswer PostgresConnection::run(const QByteArray &sql, std::chrono::milliseconds limit) {
     const QDeadlineTimer end(limit);
     PostgresAnswer answer;
+    if (m_busy) { // by what happened while it was waited for: the answers would be taken for one another
+        answer.failure = {{}, "another command is in progress"};
+        return answer;
+    }
     ++trips;
     m_busy = true;
     if (PQsendQuery(m_connection, sql.constData()) != 1 || !flush(end)) {
@@ -125,22 +137,22 @@ PostgresFailure PostgresConnection::lost(const QByteArray &why) {
     return failure;
 }
 
-qint64 PostgresConnection::roundTrips() {
-    return trips;
+std::optional<QStringList> PostgresConnection::notices() {
+    if (PQconsumeInput(m_connection) != 1 || PQstatus(m_connection) != CONNECTION_OK) {
+        return std::nullopt;
+    }
+    QStringList told;
+    while (PGnotify *notice = PQnotifies(m_connection)) {
+        told << QString::fromUtf8(notice->extra);
+        PQfreemem(notice);
+    }
+    return told;
 }
 
-std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure) {
-    thread_local QHash<QString, QList<std::shared_ptr<PostgresConnection>>> kept;
-    QList<std::shared_ptr<PostgresConnection>> &ours = kept[place.url];
-    ours.removeIf([](const auto &each) { return !each->isBusy() && !each->isAlive(); });
-    for (const auto &each : std::as_const(ours)) {
-        if (!each->isBusy() && each->owner == nullptr) {
-            return each;
-        }
-    }
-    std::shared_ptr<PostgresConnection> made = PostgresConnection::connect(place, failure);
-    if (made) { // others may have come while it was made
-        kept[place.url].append(made);
-    }
-    return made;
+int PostgresConnection::socket() const {
+    return PQsocket(m_connection);
+}
+
+qint64 PostgresConnection::roundTrips() {
+    return trips;
 }

@@ -1,15 +1,16 @@
 #pragma once
 
-#include "platform/db/PostgresSchema.h"
 #include "platform/db/ServerLocation.h"
 
 #include <QByteArray>
 #include <QDeadlineTimer>
+#include <QStringList>
 #include <memory>
 #include <optional>
 #include <vector>
 
 struct pg_conn;
+struct pg_result;
 
 struct ForgetsResult {
     void operator()(pg_result *result) const;
@@ -30,8 +31,7 @@ struct PostgresAnswer {
     std::optional<PostgresFailure> failure;
 };
 
-/// One connection to a server, waited for by attends() alone. One user at a time sends, and nobody but him
-/// while his transaction is open.
+/// One connection to a server, waited for by attends() alone. One user at a time has it.
 class PostgresConnection {
   public:
     /// Nothing when that fails, which `failure` tells.
@@ -41,18 +41,17 @@ class PostgresConnection {
     PostgresConnection &operator=(const PostgresConnection &) = delete;
 
     /// Sends statements parted by ";" and waits for all of them: one round trip. A server that says nothing
-    /// for `limit` counts as lost.
+    /// for `limit` counts as lost. Refused while it waits already.
     PostgresAnswer run(const QByteArray &sql, std::chrono::milliseconds limit);
     /// Whether the line still stands, as far as can be seen without asking the server.
     bool isAlive();
 
-    bool isBusy() const { return m_busy; }
-    /// Whose transaction is open, or nobody's.
-    const void *owner = nullptr;
+    /// What was told to whoever listens; nothing when the line is gone.
+    std::optional<QStringList> notices();
+    int socket() const;
+
     /// What was set for the statements that follow; empty: unknown.
     QByteArray settings;
-    /// What its schemas held when they were last looked at.
-    QHash<QString, PostgresCatalogue> catalogues;
     bool hasTidied = false; ///< old keys of transactions, once a connection
 
     /// How often this program has waited for an answer of a server, connecting apart.
@@ -67,8 +66,5 @@ class PostgresConnection {
 
     pg_conn *m_connection;
     bool m_busy = false;
+    bool m_dismissed = false; ///< by a server that is about to close the line
 };
-
-/// A connection of this thread to that server that nobody else's transaction or statement keeps; made, or
-/// made anew, where there is none. Connections stay for the thread's life. Nothing when it fails, as above.
-std::shared_ptr<PostgresConnection> freeConnection(const ServerLocation &place, PostgresFailure &failure);

@@ -1,6 +1,7 @@
 // What PostgresEngine does with tables, not with rows.
 #include "platform/db/DbError.h"
 #include "platform/db/PostgresEngine.h"
+#include "platform/db/PostgresPool.h"
 #include "platform/db/SqlDialect.h"
 
 #include <libpq-fe.h>
@@ -48,14 +49,15 @@ QStringList termsOf(const QString &list) {
     return terms;
 }
 
-/// Marks every row that begins before one ends that began before it.
+/// Marks every row that begins before one ends that began before it. Each range is reckoned once.
 QString marking(const QString &table, const QString &key, const QString &same, const QString &range) {
     return QStringLiteral(
                "ALTER TABLE %1 ADD COLUMN IF NOT EXISTS %5 bigint NOT NULL DEFAULT 0;"
-               "WITH places AS (SELECT %2 AS cle, lower(%4) < max(upper(%4)) OVER (PARTITION BY %3 ORDER BY "
-               "lower(%4), %2 ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS clashes FROM %1 "
-               "WHERE %4 IS NOT NULL) UPDATE %1 SET %5 = 1 FROM places WHERE %2 = cle AND clashes RETURNING "
-               "%2;")
+               "WITH places AS (SELECT cle, lower(plage) < max(upper(plage)) OVER (PARTITION BY ou "
+               "ORDER BY lower(plage), cle ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS gene "
+               "FROM (SELECT %2 AS cle, ROW(%3) AS ou, %4 AS plage FROM %1 OFFSET 0) AS p "
+               "WHERE plage IS NOT NULL) "
+               "UPDATE %1 SET %5 = 1 FROM places WHERE %2 = cle AND gene RETURNING %2;")
         .arg(table, key, same, range, oldClashField);
 }
 
@@ -69,34 +71,33 @@ std::unique_ptr<PostgresEngine> PostgresEngine::create(const QString &location) 
                  QString::fromUtf8(dialectStatements()) + QStringLiteral("CREATE SCHEMA ") +
                  SqlDialect::postgresName(engine->m_place.schema));
     engine->m_changesTables = false;
-    engine->connection()->catalogues.clear();
+    forgetCatalogues(engine->m_place.url);
     engine->verify();
     return engine;
 }
 
 PostgresCatalogue PostgresEngine::read(const QString &schema) {
-    return PostgresCatalogue::of(send(QString::fromUtf8(PostgresCatalogue::query(schema))).back().get());
+    const auto results = send(QString::fromUtf8(PostgresCatalogue::query(schema)));
+    const PostgresCatalogue found = PostgresCatalogue::of(results.back().get());
+    keepCatalogue({m_place.url, schema}, found);
+    return found;
 }
 
-const PostgresCatalogue &PostgresEngine::known(const QString &schema) {
-    const std::shared_ptr<PostgresConnection> line = connection();
-    if (!line->catalogues.contains(schema)) {
-        line->catalogues[schema] = read(schema);
-    }
-    return line->catalogues[schema];
+PostgresCatalogue PostgresEngine::known(const QString &schema) {
+    const std::optional<PostgresCatalogue> found = knownCatalogue({m_place.url, schema});
+    return found ? *found : read(schema);
 }
 
 const PostgresCatalogue &PostgresEngine::catalogue() {
     if (!m_catalogue) {
         m_catalogue = read(m_place.schema);
-        connection()->catalogues[m_place.schema] = *m_catalogue;
     }
     return *m_catalogue;
 }
 
-/// Looked at once a connection; a schema that is not there, each time.
+/// Looked at by the first who comes; a schema that is not there, each time.
 void PostgresEngine::verify() {
-    const bool isNew = !connection()->catalogues.contains(m_place.schema);
+    const bool isNew = !knownCatalogue(m_place);
     const PostgresCatalogue found = known(m_place.schema);
     if (found.serverVersion < oldestPostgres || !found.isUtf8) {
         throw DbError(DbError::Kind::UnknownFormat, m_location,
@@ -105,8 +106,12 @@ void PostgresEngine::verify() {
                           : QStringLiteral("elle n'est pas codée en UTF-8"));
     }
     if (!found.exists || found.dialectVersion == 0) {
-        connection()->catalogues.remove(m_place.schema);
+        forgetCatalogues(m_place.url);
         throw DbError(DbError::Kind::Missing, m_location, m_place.schema);
+    }
+    if (!found.isReadable) {
+        forgetCatalogues(m_place.url);
+        fail({"42501", {}});
     }
     if (isNew) {
         m_catalogue = found;
@@ -118,7 +123,7 @@ QString PostgresEngine::keyOf(const QString &table) {
     const QString schema = m_attached.value(alias, m_place.schema);
     const QString name = SqlDialect::postgresName(table.section(u'.', -1));
     if (!known(schema).tables.contains(name)) { // it may have come since
-        connection()->catalogues[schema] = read(schema);
+        return read(schema).tables.value(name).key;
     }
     return known(schema).tables.value(name).key;
 }
@@ -154,7 +159,7 @@ void PostgresEngine::changesTables(const QString &native) {
     send(native);
     m_changesTables = m_transaction != nullptr;
     m_catalogue.reset();
-    connection()->catalogues.remove(m_place.schema);
+    forgetCatalogues(m_place.url);
 }
 
 void PostgresEngine::createTable(const QString &table, const std::vector<FieldDef> &fields) {
@@ -196,11 +201,10 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
     const QString key = SqlDialect::postgresName(exclusion.key);
     m_changesTables = true;
     const auto marked = send(marking(tableName(table), key, same, range));
-    const int rows = PQntuples(marked.back().get());
-    std::vector<qint64> keys;
-    keys.reserve(size_t(rows));
-    for (int row = 0; row < rows; ++row) {
-        keys.push_back(QByteArray(PQgetvalue(marked.back().get(), row, 0)).toLongLong());
+    pg_result *rows = marked.back().get();
+    std::vector<qint64> keys(size_t(PQntuples(rows)));
+    for (size_t row = 0; row < keys.size(); ++row) {
+        keys[row] = QByteArray(PQgetvalue(rows, int(row), 0)).toLongLong();
     }
     QStringList terms = termsOf(same);
     for (QString &term : terms) {
@@ -212,4 +216,27 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
                       .arg(tableName(table), SqlDialect::postgresName(exclusion.name), terms.join(u','),
                            range, oldClashField));
     return keys;
+}
+
+bool PostgresEngine::hasNotice(const QString &notice) {
+    return catalogue().constraints.contains(SqlDialect::postgresName(notice));
+}
+
+/// Told when the transaction is committed, each text once. Whoever writes may know no schema by heart, and a
+/// text too long to be told must not keep a row from being written.
+void PostgresEngine::createNotice(const QString &table, const NoticeDef &notice) {
+    changesTables(QStringLiteral(R"(
+CREATE OR REPLACE FUNCTION %1.%2() RETURNS trigger LANGUAGE plpgsql SET search_path FROM CURRENT AS $$
+BEGIN
+    IF TG_OP <> 'INSERT' THEN
+        PERFORM pg_notify(TG_TABLE_SCHEMA, (SELECT left(%3, 1000) FROM (SELECT OLD.*) AS r));
+    END IF;
+    IF TG_OP <> 'DELETE' THEN
+        PERFORM pg_notify(TG_TABLE_SCHEMA, (SELECT left(%3, 1000) FROM (SELECT NEW.*) AS r));
+    END IF;
+    RETURN NULL;
+END $$;
+CREATE TRIGGER %2 AFTER INSERT OR UPDATE OR DELETE ON %4 FOR EACH ROW EXECUTE FUNCTION %1.%2())")
+                      .arg(SqlDialect::postgresName(m_place.schema), SqlDialect::postgresName(notice.name),
+                           SqlDialect::postgres(notice.text.text()), tableName(table)));
 }

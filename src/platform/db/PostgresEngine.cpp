@@ -2,6 +2,7 @@
 
 #include "platform/db/Attente.h"
 #include "platform/db/PostgresErrors.h"
+#include "platform/db/PostgresPool.h"
 #include "platform/db/PostgresRow.h"
 #include "platform/db/SqlDialect.h"
 #include "platform/db/SqlTokens.h"
@@ -76,7 +77,7 @@ std::shared_ptr<PostgresConnection> PostgresEngine::connection() {
         return m_transaction;
     }
     PostgresFailure failure;
-    std::shared_ptr<PostgresConnection> line = freeConnection(m_place, failure);
+    std::shared_ptr<PostgresConnection> line = takeConnection(m_place, failure);
     if (!line) {
         fail(failure);
     }
@@ -177,7 +178,7 @@ int PostgresEngine::update(const QString &table, const QString &keyField, qint64
 }
 
 void PostgresEngine::refuseIfReadOnly() {
-    const PostgresCatalogue &found = known(m_place.schema);
+    const PostgresCatalogue found = known(m_place.schema);
     if (found.dialectVersion > ourDialect) {
         throw DbError(DbError::Kind::ReadOnly, m_location,
                       QStringLiteral("Ce poste a un carnet trop ancien pour y écrire : installez-y celui des "
@@ -198,7 +199,6 @@ void PostgresEngine::begin(const QStringList &locks) {
         sql += lock({}, m_place.schema + u'|' + name);
     }
     m_transaction = connection();
-    m_transaction->owner = this;
     m_writing = QUuid::createUuid().toString(QUuid::WithoutBraces);
     m_catalogue.reset(); // who waited may find that another has changed the tables
     if (const PostgresAnswer answer = answerOf(*m_transaction, sql); answer.failure) {
@@ -230,17 +230,14 @@ void PostgresEngine::rollback() noexcept {
         m_transaction->run("ROLLBACK", patience);
         m_transaction->settings.clear();
     }
-    if (m_changesTables && m_transaction) {
-        m_transaction->catalogues.remove(m_place.schema);
+    if (m_changesTables) {
+        forgetCatalogues(m_place.url);
     }
     release();
 }
 
 void PostgresEngine::release() {
-    if (m_transaction) {
-        m_transaction->owner = nullptr;
-        m_transaction.reset();
-    }
+    m_transaction.reset();
     m_changesTables = false;
     m_catalogue.reset();
 }

@@ -2,8 +2,9 @@
 
 #include "platform/db/Engine.h"
 #include "platform/db/PostgresConnection.h"
+#include "platform/db/PostgresSchema.h"
 
-/// A schema of a PostgreSQL database behind Engine, on the server's own C library. It borrows this thread's
+/// A schema of a PostgreSQL database behind Engine, on the server's own C library. It borrows a
 /// connection for each statement and keeps it while a transaction is open, so that none is left idle in one.
 /// All waiting is bounded and goes through attends().
 class PostgresEngine : public Engine {
@@ -37,6 +38,8 @@ class PostgresEngine : public Engine {
     void createIndex(const QString &table, const IndexDef &index) override;
     bool hasExclusion(const QString &exclusion) override;
     std::vector<qint64> createExclusion(const QString &table, const ExclusionDef &exclusion) override;
+    bool hasNotice(const QString &notice) override;
+    void createNotice(const QString &table, const NoticeDef &notice) override;
 
   private:
     PostgresEngine(const QString &location, std::chrono::milliseconds wait);
@@ -49,8 +52,8 @@ class PostgresEngine : public Engine {
     void changesTables(const QString &native);
     /// What this schema holds, read once by each user of it and again where it may have changed.
     const PostgresCatalogue &catalogue();
-    /// What a schema of the database held when this connection looked last.
-    const PostgresCatalogue &known(const QString &schema);
+    /// What a schema of the database held when this program looked last.
+    PostgresCatalogue known(const QString &schema);
     PostgresCatalogue read(const QString &schema);
     void verify();
     QString tableName(const QString &table) const;

@@ -120,7 +120,7 @@ QString argumentOf(const PostgresFailure &failure, const QString &sent) {
 DbError postgresError(const PostgresFailure &failure, const QString &location, const QString &sent) {
     const QByteArray technical = failure.state + ", " + failure.english.trimmed();
     const bool onlyReads = sent.trimmed().startsWith(QStringLiteral("select"), Qt::CaseInsensitive);
-    if (onlyReads && failure.state == "42501") {
+    if ((onlyReads || sent.isEmpty()) && failure.state == "42501") {
         return {Kind::Refused, location,
                 QStringLiteral("n'accorde pas à cet utilisateur le droit de lire cela"), technical};
     }

@@ -1,5 +1,7 @@
 #include "platform/db/PostgresRow.h"
 
+#include "platform/db/PostgresSchema.h"
+
 #include <QAnyStringView>
 #include <libpq-fe.h>
 
@@ -76,16 +78,21 @@ QTime PostgresRow::time(int field) const {
     return isText(m_result, field) ? Value::timeIn(utf8Of(m_result, m_row, field)) : QTime();
 }
 
+/// Without the mark that the engine keeps for itself: "select *" gives what the book's other engine gives.
 Records recordsOf(const pg_result *result, const QString &file) {
-    const int columns = PQnfields(result);
     QStringList names;
-    for (int i = 0; i < columns; ++i) {
-        names << QString::fromUtf8(PQfname(result, i));
+    std::vector<int> columns;
+    for (int i = 0; i < PQnfields(result); ++i) {
+        if (const QString name = QString::fromUtf8(PQfname(result, i)); name != oldClashField) {
+            names << name;
+            columns.push_back(i);
+        }
     }
     Records records(file, names);
     for (int row = 0; row < PQntuples(result); ++row) {
-        for (int i = 0; i < columns; ++i) {
-            records.append(columnValue(result, row, i, row > 0 ? &records.at(row - 1, i) : nullptr));
+        for (int at = 0; at < names.size(); ++at) {
+            const Value *above = row > 0 ? &records.at(row - 1, at) : nullptr;
+            records.append(columnValue(result, row, columns[size_t(at)], above));
         }
     }
     return records;

@@ -16,13 +16,14 @@ struct PostgresCatalogue {
     };
 
     bool exists = false;
+    bool isReadable = false; ///< by this user
     bool isUtf8 = false;
     int serverVersion = 0;   ///< 150000: 15
     int dialectVersion = 0;  ///< of the functions in "dialecte"; 0: there are none
     bool isWritable = false; ///< by this user, on this server
     QHash<QString, Table> tables;
     QSet<QString> indexes;
-    QSet<QString> constraints;
+    QSet<QString> constraints; ///< and triggers
 
     /// One statement; `result` is what it gives.
     static QByteArray query(const QString &schema);

@@ -1,6 +1,7 @@
 #include "platform/db/ServerLocation.h"
 
 #include <QUrl>
+#include <algorithm>
 
 namespace {
 
@@ -44,14 +45,19 @@ QString ServerLocation::parameter(const QString &name) const {
 }
 
 QString ServerLocation::host() const {
-    const QString given = parameter(QStringLiteral("host"));
+    for (const QString &given : {parameter(QStringLiteral("host")), parameter(QStringLiteral("hostaddr"))}) {
+        if (!given.isEmpty()) {
+            return given;
+        }
+    }
     QString before = authority(url).section(u'@', -1);
     if (before.startsWith(u'[')) {
         before = before.section(u']', 0, 0).sliced(1);
     } else {
         before = before.section(u':', 0, 0);
     }
-    return given.isEmpty() ? decoded(before) : given;
+    const bool isUnsaid = before.isEmpty() && parameter(QStringLiteral("service")).isEmpty();
+    return isUnsaid ? qEnvironmentVariable("PGHOST") : decoded(before);
 }
 
 QString ServerLocation::database() const {
@@ -83,6 +89,12 @@ QString ServerLocation::serverName() const {
     }
     return name.isEmpty() || name.startsWith(u'/') ? QStringLiteral("le serveur de ce poste")
                                                    : QStringLiteral("le serveur « %1 »").arg(name);
+}
+
+QString ServerLocation::label() const {
+    const QStringList names{database(), parameter(QStringLiteral("service")), host()};
+    const auto named = std::ranges::find_if(names, [](const QString &name) { return !name.isEmpty(); });
+    return named == names.end() ? QStringLiteral("serveur") : QStringLiteral("serveur ") + *named;
 }
 
 QString ServerLocation::databaseName() const {

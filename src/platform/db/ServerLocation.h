@@ -15,10 +15,12 @@ struct ServerLocation {
     QString serverName() const;
     /// "la base « cabinet » du serveur « srv »"
     QString databaseName() const;
+    /// "serveur cabinet": the practice's name there, as short as can be.
+    QString label() const;
     /// The value of one of the parameters behind the "?", empty when it is not there.
     QString parameter(const QString &name) const;
-    /// The host before the "/", or that of the parameters: a name, an address, a folder of sockets or
-    /// nothing.
+    /// That of the parameters, before the "/" or of the environment: a name, an address, a folder of sockets
+    /// or nothing.
     QString host() const;
     QString database() const;
     bool isOnThisMachine() const;

@@ -17,6 +17,9 @@ class SqliteEngine : public Engine {
     static std::unique_ptr<SqliteEngine> openIfIts(const QString &file, std::chrono::milliseconds wait);
     static std::unique_ptr<SqliteEngine> create(const QString &file);
 
+    /// How often `file` was written, as it counts itself; nothing when it cannot be read. Takes no lock.
+    static std::optional<quint32> changesOf(const QString &file);
+
     ~SqliteEngine() override;
 
     Records query(const QString &sql) override;

@@ -37,3 +37,11 @@ bool TableDef::hasExclusion(const QString &exclusion) const {
 std::vector<qint64> TableDef::createExclusion(const ExclusionDef &exclusion) {
     return m_engine->createExclusion(m_name, exclusion);
 }
+
+bool TableDef::hasNotice(const QString &notice) const {
+    return m_engine->hasNotice(notice);
+}
+
+void TableDef::createNotice(const NoticeDef &notice) {
+    m_engine->createNotice(m_name, notice);
+}

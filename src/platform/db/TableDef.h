@@ -39,6 +39,13 @@ struct ExclusionDef {
     QString key; ///< of the table
 };
 
+/// What is told of a row that was added, changed or deleted, as it was and as it is: one text, which Watch
+/// gives to whoever looks out.
+struct NoticeDef {
+    QString name;
+    SqlText text;
+};
+
 /// A table's definition in an open database; lives no longer than the database.
 class TableDef {
   public:
@@ -60,6 +67,9 @@ class TableDef {
     bool hasExclusion(const QString &exclusion) const;
     /// Gives the keys of rows that overlap another already; these stay as they are.
     std::vector<qint64> createExclusion(const ExclusionDef &exclusion);
+    /// True for an engine whose files are looked at instead.
+    bool hasNotice(const QString &notice) const;
+    void createNotice(const NoticeDef &notice);
 
   private:
     Engine *m_engine;
