@@ -15,8 +15,8 @@ class FicheRDV : public QFrame {
   public:
     explicit FicheRDV(QWidget *parent);
 
-    /// `acte`: the patient's act still to do. `choisi`: keys act on this appointment. `bloc`, and `choix`, which is selected:
-    /// on the screen. False, and hidden, where the card has no room beside it.
+    /// `acte`: the patient's act still to do. `choisi`: keys act on this appointment. `bloc`, and `choix`,
+    /// which is selected: on the screen. False, and hidden, where the card has no room beside it.
     bool montre(const RendezVous &rdv, const QString &acte, bool choisi, const Aspect &aspect,
                 const QRect &bloc, const QRect &choix);
 

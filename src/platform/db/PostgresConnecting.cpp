@@ -1,7 +1,7 @@
 #include "platform/db/PostgresConnecting.h"
 
 #include "platform/db/Attente.h"
-#include "platform/db/LibPq.h"
+#include "platform/db/PostgresLibrary.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -121,7 +121,7 @@ QByteArray refusedBeforehand(const ServerLocation &place) {
     if (place.holdsPassword()) {
         return "password in location";
     }
-    if (!libPqLoads()) {
+    if (!postgresLibraryLoads()) {
         return "no client library";
     }
     const QString mode = place.parameter(QStringLiteral("sslmode"));

@@ -1,7 +1,7 @@
 // The server's client library, loaded with its twenty dependencies when a server is first spoken to: linked,
 // it would cost every start a third more, also where the book is a file. These are its own functions, passed
 // on.
-#include "platform/db/LibPq.h"
+#include "platform/db/PostgresLibrary.h"
 
 #include <QLibrary>
 #include <libpq-fe.h>
@@ -14,7 +14,7 @@ QLibrary &libPq() {
     return library;
 }
 
-/// The library's function of the name of `Own`. Not before libPqLoads() has said yes.
+/// The library's function of the name of `Own`. Not before postgresLibraryLoads() has said yes.
 template <auto Own, typename... Arguments>
 auto passOn(const char *name, Arguments... arguments) {
     static auto *const function = reinterpret_cast<decltype(Own)>(libPq().resolve(name));
@@ -23,7 +23,7 @@ auto passOn(const char *name, Arguments... arguments) {
 
 } // namespace
 
-bool libPqLoads() {
+bool postgresLibraryLoads() {
     static const bool loads = libPq().load();
     return loads;
 }
