@@ -19,6 +19,7 @@ FrmNouveauPatient::FrmNouveauPatient(const Environnement &env, QWidget *parent)
     : QDialog(parent), ui(std::make_unique<Ui::FrmNouveauPatient>()), m_env(env) {
     ui->setupUi(this);
     ui->Titre->lineEdit()->setMaxLength(longueurTitre);
+    ui->Titre->lineEdit()->setAccessibleName(ui->Titre->accessibleName());
 
     connect(ui->txtNomPatient, &QLineEdit::editingFinished, this,
             &FrmNouveauPatient::txtNomPatient_LostFocus);

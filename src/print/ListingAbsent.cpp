@@ -14,6 +14,7 @@
 
 #include <QDir>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QScreen>
 #include <QShortcut>
 
@@ -30,6 +31,7 @@ ListingAbsent::ListingAbsent(const Environnement &env, const QString &PraticienC
     ui->txtdatedebut->setSpelling(DatesFr::courte);
     ui->txtdatedebut->setDate(env.maintenant().date());
     ui->LblBilan->setForegroundRole(QPalette::PlaceholderText);
+    ui->cmbChoixPrat->lineEdit()->setAccessibleName(ui->cmbChoixPrat->accessibleName());
     remplitChoix(PraticienCourant);
     resize(size().boundedTo(screen()->availableSize() * 9 / 10)); // its frame is to be seen, too
     connect(ui->cmbChoixPrat, &QComboBox::editTextChanged, this, &ListingAbsent::dessine);
@@ -175,10 +177,6 @@ void ListingAbsent::prendLigne(int ligne) {
         ui->ListAbsent->showOutline(std::nullopt);
     } else if (ligne > 0) { // a click on the headings leaves it
         const int prise = std::min(ligne, derniere);
-        QPalette palette = ui->ListAbsent->palette();
-        palette.setColor(QPalette::Highlight,
-                         m_liste.marques.contains(prise - 1) ? jaune : QColor(Qt::white));
-        ui->ListAbsent->setPalette(palette); // the frame tells the current row, yellow stays yellow
         ui->ListAbsent->showOutline(FlexGrid::Corners{prise, 0, prise, colonnesAbsents - 1});
     }
 }

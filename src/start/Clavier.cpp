@@ -16,6 +16,11 @@ QList<QKeySequence> sequences(const QStringList &suites) {
     return toutes;
 }
 
+/// Of the bar below, or a tool: not a day of the strip.
+bool estBouton(const QWidget *controle) {
+    return controle != nullptr && (controle->inherits("QPushButton") || controle->inherits("QToolButton"));
+}
+
 } // namespace
 
 Clavier::Clavier(const Ui::FrmEntree &ui, QMainWindow &fenetre)
@@ -52,12 +57,12 @@ void Clavier::dessine(bool zoome) {
 void Clavier::voletSuivant(int pas) {
     QList<QWidget *> volets;
     int courant = 0;
-    for (QWidget *volet : QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03,
-                                           m_ui.BtnPrecedent, m_ui.BtnPrecedent2}) {
-        if (volet->isVisible() && volet->isEnabled()) {
+    for (QWidget *volet : QList<QWidget *>{
+             m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03, m_ui.BtnPrecedent, m_ui.BtnPrecedent2,
+             m_fenetre.findChild<QWidget *>(QStringLiteral("OutilPrecedent"))}) {
+        if (volet != nullptr && volet->isVisible() && volet->isEnabled()) {
             volets << volet;
-            const bool bouton = volet->inherits("QPushButton") && m_fenetre.focusWidget() != nullptr &&
-                                m_fenetre.focusWidget()->inherits("QPushButton");
+            const bool bouton = estBouton(volet) && estBouton(m_fenetre.focusWidget());
             courant = volet->hasFocus() || bouton ? int(volets.size()) - 1 : courant;
         }
     }

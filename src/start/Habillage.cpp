@@ -32,6 +32,23 @@ Presentation retenue(const Environnement &env) {
                                                                   : Presentation::Classique;
 }
 
+/// For the whole program. A field's own text is pale when it takes nothing; menus keep the desktop's.
+void rendLisible() {
+    const QPalette voulue = TextesPales(QApplication::palette());
+    const auto differe = [&voulue](QPalette::ColorGroup groupe, QPalette::ColorRole role, const char *quoi) {
+        return QApplication::palette(quoi).color(groupe, role) != voulue.color(groupe, role);
+    };
+    constexpr const char *champs = "QLineEdit";
+    if (differe(QPalette::Active, QPalette::PlaceholderText, nullptr)) {
+        QPalette indications;
+        indications.setBrush(QPalette::PlaceholderText, voulue.brush(QPalette::PlaceholderText));
+        QApplication::setPalette(indications);
+    }
+    if (differe(QPalette::Disabled, QPalette::Text, champs)) {
+        QApplication::setPalette(voulue, champs);
+    }
+}
+
 } // namespace
 
 Habillage::Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vues, QMainWindow &fenetre)
@@ -53,6 +70,7 @@ void Habillage::choisit(Presentation presentation) {
 }
 
 void Habillage::applique() {
+    rendLisible();
     const QPalette bureau = QApplication::palette();
     const Aspect aspect = AspectDe(m_presentation, bureau);
     m_fenetre.setPalette(avecBoutons() ? QPalette() : PaletteDe(aspect, bureau));
@@ -69,7 +87,9 @@ void Habillage::applique() {
 
 void Habillage::ajoute(Icone quoi, const QString &texte, const std::function<void()> &operation) {
     QAction *action = m_barre->addAction(icone(quoi, m_vues.aspect().encre), texte, this, operation);
-    m_barre->widgetForAction(action)->setObjectName(QStringLiteral("Outil") + nomDe(quoi));
+    QWidget *outil = m_barre->widgetForAction(action);
+    outil->setObjectName(QStringLiteral("Outil") + nomDe(quoi));
+    outil->setFocusPolicy(Qt::TabFocus); // by keys, as the buttons that it stands for
     m_actions[quoi] = action;
 }
 

@@ -16,6 +16,8 @@ const std::pair<const char *, QPalette> bureaux[] = {
     {"dark", bureau(0x1E1E1E, 0xF0F0F0, 0x2D2D2D)},
     {"black on white", bureau(0xFFFFFF, 0x000000, 0xFFFFFF)},
     {"white on black", bureau(0x000000, 0xFFFFFF, 0x000000)},
+    {"yellow on black", bureau(0x000000, 0xFFFF00, 0x000000)},
+    {"a black sheet", bureau(0x000000, 0xE0E0E0, 0x101010)},
 };
 
 } // namespace
@@ -31,6 +33,12 @@ TEST(Aspect, EveryTextOfOursCanBeRead) {
                 {a.surAccent, a.accent},  {a.alerte, a.feuille},    {a.feuille, a.encre},
                 {a.alerte, a.fondAlerte}, {a.encre2, a.fondAlerte}, {a.feuille, a.encre3},
                 {a.accent, a.feuille},    {a.encre, a.jourDit}};
+            const QPalette pales = TextesPales(palette);
+            for (const QPalette::ColorRole fond : {QPalette::Base, QPalette::Window}) {
+                textes += {{pales.color(QPalette::PlaceholderText), palette.color(fond)},
+                           {pales.color(QPalette::Disabled, QPalette::Text), palette.color(fond)}};
+            }
+            EXPECT_GE(Contraste(a.trait2, a.feuille), a.contemporaine() ? 1.1 : 1.3) << nom;
             for (size_t jour = 1; jour <= 7; ++jour) {
                 const CouleursDuJour &j = a.jours[jour];
                 textes += {{a.encre, j.teinte}, {a.encre2, j.teinte}, {a.encre2, j.passe}, {j.coche, j.bord}};
@@ -57,6 +65,8 @@ TEST(Aspect, FollowsTheDesktop) {
     EXPECT_EQ(AspectDe(Presentation::Classique, bureaux[1].second).feuille.name().toStdString(), "#1e1e1e");
     EXPECT_EQ(AspectDe(Presentation::Contemporaine, bureaux[3].second).jours[4].teinte, QColor(Qt::black))
         << "no tints";
+    EXPECT_EQ(AspectDe(Presentation::Classique, bureaux[4].second).trait.name().toStdString(), "#ffff00");
+    EXPECT_NE(TextesPales(bureaux[0].second).color(QPalette::PlaceholderText), QColor(Qt::black)) << "a hint";
     for (const auto &[nom, palette] : bureaux) {
         const Aspect a = AspectDe(Presentation::Contemporaine, palette);
         EXPECT_EQ(AspectDe(Presentation::Contemporaine, PaletteDe(a, palette)), a)

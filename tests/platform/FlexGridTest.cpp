@@ -1,5 +1,6 @@
 #include "platform/ui/FlexGrid.h"
 #include "platform/ui/FlexGridDelegate.h"
+#include "platform/ui/FlexMarks.h"
 
 #include <QHeaderView>
 #include <QTest>
@@ -137,6 +138,39 @@ TEST_F(FlexGridTest, AMarkThatMovesRepaintsNoCell) {
     picture();
     EXPECT_GT(counting.painted, 0) << "what is written is painted";
     grid.setItemDelegate(nullptr);
+}
+
+TEST_F(FlexGridTest, WhatIsOutlinedCanBeRead) {
+    const auto black = [this] {
+        const QImage picture = grid.viewport()->grab(grid.visualRect(grid.cells().index(3, 2))).toImage();
+        int dark = 0;
+        for (int x = 0; x < picture.width(); ++x) {
+            for (int y = 0; y < picture.height(); ++y) {
+                dark += picture.pixelColor(x, y).lightness() < 60 ? 1 : 0;
+            }
+        }
+        return dark;
+    };
+    for (const Presentation look : {Presentation::Classique, Presentation::Contemporaine}) {
+        for (const bool text : {false, true}) {
+            {
+                const FlexGridWriting writing(grid.cells());
+                grid.cells().at(3, 2) = {
+                    text ? QStringLiteral("IIII") : QString(), Qt::white, Qt::black, Qt::AlignCenter, {}};
+            }
+            grid.setAspect(AspectDe(look, QPalette(Qt::lightGray)));
+            grid.showOutline(FlexGrid::Corners{3, 1, 3, 3});
+            EXPECT_EQ(grid.viewport()->findChild<FlexMarksLayer *>()->marks().free, !text);
+            EXPECT_EQ(black() > 0, text && look == Presentation::Classique) << int(look);
+        }
+    }
+    for (const int points : {9, 12, 24, 36}) {
+        for (int width = 30; width < 120; width += 7) {
+            const QString hours = QStringLiteral("13:30–13:45");
+            const QFont font = fitted(QFont(grid.font().family(), points, QFont::Bold), hours, width);
+            EXPECT_LE(QFontMetrics(font).horizontalAdvance(hours), width) << points;
+        }
+    }
 }
 
 TEST_F(FlexGridTest, BlocksOfOneRowStandSideBySide) {

@@ -86,6 +86,12 @@ TEST_F(TouchesTest, KeysGoWhereTheirMenusGo) {
         volets << fenetre->focusWidget()->objectName();
     }
     EXPECT_EQ(volets.join(u' '), q("GrilleRDV03 BtnPrecedent2 GrilleRDV02 BtnPrecedent2"));
+    fait(q("mnuContemporaine"));
+    grille(1).setFocus();
+    QTest::keyClick(fenetre->focusWidget(), Qt::Key_F6, Qt::ShiftModifier);
+    EXPECT_EQ(fenetre->focusWidget()->objectName(), q("OutilPrecedent"));
+    fait(q("mnuClassique"));
+    grille(1).setFocus();
     joue("touche Ctrl+S");
     for (const char *touche : {"touche Shift+F10", "touche Menu"}) {
         fait(q(touche));

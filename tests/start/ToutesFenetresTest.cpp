@@ -22,9 +22,12 @@
 #include "start/FrmTouches.h"
 #include "support/Fenetre.h"
 
+#include <QAccessible>
 #include <QGroupBox>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QRegularExpression>
+#include <QTest>
 #include <QThreadPool>
 #include <gtest/gtest.h>
 
@@ -174,6 +177,33 @@ TEST_F(ToutesFenetres, NoMnemonicTwice) {
         vus += int(entrees(*menu).join(QString()).count(u'&'));
     }
     EXPECT_GT(vus, 25) << "the captions were not found";
+}
+
+TEST_F(ToutesFenetres, WhatTakesAValueHasAName) {
+    for (const auto &dialogue : fenetres) {
+        QStringList fleches;
+        for (QWidget *enfant : dialogue->findChildren<QWidget *>()) {
+            const bool saisie = enfant->inherits("QComboBox") || enfant->inherits("QLineEdit");
+            const bool calendrier =
+                enfant->inherits("QToolButton") && enfant->parent()->inherits("ChampDate");
+            if (enfant->isVisible() && (saisie || calendrier)) {
+                const QAccessibleInterface *lu = QAccessible::queryAccessibleInterface(enfant);
+                EXPECT_NE(lu->text(QAccessible::Name), QString()) << nom(*dialogue) << ' ' << nom(*enfant);
+            }
+            fleches << (enfant->inherits("UpDown") ? enfant->accessibleName() : QString());
+        }
+        fleches.removeAll(QString());
+        EXPECT_EQ(fleches.removeDuplicates(), 0) << nom(*dialogue);
+        const auto paires = dialogue->findChildren<QWidget *>(QRegularExpression(q("^UpDown\\d$"))).size();
+        EXPECT_EQ(fleches.size(), paires) << nom(*dialogue);
+    }
+}
+
+TEST_F(ToutesFenetres, EscapeClosesTheListingFromItsList) {
+    const auto listing = std::ranges::find(fenetres, q("ListingAbsent"), &QObject::objectName);
+    ASSERT_NE(listing, fenetres.end());
+    QTest::keyClick((*listing)->findChild<QWidget *>(q("ListAbsent")), Qt::Key_Escape);
+    EXPECT_FALSE((*listing)->isVisible());
 }
 
 TEST_F(ToutesFenetres, TabFollowsTheEye) {

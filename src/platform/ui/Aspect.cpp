@@ -8,7 +8,7 @@ namespace {
 constexpr double lisible = 4.5; // contrast that text needs
 constexpr int demi = 128;
 constexpr QRgb blanc = 0xFFFFFF;
-constexpr QRgb noir = 0x0A0C0D;
+constexpr QRgb noir = 0x000000;
 
 /// The table of looks: a row for a light sheet, one for a dark one. What is not in it is mixed from it.
 struct Rangee {
@@ -49,12 +49,44 @@ bool estSombre(const QPalette &palette) {
     return palette.color(QPalette::Base).lightness() < demi;
 }
 
-/// Black and white without anything between: what the desktop offers to those who need it.
+/// Of light that is all there or not at all, in each of its three parts.
+bool estPure(const QColor &couleur) {
+    constexpr int pleine = 255;
+    const auto entiere = [](int part) { return part == 0 || part == pleine; };
+    return entiere(couleur.red()) && entiere(couleur.green()) && entiere(couleur.blue());
+}
+
+/// Two pure colours, or nearly black and white: what the desktop offers to those who need it.
 bool contrasteEleve(const QPalette &palette) {
     constexpr double tout = 20;
+    constexpr double fort = 7;
     const QColor feuille = palette.color(QPalette::Base);
+    const QColor texte = palette.color(QPalette::Text);
+    const double contraste = Contraste(feuille, texte);
     return palette.color(QPalette::Window) == feuille &&
-           Contraste(feuille, palette.color(QPalette::Text)) >= tout;
+           (contraste >= tout || (contraste >= fort && estPure(feuille) && estPure(texte)));
+}
+
+/// A line that the desktop does not tell from its sheet is mixed.
+QColor traitSur(const QColor &feuille, const QColor &trait, const QColor &encre) {
+    constexpr double visible = 1.3;
+    constexpr double part = 0.3;
+    return Contraste(trait, feuille) >= visible ? trait : Melange(encre, feuille, part);
+}
+
+/// As pale as can be read on all of these grounds.
+QColor pale(const QColor &texte, const QColor &feuille, std::initializer_list<QColor> fonds) {
+    constexpr double pas = 0.05;
+    constexpr double premiere = 0.55;
+    const auto seLit = [&fonds](const QColor &couleur) {
+        return std::ranges::all_of(fonds,
+                                   [&](const QColor &fond) { return Contraste(couleur, fond) >= lisible; });
+    };
+    double part = premiere;
+    while (part < 1 && !seLit(Melange(texte, feuille, part))) {
+        part += pas;
+    }
+    return Melange(texte, feuille, std::min(part, 1.0));
 }
 
 void mele(Aspect &a, bool eclaircit) {
@@ -114,7 +146,7 @@ Aspect AspectDe(Presentation presentation, const QPalette &palette) {
     }
     if (!a.contemporaine()) { // its sheet and its lines are the desktop's
         a.feuille = palette.color(QPalette::Base);
-        a.trait = a.trait2 = palette.color(QPalette::Mid);
+        a.trait = a.trait2 = traitSur(a.feuille, palette.color(QPalette::Mid), palette.color(QPalette::Text));
     }
     mele(a, nuit);
     return a;
@@ -132,6 +164,17 @@ QPalette PaletteDe(const Aspect &aspect, QPalette palette) {
         palette.setColor(QPalette::Inactive, role, couleur);
     }
     return palette;
+}
+
+QPalette TextesPales(const QPalette &bureau) {
+    const QColor texte = bureau.color(QPalette::Active, QPalette::Text);
+    const QColor feuille = bureau.color(QPalette::Active, QPalette::Base);
+    const QColor fond = bureau.color(QPalette::Active, QPalette::Window);
+    QPalette pales;
+    pales.setColor(QPalette::PlaceholderText, pale(texte, feuille, {feuille, fond}));
+    pales.setColor(QPalette::Disabled, QPalette::Text,
+                   pale(texte, feuille, {feuille, fond, bureau.color(QPalette::Disabled, QPalette::Base)}));
+    return pales;
 }
 
 QPalette PaletteBouton(const Aspect &aspect, bool enfonce) {

@@ -48,12 +48,16 @@ struct Aspect {
     friend bool operator==(const Aspect &, const Aspect &) = default;
 };
 
-/// The look for a desktop's palette: light or dark after its sheet. A palette of pure black and white gets
-/// its own colours only, without tints.
+/// The look for a desktop's palette: light or dark after its sheet. A palette of two pure colours, black
+/// and white for one, gets its own colours only, without tints.
 Aspect AspectDe(Presentation presentation, const QPalette &palette);
 
 /// The desktop's palette in the colours of a look.
 QPalette PaletteDe(const Aspect &aspect, QPalette palette);
+
+/// What no desktop makes sure that one can read: the hint in an empty field, the line under a list, and a
+/// field that takes nothing. These roles alone are set.
+QPalette TextesPales(const QPalette &bureau);
 
 /// A button's, which stands out while it is pressed in.
 QPalette PaletteBouton(const Aspect &aspect, bool enfonce);

@@ -23,6 +23,7 @@ QIcon arrow(const QColor &colour) {
 
 ChampDate::ChampDate(QWidget *parent) : QLineEdit(parent) {
     QAction *button = addAction(arrow(palette().color(QPalette::Text)), TrailingPosition);
+    button->setText(QStringLiteral("Calendrier")); // what a screen reader calls it
     button->setToolTip(QStringLiteral("Choisir dans le calendrier (Alt+Bas)"));
     connect(button, &QAction::triggered, this, &ChampDate::openCalendar);
     // the longest day, spelled in full, and the button

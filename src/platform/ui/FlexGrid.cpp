@@ -293,6 +293,7 @@ void FlexGrid::keyPressEvent(QKeyEvent *event) {
         askCard(m_outlineText.block);
         break;
     case Qt::Key_Escape:
+        event->setAccepted(m_card != 0); // a dialog closes where no card does
         askCard(0);
         break;
     case Qt::Key_Menu:

@@ -180,6 +180,7 @@ class FlexGrid : public QTableView {
     /// A mark alone has moved.
     void moveMarks();
     QRect cellsRect(const Corners &corners) const;
+    bool holdsText(const Corners &corners) const;
     QRect blockRectAt(int place) const;
     int blockAt(const QPoint &position) const;
     int seenAt(const QPoint &position) const;

@@ -165,6 +165,19 @@ void FlexGrid::moveMarks() {
     m_keepsPicture = m_keepsPicture || (m_painted && before != m_layer->marks());
 }
 
+bool FlexGrid::holdsText(const Corners &c) const {
+    const auto [top, bottom] = std::minmax(c.row, c.rowSel);
+    const auto [left, right] = std::minmax(c.col, c.colSel);
+    for (int row = top; row <= bottom; ++row) {
+        for (int col = left; col <= right; ++col) {
+            if (!m_cells.cell(row, col).text.isEmpty()) {
+                return true;
+            }
+        }
+    }
+    return false;
+}
+
 void FlexGrid::placeOutline(FlexMarks &marks) const {
     const bool taken = m_taken != 0 && m_taken == m_outlineText.block;
     if (!m_outline || m_cells.rows() == 0 || taken) {
@@ -179,7 +192,7 @@ void FlexGrid::placeOutline(FlexMarks &marks) const {
     }
     marks.hours = m_outlineText.hours;
     marks.length = m_outlineText.length;
-    marks.free = m_outlineText.block == 0;
+    marks.free = m_outlineText.block == 0 && !holdsText(*m_outline);
     marks.oneRow = m_outline->row == m_outline->rowSel;
     marks.focused = hasFocus();
 }

@@ -25,6 +25,12 @@ QFont smaller(QFont font) {
     return font;
 }
 
+/// Less where the column is narrow.
+int indentIn(const QRect &slot) {
+    constexpr int part = 8;
+    return std::min(indent, slot.width() / part);
+}
+
 /// What drawing these marks may touch.
 QRect outlineArea(const FlexMarks &m) {
     return m.outline.isNull() ? QRect() : m.outline.adjusted(-1 - halo, -1 - halo, halo, halo);
@@ -37,16 +43,18 @@ QRect nowArea(const FlexMarks &m) {
                               : m.nowLabels.united(m.nowLine.adjusted(-arrow, -arrow, 0, arrow));
 }
 
-/// `font`, or a smaller one in which `text` is `width` pixels wide: hours are never cut.
+} // namespace
+
 QFont fitted(QFont font, const QString &text, int width) {
-    const int needed = QFontMetrics(font).horizontalAdvance(text);
-    if (needed > width && width > 0) {
-        font.setPointSizeF(std::max(QFontInfo(font).pointSizeF() * width / needed, 1.0));
+    constexpr double step = 0.5; // points; digits are rounded to pixels each
+    double size = QFontInfo(font).pointSizeF();
+    for (int needed = QFontMetrics(font).horizontalAdvance(text); needed > width && size > 1;
+         needed = QFontMetrics(font).horizontalAdvance(text)) {
+        size = std::max(std::min(size * std::max(width, 0) / needed, size - step), 1.0);
+        font.setPointSizeF(size);
     }
     return font;
 }
-
-} // namespace
 
 FlexMarksLayer::FlexMarksLayer(QWidget *viewport) : QWidget(viewport) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
@@ -105,8 +113,9 @@ void FlexMarksLayer::paintHover(QPainter &painter) const {
     painter.setBrush(m_aspect.survol);
     painter.drawRoundedRect(QRectF(frame).adjusted(0.5, 0.5, -0.5, -0.5), radius - 1, radius - 1);
     painter.setPen(m_aspect.encre2);
-    painter.setFont(smaller(font()));
-    painter.drawText(frame.adjusted(indent, 0, -2, 0), Qt::AlignLeft | Qt::AlignVCenter, m_marks.hoverText);
+    const QRect text = frame.adjusted(indentIn(frame), 0, -2, 0);
+    painter.setFont(fitted(smaller(font()), m_marks.hoverText, text.width()));
+    painter.drawText(text, Qt::AlignLeft | Qt::AlignVCenter, m_marks.hoverText);
 }
 
 void FlexMarksLayer::paintOutline(QPainter &painter) const {
@@ -127,22 +136,25 @@ void FlexMarksLayer::paintOutline(QPainter &painter) const {
     }
     painter.setPen(QPen(accent, outlineWidth));
     painter.drawRoundedRect(frame.adjusted(1, 1, -1, -1), radius, radius);
-    if (!m_marks.free) {
-        paintChip(painter);
-        return;
-    }
-    const QRect text = m_marks.outline.adjusted(indent, 0, -radius, 0);
+    m_marks.free ? paintFree(painter) : paintChip(painter);
+}
+
+/// The hours of a free range, and its length where that has room beside them.
+void FlexMarksLayer::paintFree(QPainter &painter) const {
+    const QRect text = m_marks.outline.adjusted(indentIn(m_marks.outline), 0, -radius, 0);
     const QFont large = fitted(bold(font()), m_marks.hours, text.width());
     const QFontMetrics metrics(large);
     const QRect line(text.left(), text.top(), text.width(),
                      m_marks.oneRow ? text.height() : metrics.height() + outlineWidth);
-    painter.setPen(accent);
+    painter.setPen(m_marks.focused ? m_aspect.accent : m_aspect.encre3);
     painter.setFont(large);
     painter.drawText(line, Qt::AlignLeft | Qt::AlignVCenter, m_marks.hours);
     constexpr int gap = 8;
-    painter.setFont(font());
-    painter.drawText(line.adjusted(metrics.horizontalAdvance(m_marks.hours) + gap, 0, 0, 0),
-                     Qt::AlignLeft | Qt::AlignVCenter, m_marks.length);
+    const QRect rest = line.adjusted(metrics.horizontalAdvance(m_marks.hours) + gap, 0, 0, 0);
+    if (QFontMetrics(font()).horizontalAdvance(m_marks.length) <= rest.width()) {
+        painter.setFont(font());
+        painter.drawText(rest, Qt::AlignLeft | Qt::AlignVCenter, m_marks.length);
+    }
 }
 
 /// The hours of an appointment: on the line where it writes them, or at the right where it has no such line.

@@ -21,9 +21,9 @@ struct FlexGhost {
 /// rectangle.
 struct FlexMarks {
     QRect outline;
-    QString hours;  ///< of what is outlined
-    QString length; ///< of a free range; an appointment's hours stand in a chip instead
-    bool free = false;
+    QString hours;     ///< of what is outlined
+    QString length;    ///< of a free range; an appointment's hours stand in a chip instead
+    bool free = false; ///< nothing stands in what is outlined: it is filled
     bool oneRow = false;
     bool focused = true;
 
@@ -44,6 +44,9 @@ struct FlexMarks {
     friend bool operator==(const FlexMarks &, const FlexMarks &) = default;
 };
 
+/// `font`, or a smaller one in which `text` is no more than `width` pixels wide: hours are never cut.
+QFont fitted(QFont font, const QString &text, int width);
+
 /// Draws the marks: the one child of a grid's viewport, which lets every gesture through.
 class FlexMarksLayer : public QWidget {
     Q_OBJECT
@@ -61,6 +64,7 @@ class FlexMarksLayer : public QWidget {
   private:
     void paintHover(QPainter &painter) const;
     void paintOutline(QPainter &painter) const;
+    void paintFree(QPainter &painter) const;
     void paintChip(QPainter &painter) const;
     void paintNow(QPainter &painter) const;
     void paintTaken(QPainter &painter) const;
