@@ -123,13 +123,20 @@ QList<LigneJournal> FrmHistorique::litVue(bool &tenu) const {
 
 void FrmHistorique::lit() {
     bool tenu = true;
-    if (!essaie(m_env, [&] { m_lignes = litVue(tenu); })) {
+    const bool lu = essaie(m_env, [&] { m_lignes = litVue(tenu); });
+    if (!lu) {
         m_lignes.clear();
     }
-    montreListe(tenu);
+    montreListe();
+    const QString vide = QStringLiteral("Rien n'a été écrit depuis %1 mois.").arg(moisGardes);
+    ui->LblVide->setText(!lu    ? QStringLiteral("L'historique n'a pas pu être lu. Fermez cette fenêtre et "
+                                                    "ouvrez-la de nouveau.")
+                         : tenu ? vide
+                                : QStringLiteral("Ce carnet ne garde pas d'historique."));
+    ui->LblNombre->setVisible(lu); // none that were read are not none
 }
 
-void FrmHistorique::montreListe(bool tenu) {
+void FrmHistorique::montreListe() {
     const bool parJour = ui->OptJour->isChecked();
     {
         const QSignalBlocker silence(ui->Ecritures);
@@ -145,8 +152,6 @@ void FrmHistorique::montreListe(bool tenu) {
     ui->LblNombre->setText(
         QStringLiteral("gardé %1 mois · %2").arg(moisGardes).arg(NombreEnMots(m_lignes.size())));
     ui->LblVide->setVisible(m_lignes.isEmpty());
-    ui->LblVide->setText(tenu ? QStringLiteral("Rien n'a été écrit depuis %1 mois.").arg(moisGardes)
-                              : QStringLiteral("Ce carnet ne garde pas d'historique."));
     montreEcriture(ui->Ecritures->currentRow());
 }
 

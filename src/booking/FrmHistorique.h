@@ -36,7 +36,7 @@ class FrmHistorique : public QDialog {
     void relieVues();
     void lit();
     QList<LigneJournal> litVue(bool &tenu) const;
-    void montreListe(bool tenu);
+    void montreListe();
     void montreEcriture(int ligne);
     void montreRetour(const LigneJournal &choisie);
     void BtnRetablir_Click();

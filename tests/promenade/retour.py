@@ -128,6 +128,8 @@ class Retour(Papier):
         faux = super().ouverte()
         if faux or "FrmHistorique" not in self.etat.par_nom or not self.tiers.lisible:
             return faux
+        if "n'a pas pu être lu" in self.etat.texte("LblVide", "FrmHistorique"):
+            return []
         if not self.regardees:
             self.connues, self.regardees = self.livre.tables["RDV"], True
         voulu = [MOTS.get(e["Quoi"]) for e in self.ecrites()]

@@ -2,6 +2,7 @@
 #include "support/Gestes.h"
 
 #include <QAction>
+#include <QFile>
 #include <QTableWidget>
 #include <gtest/gtest.h>
 
@@ -179,4 +180,11 @@ TEST_F(RetourTest, TheHistoryTellsAndPutsBack) {
         EXPECT_EQ(controle<QLabel>(f, q("LblVide")).text(), q("Rien n'a été écrit depuis 12 mois."));
         EXPECT_FALSE(controle<QAbstractButton>(f, q("BtnRetablir")).isEnabled());
     });
+    QFile::rename(livre.fichier(), livre.fichier() + u'x');
+    pendant("mnuHistorique", [&](QWidget &f) {
+        EXPECT_TRUE(
+            controle<QLabel>(f, q("LblVide")).text().startsWith(q("L'historique n'a pas pu être lu.")));
+        EXPECT_FALSE(controle<QLabel>(f, q("LblNombre")).isVisible());
+    });
+    EXPECT_NE(dits().find("Tavelin.mdb"), std::string::npos);
 }

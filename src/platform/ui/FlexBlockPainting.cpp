@@ -212,7 +212,8 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
 void FlexGridDelegate::paintTintedText(QPainter &painter, const QRect &rect, const FlexBlock &block) const {
     const int needed = std::max(scaled(nameLine), QFontMetrics(m_fonts[Bold]).height() - 1);
     const int lines = (rect.height() - needed) / m_lineStep;
-    const int spare = rect.height() - needed - std::min(lines, 2) * m_lineStep;
+    const int written = std::min(lines, block.detail.isEmpty() ? 1 : 2);
+    const int spare = rect.height() - needed - written * m_lineStep;
     // the outline leaves the accents of capitals alone
     const int above = lines < 1 ? 0 : std::min(spare / 2, outlineWidth);
     const QRect name(rect.left(), rect.top() + above, rect.width(), lines < 1 ? rect.height() : needed);
