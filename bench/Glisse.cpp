@@ -36,29 +36,13 @@ void survole(QWidget &vue, const QPoint &ou) {
     QApplication::processEvents();
 }
 
-/// Over every appointment of the week that is in sight, in turn, `tours` times.
-Images glisse() {
+/// The first of `blocs`, taken, over all of them in turn, several times; each frame in ms.
+std::vector<double> images(FlexGrid &grille, const std::vector<FlexBlock> &blocs) {
     constexpr int tours = 10;
-    const Environnement env = environnement(livreCourant());
-    FrmEntree fenetre(env);
-    fenetre.Form_Load();
-    fenetre.show();
-    fenetre.activateWindow();
-    auto &grille = *fenetre.findChild<FlexGrid *>(QStringLiteral("GrilleRDV"));
-    QWidget &vue = *grille.viewport();
-    Peint marques;
-    for (QObject *couche : vue.children()) {
-        couche->installEventFilter(&marques);
-    }
     const auto sur = [&](const FlexBlock &bloc) {
-        return vue.mapToGlobal(grille.visualRect(grille.cells().index(bloc.first, bloc.col)).center());
+        const QRect place = grille.visualRect(grille.cells().index(bloc.first, bloc.col));
+        return grille.viewport()->mapToGlobal(place.center());
     };
-    QApplication::processEvents();
-    survole(vue, vue.rect().center());
-    survole(vue, vue.rect().center() / 2);
-    std::vector<FlexBlock> blocs = grille.cells().blocks();
-    const size_t montres = blocs.size();
-    std::erase_if(blocs, [&](const FlexBlock &bloc) { return grille.blockRect(bloc.id).isEmpty(); });
     std::vector<double> durees{millisecondes([&] {
         emit grille.blockTaken(blocs.front().id, false, sur(blocs.front()));
         QApplication::processEvents();
@@ -73,6 +57,29 @@ Images glisse() {
         }
     }
     emit grille.blockLetGo();
+    return durees;
+}
+
+/// Over every appointment of the week that is in sight.
+Images glisse() {
+    const Environnement env = environnement(livreCourant());
+    FrmEntree fenetre(env);
+    fenetre.Form_Load();
+    fenetre.show();
+    fenetre.activateWindow();
+    auto &grille = *fenetre.findChild<FlexGrid *>(QStringLiteral("GrilleRDV"));
+    QWidget &vue = *grille.viewport();
+    Peint marques;
+    for (QObject *couche : vue.children()) {
+        couche->installEventFilter(&marques);
+    }
+    QApplication::processEvents();
+    survole(vue, vue.rect().center());
+    survole(vue, vue.rect().center() / 2);
+    std::vector<FlexBlock> blocs = grille.cells().blocks();
+    const size_t montres = blocs.size();
+    std::erase_if(blocs, [&](const FlexBlock &bloc) { return grille.blockRect(bloc.id).isEmpty(); });
+    std::vector<double> durees = images(grille, blocs);
     if (size_t(marques.fois) < durees.size()) {
         throw MesureImpossible(QStringLiteral("%1 images peintes").arg(marques.fois));
     }

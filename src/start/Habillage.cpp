@@ -76,7 +76,7 @@ void Habillage::applique() {
     m_fenetre.setPalette(avecBoutons() ? QPalette() : PaletteDe(aspect, bureau));
     m_vues.habille(aspect);
     if (!avecBoutons()) {
-        delete m_barre; // its icons have the look's colour
+        retireBarre(); // its icons have the look's colour
         construitBarre();
     }
     if (m_barre != nullptr) {
@@ -91,6 +91,16 @@ void Habillage::ajoute(Icone quoi, const QString &texte, const std::function<voi
     outil->setObjectName(QStringLiteral("Outil") + nomDe(quoi));
     outil->setFocusPolicy(Qt::TabFocus); // by keys, as the buttons that it stands for
     m_actions[quoi] = action;
+}
+
+/// One of its buttons may be waiting for the window that it has opened.
+void Habillage::retireBarre() {
+    if (m_barre != nullptr) {
+        m_fenetre.removeToolBar(m_barre);
+        m_barre->setParent(nullptr);
+        m_barre->deleteLater();
+        m_barre = nullptr;
+    }
 }
 
 void Habillage::construitBarre() {

@@ -43,6 +43,7 @@ class Habillage : public QObject {
   private:
     void applique();
     void construitBarre();
+    void retireBarre();
     void ajoute(Icone quoi, const QString &texte, const std::function<void()> &operation);
 
     const Ui::FrmEntree &m_ui;
