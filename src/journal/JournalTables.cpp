@@ -147,7 +147,7 @@ void NoteEcriture(Database &carnet, const Auteur &auteur, const EcritureRDV &ecr
     ajouteCle(champs, QStringLiteral("Patient"), ClePatient(avant), ClePatient(apres));
     champs.emplace_back(QStringLiteral("Avant"), avant.isEmpty() ? Value() : Value(enTexte(avant)));
     champs.emplace_back(QStringLiteral("Apres"), apres.isEmpty() ? Value() : Value(enTexte(apres)));
-    carnet.insert(tableJournal, champs);
+    carnet.append(tableJournal, champs);
 }
 
 qint64 NotePurge(Database &carnet, const Auteur &auteur, const PurgeNotee &purge) {

@@ -173,7 +173,7 @@ qint64 CreePatient(Database &patient, const Database &listing, const FichePatien
     patient.attach(listing, QStringLiteral("Listing"));
     Transaction ecrit(patient);
     const qint64 cptid = patient.insert(tableTabPat, champsDe(fiche));
-    patient.insert(QStringLiteral("Listing.LesPatients"), ligneListing(patient, cptid, aujourdhui));
+    patient.append(QStringLiteral("Listing.LesPatients"), ligneListing(patient, cptid, aujourdhui));
     ecrit.commit();
     return cptid;
 }

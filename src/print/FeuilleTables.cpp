@@ -28,7 +28,7 @@ FeuilleJour RemplitImpression(Database &rdv, long praticien, long fauteuil, QDat
     rdv.execute(SqlText("Delete from Impression"));
     FeuilleJour feuille = lit(rdv, praticien, fauteuil, jour);
     for (const LigneFeuille &ligne : feuille.lignes) {
-        rdv.insert(tableImpression, {{QStringLiteral("Heure"), ligne.Heure},
+        rdv.append(tableImpression, {{QStringLiteral("Heure"), ligne.Heure},
                                      {QStringLiteral("NomPatient"), ligne.NomPatient},
                                      {QStringLiteral("PrenomPatient"), ligne.PrenomPatient},
                                      {QStringLiteral("HeurePM"), ligne.HeurePM},

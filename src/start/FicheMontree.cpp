@@ -11,6 +11,12 @@
 
 #include <algorithm>
 
+namespace {
+
+constexpr std::chrono::milliseconds unMoment{20};
+
+} // namespace
+
 FicheMontree::FicheMontree(const Environnement &env, const CarnetMontre &carnet, const Vues &vues,
                            QWidget &fenetre)
     : QObject(&fenetre), m_env(env), m_carnet(carnet), m_vues(vues), m_fenetre(fenetre) {
@@ -38,30 +44,40 @@ void FicheMontree::demande(qint64 RefRDV) {
     }
 }
 
-const RendezVous *FicheMontree::trouve() const {
+std::optional<RendezVous> FicheMontree::trouve() const {
     for (const Grille &grille : m_carnet.affichage().grilles) {
         const auto rdv = std::ranges::find(grille.rendezVous, m_ref, &RendezVous::RefRDV);
         if (rdv != grille.rendezVous.end()) {
-            return &*rdv;
+            return *rdv;
         }
     }
-    return nullptr;
+    return std::nullopt;
 }
 
+/// What it reads may be waited for with the event loop turning: it begins in no other action's wait, and what
+/// closes it meanwhile has the last word.
 void FicheMontree::montre() {
     if (m_ref == 0) {
         return;
     }
-    const RendezVous *rdv = trouve();
+    if (*m_env.actions > 0) {
+        m_suite.start(unMoment);
+        return;
+    }
+    const std::optional<RendezVous> rdv = trouve();
     const QRect bloc = m_vues.placeBloc(m_ref);
-    if (rdv == nullptr || bloc.isEmpty() || QApplication::activeModalWidget() != nullptr) {
+    if (!rdv || bloc.isEmpty() || QApplication::activeModalWidget() != nullptr) {
         ferme();
         return;
     }
     if (m_fiche == nullptr) {
         m_fiche = new FicheRDV(&m_fenetre);
     }
-    if (!m_fiche->montre(*rdv, acte(*rdv), m_carnet.selection().rdv == *rdv, m_vues.aspect(), bloc,
+    const QString aFaire = acte(*rdv);
+    if (m_ref != rdv->RefRDV) {
+        return;
+    }
+    if (!m_fiche->montre(*rdv, aFaire, m_carnet.selection().rdv == *rdv, m_vues.aspect(), bloc,
                          m_vues.placeChoix())) {
         ferme();
     }

@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QRect>
 #include <QTimer>
+#include <optional>
 
 class CarnetMontre;
 class FicheRDV;
@@ -25,7 +26,7 @@ class FicheMontree : public QObject {
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
   private:
-    const RendezVous *trouve() const;
+    std::optional<RendezVous> trouve() const;
     void montre();
     void ferme();
     QString acte(const RendezVous &rdv) const;

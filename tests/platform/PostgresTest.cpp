@@ -113,6 +113,7 @@ TEST_F(PostgresTest, OnlyWhoeverNamesTheSameThingWaits) {
         Database base = ouvre();
         Database autre = ouvre(20ms);
         Transaction tenue(base, rangee.premier);
+        base.query(SqlText("select 1 as un"));
         std::optional<Kind> obtenu;
         try {
             Transaction seconde(autre, rangee.second);
@@ -127,6 +128,7 @@ TEST_F(PostgresTest, OnlyWhoeverNamesTheSameThingWaits) {
     EXPECT_NO_THROW({
         Database base = ouvre(0ms);
         const Transaction libre(base);
+        base.query(SqlText("select 1 as un"));
     });
 }
 
@@ -217,7 +219,9 @@ TEST_F(PostgresTest, SaysInFrenchWhatIsWrong) {
         {"a refusé l'opération", Kind::Other, [&] { tavelin.query(SqlText("selec t")); }},
         {"est occupée par un autre poste", Kind::Locked, [&] {
              const Transaction tenue(tavelin);
+             tavelin.query(SqlText("select 1 as un"));
              const Transaction attend(presse);
+             presse.query(SqlText("select 1 as un"));
          }}};
     for (const auto &[phrase, attendue, action] : actions) {
         const DbError erreur = echec(action);

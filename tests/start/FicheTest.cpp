@@ -159,3 +159,12 @@ TEST(PlaceFiche, NeverCoversItsBlock) {
     EXPECT_EQ(PlaceFiche({600, 100, 90, 20}, {}, {334, 220}, ecran), QRect(258, 100, 334, 220));
     EXPECT_EQ(PlaceFiche({300, 100, 200, 20}, {}, {334, 220}, ecran), QRect(300, 128, 334, 220));
 }
+
+TEST_F(FicheTest, OpensInNoOtherActionsWait) {
+    int &actions = *cabinet.environnement().actions;
+    ++actions;
+    fait(q("touche Space"));
+    EXPECT_EQ(fiche(), "");
+    --actions;
+    EXPECT_TRUE(waitUntil([&] { return fiche() == pleine; }));
+}

@@ -79,6 +79,10 @@ qint64 Database::insert(const QString &table, const Fields &values) {
     return m_engine->insert(table, values);
 }
 
+void Database::append(const QString &table, const Fields &values) {
+    m_engine->append(table, values);
+}
+
 bool Database::update(const QString &table, const QString &keyField, qint64 key, const Fields &values) {
     return m_engine->update(table, keyField, key, values) > 0;
 }

@@ -35,6 +35,9 @@ class Database {
     int execute(const SqlText &sql);
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
     qint64 insert(const QString &table, const Fields &values);
+    /// The same without its key. In a transaction a server is told with the next statement, or the commit,
+    /// and that is then what throws.
+    void append(const QString &table, const Fields &values);
     /// Changes the row whose `keyField` is `key`; false when there is no such row.
     bool update(const QString &table, const QString &keyField, qint64 key, const Fields &values);
 
@@ -69,7 +72,8 @@ QString placeLabel(const QString &location);
 /// its own.
 QString checkBook(const QString &path, const std::stop_token &stop = {});
 
-/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start.
+/// A writing transaction that is undone unless it was committed. It holds the writer's lock from its start; a
+/// server's, from the first statement in it, which is then what waits for others.
 class Transaction {
   public:
     explicit Transaction(Database &database);

@@ -22,11 +22,15 @@ class Engine {
     virtual int execute(const QString &sql) = 0;
     /// Adds one row; gives the key that the database assigned (0 where the table has no such key).
     virtual qint64 insert(const QString &table, const Fields &values) = 0;
+    /// Adds one row whose key nobody asks for: it may be sent with the next statement, which then fails in
+    /// its place.
+    virtual void append(const QString &table, const Fields &values) { insert(table, values); }
     /// Changes the row whose `keyField` is `key`; gives the number of rows touched.
     virtual int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) = 0;
 
-    /// Takes the writer's lock at once, so that what is read inside stays true until commit. An engine that
-    /// can let several write leaves out only those who ask for one of the same `locks`, or for none.
+    /// Takes the writer's lock, at once or in front of the first statement inside: what is read there stays
+    /// true until commit. An engine that can let several write leaves out only those who ask for one of the
+    /// same `locks`, or for none.
     virtual void begin(const QStringList &locks) = 0;
     virtual void commit() = 0;
     virtual void rollback() noexcept = 0;

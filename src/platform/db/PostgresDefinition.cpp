@@ -128,8 +128,13 @@ QString PostgresEngine::keyOf(const QString &table) {
     return known(schema).tables.value(name).key;
 }
 
+/// One that is not known may have come since.
 bool PostgresEngine::hasTable(const QString &table) {
-    return catalogue().tables.contains(SqlDialect::postgresName(table));
+    const QString name = SqlDialect::postgresName(table);
+    if (m_catalogue && !m_catalogue->tables.contains(name)) {
+        m_catalogue.reset();
+    }
+    return catalogue().tables.contains(name);
 }
 
 bool PostgresEngine::isUpdatable(const QString &table) {

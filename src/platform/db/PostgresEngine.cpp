@@ -52,7 +52,7 @@ int rowsTouched(pg_result *result) {
 }
 
 QString lock(const QString &function, const QString &name) {
-    return QStringLiteral("SELECT pg_advisory_xact_lock%1(hashtextextended(%2, 0));")
+    return QStringLiteral("SELECT pg_advisory_xact_lock%1(hashtextextended(%2, 0))")
         .arg(function, quotedText(name));
 }
 
@@ -92,20 +92,25 @@ QByteArray PostgresEngine::settings() const {
         .toUtf8();
 }
 
-/// In front of the statement, where somebody else's settings hold: no round trip is spent on them.
+/// No round trip is spent on settings, where somebody else's hold, nor on what a transaction has put off.
 PostgresAnswer PostgresEngine::answerOf(PostgresConnection &line, const QString &native) {
     constexpr ptrdiff_t ofSettings = 2;
     const QByteArray wanted = settings();
     const bool areSet = line.settings == wanted;
-    const QByteArray before = areSet ? QByteArray() : wanted;
+    const QStringList ahead = &line == m_transaction.get() ? std::exchange(m_ahead, {}) : QStringList();
+    QByteArray before = areSet ? QByteArray() : wanted;
+    for (const QString &statement : ahead) {
+        before += statement.toUtf8() + ';';
+    }
     const auto limit = m_changesTables ? patienceForTables : std::max(patience, m_wait + beyondALock);
     PostgresAnswer answer = line.run(before + native.toUtf8(), limit);
     if (answer.failure) {
         line.settings.clear(); // what a transaction set goes with it
         answer.failure->position -= int(QString::fromUtf8(before).size());
-    } else if (!areSet) {
+    } else {
         line.settings = wanted;
-        answer.results.erase(answer.results.begin(), answer.results.begin() + ofSettings);
+        const ptrdiff_t others = ahead.size() + (areSet ? 0 : ofSettings);
+        answer.results.erase(answer.results.begin(), answer.results.begin() + others);
     }
     return answer;
 }
@@ -152,16 +157,28 @@ QString PostgresEngine::tableName(const QString &table) const {
     return alias.isEmpty() ? name : SqlDialect::postgresName(m_attached.value(alias, alias)) + u'.' + name;
 }
 
-qint64 PostgresEngine::insert(const QString &table, const Fields &values) {
+QString PostgresEngine::insertion(const QString &table, const Fields &values) const {
     QStringList names;
     QStringList literals;
     for (const auto &[name, value] : values) {
         names << SqlDialect::postgresName(name);
         literals << literal(value);
     }
+    return QStringLiteral("INSERT INTO ") + tableName(table) + QStringLiteral(" (") + names.join(u',') +
+           QStringLiteral(") VALUES (") + literals.join(u',') + u')';
+}
+
+void PostgresEngine::append(const QString &table, const Fields &values) {
+    if (m_transaction) {
+        m_ahead << insertion(table, values);
+    } else {
+        insert(table, values);
+    }
+}
+
+qint64 PostgresEngine::insert(const QString &table, const Fields &values) {
     const QString key = keyOf(table);
-    const QString sql = QStringLiteral("INSERT INTO ") + tableName(table) + QStringLiteral(" (") +
-                        names.join(u',') + QStringLiteral(") VALUES (") + literals.join(u',') + u')';
+    const QString sql = insertion(table, values);
     const auto results = send(key.isEmpty() ? sql : sql + QStringLiteral(" RETURNING ") + key);
     return key.isEmpty() ? 0 : QByteArray(PQgetvalue(results.back().get(), 0, 0)).toLongLong();
 }
@@ -190,20 +207,16 @@ void PostgresEngine::refuseIfReadOnly() {
 }
 
 /// The locks come first, in statements of their own: what is asked after them sees what their last owner
-/// wrote.
+/// wrote. Who takes all of them may be about to change tables, and looks at them anew when he has waited.
 void PostgresEngine::begin(const QStringList &locks) {
     refuseIfReadOnly();
-    QString sql = QStringLiteral("BEGIN;") +
-                  lock(locks.isEmpty() ? QString() : QStringLiteral("_shared"), m_place.schema);
-    for (const QString &name : locks) {
-        sql += lock({}, m_place.schema + u'|' + name);
-    }
     m_transaction = connection();
     m_writing = QUuid::createUuid().toString(QUuid::WithoutBraces);
-    m_catalogue.reset(); // who waited may find that another has changed the tables
-    if (const PostgresAnswer answer = answerOf(*m_transaction, sql); answer.failure) {
-        rollback();
-        fail(*answer.failure, sql);
+    m_catalogue = locks.isEmpty() ? std::nullopt : knownCatalogue(m_place);
+    m_ahead = {QStringLiteral("BEGIN"),
+               lock(locks.isEmpty() ? QString() : QStringLiteral("_shared"), m_place.schema)};
+    for (const QString &name : locks) {
+        m_ahead << lock({}, m_place.schema + u'|' + name);
     }
 }
 
@@ -226,7 +239,8 @@ void PostgresEngine::commit() {
 }
 
 void PostgresEngine::rollback() noexcept {
-    if (m_transaction && m_transaction->isAlive()) {
+    const bool begun = !m_ahead.contains(QStringLiteral("BEGIN"));
+    if (m_transaction && begun && m_transaction->isAlive()) {
         m_transaction->run("ROLLBACK", patience);
         m_transaction->settings.clear();
     }
@@ -238,6 +252,7 @@ void PostgresEngine::rollback() noexcept {
 
 void PostgresEngine::release() {
     m_transaction.reset();
+    m_ahead.clear();
     m_changesTables = false;
     m_catalogue.reset();
 }

@@ -20,6 +20,7 @@ class PostgresEngine : public Engine {
     void forEach(const std::vector<std::pair<QString, RowVisitor>> &queries) override;
     int execute(const QString &sql) override;
     qint64 insert(const QString &table, const Fields &values) override;
+    void append(const QString &table, const Fields &values) override;
     int update(const QString &table, const QString &keyField, qint64 key, const Fields &values) override;
     void begin(const QStringList &locks) override;
     void commit() override;
@@ -49,6 +50,7 @@ class PostgresEngine : public Engine {
     std::vector<PostgresResult> send(const QString &native);
     PostgresAnswer answerOf(PostgresConnection &line, const QString &native);
     QByteArray settings() const;
+    QString insertion(const QString &table, const Fields &values) const;
     void changesTables(const QString &native);
     /// What this schema holds, read once by each user of it and again where it may have changed.
     const PostgresCatalogue &catalogue();
@@ -68,7 +70,8 @@ class PostgresEngine : public Engine {
     std::chrono::milliseconds m_wait;
     std::shared_ptr<PostgresConnection> m_transaction; ///< kept while one is open
     QString m_writing;                                 ///< its key
-    bool m_changesTables = false;                      ///< an index of a large book takes its time
+    QStringList m_ahead; ///< statements of it that travel in front of the next: nobody waits for their answer
+    bool m_changesTables = false; ///< an index of a large book takes its time
     std::optional<PostgresCatalogue> m_catalogue;
     QHash<QString, QString> m_attached; ///< the name that the SQL writes: the schema
 };
