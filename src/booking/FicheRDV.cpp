@@ -23,13 +23,14 @@ QLabel *etiquette(QWidget *fiche, const char *nom) {
     return label;
 }
 
-/// `texte` with places to break it where it has no blanks: a card has its width.
-QString coupable(const QString &texte) {
+/// The first `plus` letters of `texte`, with places to break it where it has no blanks: a card has its width.
+QString coupable(const QString &texte, qsizetype plus) {
     constexpr qsizetype assezLong = 12;
     constexpr QChar sansLargeur(0x200B);
+    constexpr QChar suspension(0x2026);
     QString coupe;
     qsizetype suite = 0;
-    for (const QChar lettre : texte) {
+    for (const QChar lettre : texte.size() > plus ? texte.left(plus) + suspension : texte) {
         suite = lettre.isSpace() ? 0 : suite + 1;
         coupe += lettre;
         if (suite == assezLong) {
@@ -66,10 +67,11 @@ FicheRDV::FicheRDV(QWidget *parent)
 }
 
 void FicheRDV::habille(const Aspect &aspect) {
-    if (aspect == m_aspect && !m_nom->text().isEmpty()) {
+    if (aspect == m_aspect && font() == m_police && !m_nom->text().isEmpty()) {
         return;
     }
     m_aspect = aspect;
+    m_police = font();
     setPalette(PaletteDe(aspect, palette()));
     QPalette second = palette();
     second.setColor(QPalette::WindowText, aspect.encre2);
@@ -85,16 +87,16 @@ void FicheRDV::habille(const Aspect &aspect) {
     }
 }
 
-void FicheRDV::remplit(const RendezVous &rdv, const QString &acte) {
-    m_nom->setText(coupable(NomComplet(rdv.Nom, rdv.Prenom).trimmed()));
+void FicheRDV::remplit(const RendezVous &rdv, const QString &acte, qsizetype plus) {
+    m_nom->setText(coupable(NomComplet(rdv.Nom, rdv.Prenom).trimmed(), plus));
     m_quand->setText(QStringLiteral("%1 · %2–%3 · %4 min")
                          .arg(DatesFr::jourComplet(rdv.Date1), DatesFr::heure(rdv.HeureDebut),
                               DatesFr::heure(rdv.HeureFin))
                          .arg(Minutes(rdv.HeureDebut, rdv.HeureFin)));
-    Telephone->setText(coupable(rdv.Telephone.trimmed()));
-    Description->setText(coupable(rdv.Description.trimmed()));
-    Acte->setText(coupable(acte));
-    NumPatient->setText(rdv.NumPatient == QStringLiteral("0") ? QString() : coupable(rdv.NumPatient));
+    Telephone->setText(coupable(rdv.Telephone.trimmed(), plus));
+    Description->setText(coupable(rdv.Description.trimmed(), plus));
+    Acte->setText(coupable(acte, plus));
+    NumPatient->setText(rdv.NumPatient == QStringLiteral("0") ? QString() : coupable(rdv.NumPatient, plus));
     Present->setText(rdv.Present ? QStringLiteral("oui") : QStringLiteral("non"));
     for (QLabel *champ : {Telephone, Description, Acte, NumPatient}) {
         if (champ->text().isEmpty()) {
@@ -108,15 +110,21 @@ bool FicheRDV::montre(const RendezVous &rdv, const QString &acte, bool choisi, c
     constexpr int largeur = 334;
     constexpr int corps = 16; // height of the font that the width was made for
     habille(aspect);
-    remplit(rdv, acte);
-    m_champs->invalidate(); // it keeps the heights of the card before
     m_touches->setText((choisi ? QStringLiteral("Entrée : éditer     ") : QString()) +
                        QStringLiteral("Échap : fermer"));
     m_bord = aspect.jours[size_t(Jour(rdv.Date1))].bord;
     const int large = std::max(largeur, largeur * fontMetrics().height() / corps);
-    const QSize taille(large, layout()->totalHeightForWidth(large));
-    const QScreen *ecran = parentWidget()->screen();
-    const auto place = PlaceFiche(bloc, choix, taille, ecran->availableGeometry());
+    const QRect ecran = parentWidget()->screen()->availableGeometry();
+    std::optional<QRect> place;
+    for (const qsizetype plus : {255, 120, 60, 30}) { // a card beside its block says more than none
+        remplit(rdv, acte, plus);
+        m_champs->invalidate(); // it keeps the heights of the card before
+        const QSize taille(large, layout()->totalHeightForWidth(large));
+        place = PlaceFiche(bloc, choix, taille, ecran);
+        if (place) {
+            break;
+        }
+    }
     if (!place) {
         hide();
         return false;

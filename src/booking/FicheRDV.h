@@ -24,7 +24,8 @@ class FicheRDV : public QFrame {
     void paintEvent(QPaintEvent *event) override;
 
   private:
-    void remplit(const RendezVous &rdv, const QString &acte);
+    /// At most `plus` letters of each text.
+    void remplit(const RendezVous &rdv, const QString &acte, qsizetype plus);
     void habille(const Aspect &aspect);
 
     QLabel *m_nom;
@@ -38,4 +39,5 @@ class FicheRDV : public QFrame {
     QLabel *m_touches;
     QColor m_bord;
     Aspect m_aspect;
+    QFont m_police;
 };

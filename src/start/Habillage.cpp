@@ -54,6 +54,7 @@ void rendLisible() {
 Habillage::Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vues, QMainWindow &fenetre)
     : QObject(&fenetre), m_ui(ui), m_env(env), m_vues(vues), m_fenetre(fenetre),
       m_presentation(retenue(env)) {
+    m_ecriture.setMaxThreadCount(1); // the last choice is the last one written
     connect(ui.mnuClassique, &QAction::triggered, this, [this] { choisit(Presentation::Classique); });
     connect(ui.mnuContemporaine, &QAction::triggered, this, [this] { choisit(Presentation::Contemporaine); });
     fenetre.installEventFilter(this);
@@ -62,18 +63,25 @@ Habillage::Habillage(const Ui::FrmEntree &ui, const Environnement &env, Vues &vu
 
 void Habillage::choisit(Presentation presentation) {
     m_presentation = presentation;
-    if (!m_env.fichierReglages.isEmpty()) {
-        QSettings(m_env.fichierReglages, QSettings::IniFormat)
-            .setValue(cle, avecBoutons() ? QStringLiteral("classique") : contemporaine);
-    }
     applique();
+    retient();
+}
+
+/// By a thread: a lock that another host has left beside the file is waited for half a minute.
+void Habillage::retient() {
+    if (!m_env.fichierReglages.isEmpty()) {
+        m_ecriture.start([fichier = m_env.fichierReglages,
+                          valeur = avecBoutons() ? QStringLiteral("classique") : contemporaine] {
+            QSettings(fichier, QSettings::IniFormat).setValue(cle, valeur);
+        });
+    }
 }
 
 void Habillage::applique() {
     rendLisible();
-    const QPalette bureau = QApplication::palette();
-    const Aspect aspect = AspectDe(m_presentation, bureau);
-    m_fenetre.setPalette(avecBoutons() ? QPalette() : PaletteDe(aspect, bureau));
+    m_bureau = QApplication::palette();
+    const Aspect aspect = AspectDe(m_presentation, m_bureau);
+    m_fenetre.setPalette(avecBoutons() ? QPalette() : PaletteDe(aspect, m_bureau));
     m_vues.habille(aspect);
     if (!avecBoutons()) {
         retireBarre(); // its icons have the look's colour
@@ -167,9 +175,9 @@ void Habillage::dessine(const Affichage &affichage) {
     m_periode->setText(affichage.grilles.isEmpty() ? QString() : DatesFr::periode(premier, dernier));
 }
 
-/// The desktop turns dark or light while the book is open.
+/// The desktop turns dark or light while the book is open. What has been changed here comes back, too.
 bool Habillage::eventFilter(QObject *objet, QEvent *evenement) {
-    if (evenement->type() == QEvent::ApplicationPaletteChange) {
+    if (evenement->type() == QEvent::ApplicationPaletteChange && QApplication::palette() != m_bureau) {
         applique();
     }
     return QObject::eventFilter(objet, evenement);

@@ -5,6 +5,8 @@
 
 #include <QMap>
 #include <QObject>
+#include <QPalette>
+#include <QThreadPool>
 
 #include <functional>
 
@@ -42,6 +44,7 @@ class Habillage : public QObject {
 
   private:
     void applique();
+    void retient();
     void construitBarre();
     void retireBarre();
     void ajoute(Icone quoi, const QString &texte, const std::function<void()> &operation);
@@ -51,8 +54,10 @@ class Habillage : public QObject {
     Vues &m_vues;
     QMainWindow &m_fenetre;
     Presentation m_presentation;
+    QPalette m_bureau;           ///< that the looks were made for
     QToolBar *m_barre = nullptr; ///< made when it is first shown
     QLabel *m_periode = nullptr;
     QMap<Icone, QAction *> m_actions;
     bool m_semaine = true;
+    QThreadPool m_ecriture; ///< of the settings; waited for at the end
 };

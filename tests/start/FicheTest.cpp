@@ -96,6 +96,12 @@ TEST_F(FicheTest, HasTheHeightOfItsOwnTextAndLeavesTheSelectionInSight) {
                        grille().outlineRect().size());
     EXPECT_TRUE(avant.intersects(choisi));
     EXPECT_FALSE(fenetre->findChild<FicheRDV *>()->geometry().intersects(choisi));
+    const QString longue = q("W").repeated(255);
+    livre.execute(SqlText("update RDV set Nom = ")
+                  << texte(longue) << SqlText(", Prenom = ") << texte(longue) << SqlText(", Telephone = ")
+                  << texte(longue) << SqlText(", Description = ") << texte(longue));
+    tique();
+    EXPECT_TRUE(waitUntil([&] { return fiche().starts_with("WWW"); })) << "cut, it still says something";
 }
 
 TEST_F(FicheTest, FollowsTheBook) {

@@ -1,6 +1,8 @@
 #include "platform/ui/FlexGridDelegate.h"
 #include "support/Fenetre.h"
+#include "support/WaitUntil.h"
 
+#include <QLockFile>
 #include <QSettings>
 #include <QToolBar>
 #include <QToolButton>
@@ -47,6 +49,16 @@ TEST_F(HabillageTest, IsRememberedAndWhatIsNotKnownIsClassique) {
     EXPECT_TRUE(objet<QAction>("mnuContemporaine").isChecked()) << "a tick is no toggle";
     ouvre();
     EXPECT_TRUE(contemporaine());
+}
+
+TEST_F(HabillageTest, ALockBesideTheSettingsIsNotWaitedFor) {
+    ouvre();
+    QLockFile verrou(cabinet.environnement().fichierReglages + q(".lock"));
+    ASSERT_TRUE(verrou.lock());
+    fait(q("mnuContemporaine"));
+    EXPECT_TRUE(contemporaine());
+    verrou.unlock();
+    EXPECT_TRUE(waitUntil([this] { return reglages().value(q("presentation")) == q("contemporaine"); }));
 }
 
 TEST_F(HabillageTest, TheSameBookInBothWithAToolForEachButton) {

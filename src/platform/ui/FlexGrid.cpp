@@ -141,8 +141,8 @@ void FlexGrid::setTimeScale(const std::optional<TimeScale> &scale) {
 /// Above the first row of a grid that begins later than its neighbour, row 0 keeps the place free.
 void FlexGrid::fitRowsToScale() {
     const int least = leastRowHeight();
-    const double pixels = std::clamp(viewport()->height() / double(m_scale->whole),
-                                     least / double(m_scale->leastStep), 2.0 * least / m_scale->leastStep);
+    const double pixels =
+        std::max(viewport()->height() / double(m_scale->whole), least / double(m_scale->leastStep));
     const auto top = [pixels](int minutes) { return qRound(minutes * pixels); };
     const int last = m_cells.rows() - 1;
     setRowHidden(0, m_scale->before == 0);

@@ -72,7 +72,17 @@ int FlexGridDelegate::write(QPainter &painter, const QRect &rect, const QString 
     const TextCache::Laid &laid =
         m_texts.lay(text, m_fonts[size_t(font)], font, rect.width(), lines, m_lineStep);
     const QRect place = QStyle::alignedRect(Qt::LeftToRight, alignment, laid.size.toSize(), rect);
+    constexpr int usual = 2; // a line may be a little higher than its row
+    const bool beyond =
+        laid.size.width() > rect.width() + usual || laid.size.height() > rect.height() + usual;
+    if (beyond) { // another script's font, or joined signs
+        painter.save();
+        painter.setClipRect(rect, Qt::IntersectClip);
+    }
     laid.layout->draw(&painter, place.topLeft());
+    if (beyond) {
+        painter.restore();
+    }
     return int(laid.size.width() + 1);
 }
 
