@@ -2,11 +2,13 @@
 
 #include "booking/FrmAjouter.h"
 #include "booking/FrmEditer.h"
+#include "booking/FrmInsolite.h"
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
 #include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
+#include "grid/ReplacerTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 
@@ -15,14 +17,20 @@ ActionsRDV::ActionsRDV(const Environnement &env, QWidget &fenetre) : m_env(env),
 void ActionsRDV::ajoute(const PlaceRDV &place) {
     constexpr int aCheval = 2;
     PlaceRDV choisie = place;
+    QList<Insolite> dits;
     if (place.ChoixHoraire == aCheval) {
-        FrmQuelHoraire question(&m_fenetre);
+        RendezVous personne; // who comes is not known yet
+        personne.Date1 = place.jour;
+        personne.HeureDebut = place.horaire.debut;
+        personne.HeureFin = place.horaire.fin;
+        dits = InsoliteDe({.rdv = personne, .place = place}, {}, m_env.maintenant());
+        FrmQuelHoraire question(dits, &m_fenetre);
         if (question.exec() != QDialog::Accepted) {
             return;
         }
         choisie.ChoixHoraire = question.ChoixHoraire();
     }
-    FrmAjouter fenetre(m_env, choisie, &m_fenetre);
+    FrmAjouter fenetre(m_env, choisie, &m_fenetre, dits);
     if (fenetre.exec() == QDialog::Accepted) {
         emit rdvEcrit(fenetre.rdvEcrit(), fenetre.ecriture());
     }
@@ -70,6 +78,11 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     if (fin == rdv.HeureFin) {
         return;
     }
+    RendezVous voulu = rdv;
+    voulu.HeureFin = fin;
+    if (!Confirme(m_env, {voulu, rdv, place}, &m_fenetre)) {
+        return;
+    }
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
@@ -79,6 +92,10 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     if (!ecrit) {
         return;
     }
+    conclut(bilan, rdv, voulu);
+}
+
+void ActionsRDV::conclut(const BilanEcriture &bilan, const RendezVous &rdv, const RendezVous &voulu) {
     RendezVous apres = rdv; // what is in the way may not be shown yet
     switch (bilan.resultat) {
     case Ecriture::Occupe:
@@ -93,10 +110,39 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
         apres = {};
         break;
     case Ecriture::Fait:
-        apres.HeureFin = fin;
+        apres = voulu;
         break;
     }
     emit rdvEcrit(apres, bilan.ecriture);
+}
+
+void ActionsRDV::deplace(const RendezVous &rdv, const PlaceRDV &place) {
+    const RendezVous voulu = Place(rdv, place);
+    if (!Confirme(m_env, {voulu, rdv, place}, &m_fenetre)) {
+        return;
+    }
+    BilanEcriture bilan;
+    if (essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            bilan = DeplaceRDV(base, m_env.auteur(), rdv, place);
+        })) {
+        conclut(bilan, rdv, voulu);
+    }
+}
+
+void ActionsRDV::metDeCote(const RendezVous &rdv) {
+    bool garde = false;
+    if (!essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            garde = MetDeCote(base, rdv, m_env.maintenant());
+        })) {
+        return;
+    }
+    if (!garde) {
+        m_env.messages->show(QStringLiteral("Ce carnet ne peut pas garder de rendez-vous à replacer : ses "
+                                            "tables ne peuvent pas être changées."));
+    }
+    emit rdvEcrit(rdv, {});
 }
 
 void ActionsRDV::reporte() {

@@ -8,6 +8,7 @@
 #include <QObject>
 
 class QWidget;
+struct BilanEcriture;
 struct Environnement;
 
 /// What the menus do with a place or an appointment: each opens its window, or acts at once.
@@ -25,6 +26,10 @@ class ActionsRDV : public QObject {
     void marquePresent(const RendezVous &rdv, bool present);
     /// Its end moves by one slot of `place`; where it cannot, nothing is written.
     void changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens);
+    /// Moves it to the start of `place`, as long as it is; what is odd there is asked first.
+    void deplace(const RendezVous &rdv, const PlaceRDV &place);
+    /// Sets it aside; it stays where it is.
+    void metDeCote(const RendezVous &rdv);
     void reporte();
 
   signals:
@@ -34,6 +39,9 @@ class ActionsRDV : public QObject {
     void rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture);
 
   private:
+    /// Tells what became of a writing that was to make `voulu` of `rdv`, and signals it.
+    void conclut(const BilanEcriture &bilan, const RendezVous &rdv, const RendezVous &voulu);
+
     const Environnement &m_env;
     QWidget &m_fenetre;
 };

@@ -1,6 +1,7 @@
 #include "booking/ReservationTables.h"
 
 #include "booking/RangeeTables.h"
+#include "grid/ReplacerTables.h"
 #include "journal/JournalTables.h"
 #include "platform/db/DateInverse.h"
 
@@ -75,23 +76,48 @@ BilanEcriture efface(Database &rdv, const Auteur &auteur, Operation quoi, qint64
     });
 }
 
-/// Writes `champs` of an appointment whose place is that of `saisie`.
-BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const SaisieRDV &saisie,
-                      const Fields &champs, long praticien, long fauteuil) {
-    const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv);
-    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+struct Chaise {
+    long praticien = 0;
+    long fauteuil = 0;
+};
+
+/// Why the appointment cannot have the place of `saisie`, which has to be free at the shown chair, `montree`,
+/// and where it stays, at its own; Fait: it can.
+BilanEcriture obstacle(Database &rdv, const RendezVous &avant, const SaisieRDV &saisie, const Chaise &montree,
+                       bool reste) {
+    const std::optional<RendezVous> actuel = LitRDV(rdv, avant.RefRDV);
     if (!actuel) {
         return {Ecriture::Disparu};
     }
     if (!memeSaisie(*actuel, avant)) {
         return {Ecriture::Change, *actuel};
     }
-    if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
-        !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil)) {
-        return {Ecriture::Occupe};
+    const bool libre =
+        EstReservable(plageDe(saisie)) &&
+        libreSauf(rdv, avant.RefRDV, saisie, montree.praticien, montree.fauteuil) &&
+        (!reste || libreSauf(rdv, avant.RefRDV, saisie, actuel->NumPraticien, actuel->Fauteuil));
+    return {libre ? Ecriture::Fait : Ecriture::Occupe, *actuel};
+}
+
+bool libreAjout(Database &rdv, const SaisieRDV &saisie, long praticien, long fauteuil) {
+    const PlageHoraire voulu = plageDe(saisie);
+    const QList<RendezVous> jour = duJour(rdv, saisie.Date1, praticien, fauteuil);
+    return EstReservable(voulu) && HoraireLibre(jour, voulu) && !RDVHere(jour, voulu);
+}
+
+/// Writes `champs` of an appointment whose place is that of `saisie`.
+BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const SaisieRDV &saisie,
+                      const Fields &champs, const Chaise &montree, bool reste = true,
+                      const std::function<void()> &aussi = {}) {
+    Transaction transaction(rdv);
+    const BilanEcriture empeche = obstacle(rdv, avant, saisie, montree, reste);
+    if (empeche.resultat != Ecriture::Fait) {
+        return empeche;
     }
-    const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, ref, champs);
+    const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, avant.RefRDV, champs);
+    if (aussi) {
+        aussi();
+    }
     transaction.commit();
     return bilan;
 }
@@ -154,18 +180,13 @@ RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie) {
 }
 
 BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &nouveau) {
-    const PlageHoraire voulu = plageDe(nouveau.saisie);
-    if (!EstReservable(voulu)) {
-        return {Ecriture::Occupe};
-    }
     const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
     champs.emplace_back(QStringLiteral("NumPraticien"), nouveau.NumPraticien);
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
     champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
     Transaction transaction(rdv);
-    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, CLng(nouveau.NumPraticien), fauteuil);
-    if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
+    if (!libreAjout(rdv, nouveau.saisie, CLng(nouveau.NumPraticien), fauteuil)) {
         return {Ecriture::Occupe};
     }
     const BilanEcriture bilan = ecritNouvelle(rdv, auteur, Operation::Ajout, champs);
@@ -175,15 +196,42 @@ BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &n
 
 BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
                          const SaisieRDV &saisie, long praticien, long fauteuil) {
-    return reecrit(rdv, auteur, avant, saisie, champsDe(saisie), praticien, fauteuil);
+    return reecrit(rdv, auteur, avant, saisie, champsDe(saisie), {praticien, fauteuil});
 }
 
 BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
                         long praticien, long fauteuil) {
     SaisieRDV place = placeDe(avant);
     place.HeureFin = fin;
-    return reecrit(rdv, auteur, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien,
-                   fauteuil);
+    return reecrit(rdv, auteur, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}},
+                   {praticien, fauteuil});
+}
+
+BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
+                         const PlaceRDV &place) {
+    const RendezVous voulu = Place(avant, place);
+    const auto [debut, fin] = EnMinutes({voulu.HeureDebut, voulu.HeureFin});
+    Fields champs{{QStringLiteral("Date1"), Value::date(voulu.Date1)},
+                  {QStringLiteral("HeureDebut"), Value::time(debut)},
+                  {QStringLiteral("HeureFin"), Value::time(fin)},
+                  {QStringLiteral("DateInv"), InverseDate(voulu.Date1)}};
+    const bool reste = voulu.Fauteuil == avant.Fauteuil;
+    if (!reste) {
+        champs.emplace_back(QStringLiteral("Fauteuil"), qint64{voulu.Fauteuil});
+    }
+    return reecrit(rdv, auteur, avant, placeDe(voulu), champs, {avant.NumPraticien, voulu.Fauteuil}, reste,
+                   [&] { NotePose(rdv, avant.RefRDV, voulu); });
+}
+
+bool SeraitRefuse(Database &rdv, const Visee &visee) {
+    const long praticien = CLng(visee.place.PraticienCourant);
+    const long fauteuil = CLng(visee.place.FauteuilCourant);
+    const SaisieRDV place = placeDe(visee.rdv);
+    if (!visee.avant) {
+        return !libreAjout(rdv, place, praticien, fauteuil);
+    }
+    const bool reste = visee.rdv.Fauteuil == visee.avant->Fauteuil;
+    return obstacle(rdv, *visee.avant, place, {praticien, fauteuil}, reste).resultat != Ecriture::Fait;
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {

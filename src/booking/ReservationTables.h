@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/Insolite.h"
 #include "grid/Occupation.h"
 #include "grid/RendezVousTables.h"
 #include "journal/Ecriture.h"
@@ -57,6 +58,11 @@ BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &
 /// The same for its end alone: nothing else is written.
 BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
                         long praticien, long fauteuil);
+/// Moves an appointment to the start of `place` and to its chair, as long as it was; its practitioner stays.
+/// Where it is set aside, it is placed by that. Nothing else is written.
+BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant, const PlaceRDV &place);
+/// Whether such a writing would be refused now, and says why by itself: nothing is to be asked before it.
+bool SeraitRefuse(Database &rdv, const Visee &visee);
 /// Changed meanwhile: in any field.
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant);
 /// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.
