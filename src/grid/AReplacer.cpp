@@ -25,7 +25,7 @@ bool autrePatient(const RendezVous &a, const RendezVous &b) {
 }
 
 QString compte(qint64 nombre, const char *un, const char *plusieurs) {
-    return QString::number(nombre) + u' ' + QString::fromUtf8(nombre == 1 ? un : plusieurs);
+    return QString::number(nombre) + u' ' + QString::fromUtf8(nombre < 2 ? un : plusieurs);
 }
 
 QString duree(qint64 secondes) {

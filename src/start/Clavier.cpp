@@ -50,9 +50,10 @@ void Clavier::dessine(bool zoome) {
 void Clavier::voletSuivant(int pas) {
     QList<QWidget *> volets;
     int courant = 0;
-    for (QWidget *volet : QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03,
+    auto *aReplacer = m_fenetre.findChild<QWidget *>(QStringLiteral("ListeReplacer"));
+    for (QWidget *volet : QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03, aReplacer,
                                            m_ui.BtnPrecedent, m_ui.BtnPrecedent2}) {
-        if (volet->isVisible() && volet->isEnabled()) {
+        if (volet != nullptr && volet->isVisible() && volet->isEnabled()) {
             volets << volet;
             const bool bouton = volet->inherits("QPushButton") && m_fenetre.focusWidget() != nullptr &&
                                 m_fenetre.focusWidget()->inherits("QPushButton");

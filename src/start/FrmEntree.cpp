@@ -19,6 +19,7 @@
 #include "start/FrmTouches.h"
 #include "start/Habillage.h"
 #include "start/MenusPraticien.h"
+#include "start/ReplacerMontre.h"
 #include "start/Surveillance.h"
 
 #include <QApplication>
@@ -58,6 +59,7 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
       m_retour(new ActionsAnnulation(env, m_carnet, m_annulation, *this)),
       m_menus(new MenusPraticien(*ui->mnuPraticien, *ui->menuFaut, this)),
       m_patient(new ActionsPatient(env, m_carnet, m_annulation, *m_menus, *this)),
+      m_replacer(new ReplacerMontre(*ui, env, m_carnet, *m_actions, *m_vues, *this)),
       m_options(new ActionsOptions(env, m_carnet, *m_menus, *this)), m_clavier(new Clavier(*ui, *this)),
       m_surveillance(new Surveillance(env, this)), BtnSemaine(BoutonVue(*ui, QStringLiteral("Semaine"))),
       BtnJour(BoutonVue(*ui, QStringLiteral("Jour"))) {
@@ -106,6 +108,10 @@ void FrmEntree::relieMenus() {
     relieA(m_actions, ui->mnuPresent, &ActionsSelection::mnuPresent_Click);
     relieA(m_actions, ui->mnuAllonger, &ActionsSelection::mnuAllonger_Click);
     relieA(m_actions, ui->mnuRaccourcir, &ActionsSelection::mnuRaccourcir_Click);
+    relieA(m_actions, ui->mnuMettreDeCote, &ActionsSelection::mnuMettreDeCote_Click);
+    relieA(m_replacer, ui->mnuPoser, &ReplacerMontre::mnuPoser_Click);
+    relieA(m_replacer, ui->mnuReplacer, &ReplacerMontre::mnuReplacer_Click);
+    connect(m_replacer, &ReplacerMontre::placeChange, this, &FrmEntree::dispose);
     relieA(m_retour, ui->mnuAnnuler, &ActionsAnnulation::mnuAnnuler_Click);
     relieA(m_retour, ui->mnuRetablir, &ActionsAnnulation::mnuRetablir_Click);
     relieA(m_retour, ui->mnuHistorique, &ActionsAnnulation::mnuHistorique_Click);

@@ -22,6 +22,7 @@ class Clavier;
 class Habillage;
 class MenusPraticien;
 class QPushButton;
+class ReplacerMontre;
 struct Depart;
 class Surveillance;
 class Vues;
@@ -90,6 +91,7 @@ class FrmEntree : public QMainWindow {
     ActionsAnnulation *m_retour;
     MenusPraticien *m_menus;
     ActionsPatient *m_patient;
+    ReplacerMontre *m_replacer;
     ActionsOptions *m_options;
     Clavier *m_clavier;
     Surveillance *m_surveillance;

@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QObject>
+#include <optional>
+
+class ActionsSelection;
+class CarnetMontre;
+class QMainWindow;
+class VoletReplacer;
+class Vues;
+struct Environnement;
+namespace Ui {
+class FrmEntree;
+}
+
+/// Shows the pinboard as long as it holds something, or as the user has chosen, and does what is asked there.
+class ReplacerMontre : public QObject {
+    Q_OBJECT
+  public:
+    ReplacerMontre(const Ui::FrmEntree &ui, const Environnement &env, CarnetMontre &carnet,
+                   ActionsSelection &actions, const Vues &vues, QMainWindow &fenetre);
+
+    /// Places the chosen entry, or the first that waits, at the selection.
+    void mnuPoser_Click();
+    void mnuReplacer_Click();
+
+  signals:
+    /// There is more room for the book, or less.
+    void placeChange();
+
+  protected:
+    bool eventFilter(QObject *objet, QEvent *evenement) override;
+
+  private:
+    void dessine();
+    void retire(qint64 RefRDV);
+
+    const Ui::FrmEntree &m_ui;
+    const Environnement &m_env;
+    CarnetMontre &m_carnet;
+    ActionsSelection &m_actions;
+    const Vues &m_vues;
+    VoletReplacer *m_volet;
+    std::optional<bool> m_voulu; ///< chosen by hand
+};
