@@ -132,6 +132,7 @@ void FrmEntree::relieMenus() {
     relieA(m_habillage, ui->mnuClassique, [](Habillage *h) { h->choisit(Presentation::Classique); });
     relieA(m_habillage, ui->mnuContemporaine, [](Habillage *h) { h->choisit(Presentation::Contemporaine); });
     connect(m_habillage, &Habillage::change, this, &FrmEntree::montreVue);
+    connect(m_habillage, &Habillage::change, m_replacer, &ReplacerMontre::dessine);
     relieA(m_options, ui->mnutranche, &ActionsOptions::mnutranche_Click);
     relieA(m_options, ui->mnuexclure, &ActionsOptions::mnuexclure_Click);
     relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);

@@ -23,6 +23,8 @@ class ReplacerMontre : public QObject {
     /// Places the chosen entry, or the first that waits, at the selection.
     void mnuPoser_Click();
     void mnuReplacer_Click();
+    /// In the look of the book.
+    void dessine();
 
   signals:
     /// There is more room for the book, or less.
@@ -32,7 +34,6 @@ class ReplacerMontre : public QObject {
     bool eventFilter(QObject *objet, QEvent *evenement) override;
 
   private:
-    void dessine();
     void retire(qint64 RefRDV);
 
     const Ui::FrmEntree &m_ui;
