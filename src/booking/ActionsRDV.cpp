@@ -2,36 +2,51 @@
 
 #include "booking/FrmAjouter.h"
 #include "booking/FrmEditer.h"
+#include "booking/FrmInsolite.h"
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
 #include "booking/MessagesRDV.h"
 #include "booking/RangeeTables.h"
 #include "booking/ReservationTables.h"
+#include "grid/ReplacerTables.h"
 #include "platform/ui/Messages.h"
 #include "practice/Essai.h"
 
+namespace {
+
+constexpr int aCheval = 2; // on the working hours
+
+} // namespace
+
 ActionsRDV::ActionsRDV(const Environnement &env, QWidget &fenetre) : m_env(env), m_fenetre(fenetre) {}
 
-std::optional<PlaceRDV> ActionsRDV::classee(const PlaceRDV &place) {
-    constexpr int aCheval = 2;
+std::optional<PlaceRDV> ActionsRDV::classee(const PlaceRDV &place, const QList<Insolite> &insolites) {
     PlaceRDV choisie = place;
-    if (place.ChoixHoraire == aCheval) {
-        FrmQuelHoraire question(&m_fenetre);
-        if (question.exec() != QDialog::Accepted) {
-            return std::nullopt;
-        }
-        choisie.ChoixHoraire = question.ChoixHoraire();
+    FrmQuelHoraire question(insolites, &m_fenetre);
+    if (question.exec() != QDialog::Accepted) {
+        return std::nullopt;
     }
+    choisie.ChoixHoraire = question.ChoixHoraire();
     return choisie;
 }
 
 void ActionsRDV::ajoute(const PlaceRDV &place) {
-    const std::optional<PlaceRDV> choisie = classee(place);
-    if (!choisie) {
-        return;
+    PlaceRDV choisie = place;
+    QList<Insolite> dits;
+    if (place.ChoixHoraire == aCheval) {
+        RendezVous personne; // who comes is not known yet
+        personne.Date1 = place.jour;
+        personne.HeureDebut = place.horaire.debut;
+        personne.HeureFin = place.horaire.fin;
+        dits = InsoliteDe({.rdv = personne, .place = place}, {}, m_env.maintenant());
+        const std::optional<PlaceRDV> voulue = classee(place, dits);
+        if (!voulue) {
+            return;
+        }
+        choisie = *voulue;
     }
-    FrmAjouter fenetre(m_env, *choisie, &m_fenetre);
+    FrmAjouter fenetre(m_env, choisie, &m_fenetre, dits);
     if (fenetre.exec() == QDialog::Accepted) {
         emit rdvEcrit(fenetre.rdvEcrit(), fenetre.ecriture());
     }
@@ -79,18 +94,19 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     if (fin == rdv.HeureFin) {
         return;
     }
-    BilanEcriture bilan;
-    const bool ecrit = essaie(m_env, [&] {
-        Database base = m_env.ouvreCarnetPourEcrire();
-        bilan = ChangeFin(base, m_env.auteur(), rdv, fin, CLng(place.PraticienCourant),
-                          CLng(place.FauteuilCourant));
-    });
-    if (!ecrit) {
-        return;
-    }
     RendezVous apres = rdv;
     apres.HeureFin = fin;
-    rend(rdv, apres, bilan);
+    if (!Confirme(m_env, {apres, rdv, place}, &m_fenetre)) {
+        return;
+    }
+    BilanEcriture bilan;
+    if (essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            bilan = ChangeFin(base, m_env.auteur(), rdv, fin, CLng(place.PraticienCourant),
+                              CLng(place.FauteuilCourant));
+        })) {
+        rend(rdv, apres, bilan);
+    }
 }
 
 void ActionsRDV::rend(const RendezVous &rdv, const RendezVous &apres, const BilanEcriture &bilan,
@@ -117,6 +133,9 @@ void ActionsRDV::refuse(bool encore) {
 }
 
 void ActionsRDV::deplace(const RendezVous &rdv, const RendezVous &apres, const PlaceRDV &place) {
+    if (!Confirme(m_env, {apres, rdv, place}, &m_fenetre)) {
+        return;
+    }
     BilanEcriture bilan;
     if (essaie(m_env, [&] {
             Database base = m_env.ouvreCarnetPourEcrire();
@@ -127,17 +146,26 @@ void ActionsRDV::deplace(const RendezVous &rdv, const RendezVous &apres, const P
     }
 }
 
-void ActionsRDV::reserveEncore(const RendezVous &rdv, const PlaceRDV &place) {
-    const std::optional<PlaceRDV> choisie = classee(place);
+void ActionsRDV::reserveEncore(const RendezVous &rdv, const RendezVous &encore, const PlaceRDV &place) {
+    const Visee visee{.rdv = encore, .place = place};
+    const auto insolites = LitInsolites(m_env, visee);
+    if (!insolites) {
+        return;
+    }
+    std::optional<PlaceRDV> choisie = place;
+    if (place.ChoixHoraire == aCheval) {
+        choisie = classee(place, *insolites);
+    } else if (!DemandeQuandMeme(visee, *insolites, &m_fenetre)) {
+        return;
+    }
     if (!choisie) {
         return;
     }
-    const auto &[debut, fin] = choisie->horaire;
-    const NouveauRDV nouveau{
-        {rdv.Nom, rdv.Prenom, rdv.Telephone, rdv.Description, rdv.NumPatient, choisie->jour, debut, fin},
-        choisie->PraticienCourant,
-        choisie->FauteuilCourant,
-        choisie->ChoixHoraire != 0};
+    const NouveauRDV nouveau{{rdv.Nom, rdv.Prenom, rdv.Telephone, rdv.Description, rdv.NumPatient,
+                              encore.Date1, encore.HeureDebut, encore.HeureFin},
+                             choisie->PraticienCourant,
+                             choisie->FauteuilCourant,
+                             choisie->ChoixHoraire != 0};
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
@@ -151,6 +179,30 @@ void ActionsRDV::reserveEncore(const RendezVous &rdv, const PlaceRDV &place) {
     }
     rend(rdv, bilan.resultat == Ecriture::Fait ? RendezVousDe(bilan.ecriture.apres) : RendezVous(), bilan,
          true);
+}
+
+void ActionsRDV::metDeCote(const RendezVous &rdv) {
+    bool garde = false;
+    if (!essaie(m_env, [&] {
+            Database base = m_env.ouvreCarnetPourEcrire();
+            garde = MetDeCote(base, rdv, m_env.maintenant());
+        })) {
+        return;
+    }
+    if (!garde) {
+        m_env.messages->show(QStringLiteral("Ce carnet ne peut pas garder de rendez-vous à replacer : ses "
+                                            "tables ne peuvent pas être changées."));
+    }
+    emit rdvEcrit(rdv, {});
+}
+
+void ActionsRDV::retireDeCote(qint64 RefRDV) {
+    if (essaie(m_env, [&] {
+            Database carnet = m_env.ouvreCarnetPourEcrire();
+            RetireReplacer(carnet, RefRDV);
+        })) {
+        emit rdvEcrit({}, {});
+    }
 }
 
 void ActionsRDV::reporte() {

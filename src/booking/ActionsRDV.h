@@ -1,6 +1,7 @@
 #pragma once
 
 #include "booking/HorairesRDV.h"
+#include "booking/Insolite.h"
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
 #include "journal/Ecriture.h"
@@ -27,12 +28,17 @@ class ActionsRDV : public QObject {
     void marquePresent(const RendezVous &rdv, bool present);
     /// Its end moves by one slot of `place`; where it cannot, nothing is written.
     void changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens sens);
-    /// As `apres` has it, from a drop on `place`.
+    /// As `apres` has it, on `place`; what is odd there is asked first.
     void deplace(const RendezVous &rdv, const RendezVous &apres, const PlaceRDV &place);
-    /// Books the patient of `rdv` once more; a range across the working hours is asked about first.
-    void reserveEncore(const RendezVous &rdv, const PlaceRDV &place);
+    /// Books the patient of `rdv` once more, as `encore` has it; a range across the working hours is asked
+    /// about first, as what is odd is.
+    void reserveEncore(const RendezVous &rdv, const RendezVous &encore, const PlaceRDV &place);
     /// Says that another appointment lies there; `encore`: where one was to be booked.
     void refuse(bool encore);
+    /// Sets it aside; it stays where it is.
+    void metDeCote(const RendezVous &rdv);
+    /// Takes it off the list of what is set aside.
+    void retireDeCote(qint64 RefRDV);
     void reporte();
 
   signals:
@@ -42,8 +48,8 @@ class ActionsRDV : public QObject {
     void rdvEcrit(const RendezVous &rdv, const EcritureRDV &ecriture);
 
   private:
-    /// Nothing, when the user went back.
-    std::optional<PlaceRDV> classee(const PlaceRDV &place);
+    /// How the user classes a range across the working hours; nothing, when he went back.
+    std::optional<PlaceRDV> classee(const PlaceRDV &place, const QList<Insolite> &insolites);
     /// Tells what kept `rdv` from becoming `apres`, and has the book read again.
     void rend(const RendezVous &rdv, const RendezVous &apres, const BilanEcriture &bilan,
               bool encore = false);

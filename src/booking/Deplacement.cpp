@@ -119,6 +119,13 @@ EnMain PrendEnMain(const Affichage &affichage, const RendezVous &rdv, const Poin
             bord,         minuteDe(bouge) - minuteSous(grille.creneaux, prise.ligne)};
 }
 
+EnMain PrendDeCote(const RendezVous &rdv) {
+    EnMain main;
+    main.rdv = rdv;
+    main.FauteuilCourant = QString::number(rdv.Fauteuil);
+    return main;
+}
+
 Cible CibleDe(const Affichage &affichage, const EnMain &main, const Pointeur &pointeur, bool ctrl) {
     const bool copie = ctrl && !main.bord;
     const QDate jour = jourSous(affichage, pointeur);
@@ -136,7 +143,8 @@ Cible CibleDe(const Affichage &affichage, const EnMain &main, const Pointeur &po
                    main.bord ? allongee(grille.creneaux, avant, minute)
                              : deplacee(grille.creneaux, avant, minute, pointeur.grille == main.grille),
                    grille.config.Intervalle,
-                   0};
+                   0,
+                   grille.config};
     const auto &[debut, fin] = cible.place.horaire;
     cible.place.ChoixHoraire = HoraireProf(grille.config, Jour(cible.place.jour), debut, fin);
     cible.rdv = apresDepot(main, cible.place, copie);

@@ -15,6 +15,8 @@ struct EnMain {
     double ecart = 0;  ///< minutes from the pointer to what moves, its start or its end
 };
 EnMain PrendEnMain(const Affichage &affichage, const RendezVous &rdv, const Pointeur &prise, bool bord);
+/// From the pinboard, where nothing says which part of it is held: its start.
+EnMain PrendDeCote(const RendezVous &rdv);
 
 /// How a place receives what is dropped there.
 enum class Accueil {

@@ -1,6 +1,7 @@
 #include "booking/FrmAjouter.h"
 
 #include "booking/CodesRapidesDescription.h"
+#include "booking/FrmInsolite.h"
 #include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "patients/ActesTables.h"
@@ -12,8 +13,9 @@
 
 #include <QEvent>
 
-FrmAjouter::FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent)
-    : QDialog(parent), ui(std::make_unique<Ui::FrmAjouter>()), m_env(env), m_place(place) {
+FrmAjouter::FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent,
+                       const QList<Insolite> &dits)
+    : QDialog(parent), ui(std::make_unique<Ui::FrmAjouter>()), m_env(env), m_place(place), m_dits(dits) {
     ui->setupUi(this);
     ui->champs->utilise(env, place.Intervalle, ChampsRDV::Usage::Ajout);
     ui->champs->setFocus();
@@ -98,6 +100,13 @@ void FrmAjouter::BtnAjouter_Click() {
     }
     const NouveauRDV nouveau{*saisie, m_place.PraticienCourant, m_place.FauteuilCourant,
                              m_place.ChoixHoraire != 0};
+    RendezVous voulu;
+    voulu.NumPraticien = CLng(nouveau.NumPraticien);
+    voulu.Fauteuil = CLng(nouveau.Fauteuil);
+    voulu = Rempli(voulu, *saisie);
+    if (!confirme(voulu)) {
+        return;
+    }
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
@@ -112,11 +121,15 @@ void FrmAjouter::BtnAjouter_Click() {
         return;
     }
     m_ecriture = bilan.ecriture;
+    m_ecrit = voulu;
     m_ecrit.RefRDV = m_ecriture.RefRDV();
-    m_ecrit.NumPraticien = CLng(nouveau.NumPraticien);
-    m_ecrit.Fauteuil = CLng(nouveau.Fauteuil);
-    m_ecrit = Rempli(m_ecrit, *saisie);
     accept();
+}
+
+bool FrmAjouter::confirme(const RendezVous &rdv) {
+    const bool laPlace = rdv.Date1 == m_place.jour && rdv.HeureDebut == m_place.horaire.debut &&
+                         rdv.HeureFin == m_place.horaire.fin;
+    return Confirme(m_env, {.rdv = rdv, .place = m_place}, this, laPlace ? m_dits : QList<Insolite>());
 }
 
 bool FrmAjouter::completeDescription(SaisieRDV &saisie) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/Insolite.h"
 #include "grid/PlaceRDV.h"
 #include "grid/RendezVous.h"
 #include "journal/Ecriture.h"
@@ -20,7 +21,9 @@ struct SaisieRDV;
 class FrmAjouter : public QDialog {
     Q_OBJECT
   public:
-    FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent = nullptr);
+    /// `dits`: what the user was told to be odd about the place.
+    FrmAjouter(const Environnement &env, const PlaceRDV &place, QWidget *parent = nullptr,
+               const QList<Insolite> &dits = {});
     ~FrmAjouter() override;
     /// The appointment as it was booked.
     RendezVous rdvEcrit() const { return m_ecrit; }
@@ -40,12 +43,15 @@ class FrmAjouter : public QDialog {
     void PlusDeDesciption_Click();
     void BtnAjouter_Click();
     void choisit(NonHonore drapeau);
+    /// Asks where the place is odd; what was told of it is not asked again while it is the same.
+    bool confirme(const RendezVous &rdv);
     /// False when the handed-over patient's act cannot be read, which is told.
     bool completeDescription(SaisieRDV &saisie);
 
     std::unique_ptr<Ui::FrmAjouter> ui;
     const Environnement &m_env;
     const PlaceRDV m_place;
+    const QList<Insolite> m_dits;
     RendezVous m_ecrit;
     EcritureRDV m_ecriture;
     bool m_refuse = false;

@@ -1,5 +1,6 @@
 #include "booking/FrmEditer.h"
 
+#include "booking/FrmInsolite.h"
 #include "booking/MessagesRDV.h"
 #include "booking/ReservationTables.h"
 #include "platform/ui/Messages.h"
@@ -25,6 +26,12 @@ void FrmEditer::BtnMettreAJour_Click() {
     if (!saisie) {
         return;
     }
+    const RendezVous voulu = Rempli(m_rdv, *saisie);
+    const bool bouge = voulu.Date1 != m_rdv.Date1 || EnMinutes({m_rdv.HeureDebut, m_rdv.HeureFin}) !=
+                                                         PlageHoraire{voulu.HeureDebut, voulu.HeureFin};
+    if (bouge && !Confirme(m_env, {voulu, m_rdv, m_place}, this)) {
+        return;
+    }
     BilanEcriture bilan;
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
@@ -47,7 +54,7 @@ void FrmEditer::BtnMettreAJour_Click() {
         m_rdv = {};
         break;
     case Ecriture::Fait:
-        m_rdv = Rempli(m_rdv, *saisie);
+        m_rdv = voulu;
         m_ecriture = bilan.ecriture;
         break;
     }

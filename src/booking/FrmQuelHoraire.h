@@ -1,5 +1,7 @@
 #pragma once
 
+#include "booking/Insolite.h"
+
 #include <QDialog>
 #include <memory>
 
@@ -11,7 +13,8 @@ class FrmQuelHoraire;
 class FrmQuelHoraire : public QDialog {
     Q_OBJECT
   public:
-    explicit FrmQuelHoraire(QWidget *parent = nullptr);
+    /// `insolites`: what else is to be known of the place, whose patient nobody has named yet.
+    explicit FrmQuelHoraire(const QList<Insolite> &insolites, QWidget *parent = nullptr);
     ~FrmQuelHoraire() override;
     /// 1 professional, 0 not.
     int ChoixHoraire() const;

@@ -1,6 +1,7 @@
 #include "booking/ReservationTables.h"
 
 #include "booking/RangeeTables.h"
+#include "grid/ReplacerTables.h"
 #include "journal/JournalTables.h"
 #include "platform/db/DateInverse.h"
 #include "platform/db/DbError.h"
@@ -76,10 +77,62 @@ BilanEcriture efface(Database &rdv, const Auteur &auteur, Operation quoi, qint64
     });
 }
 
+/// What a dialog would ask for such a place.
+SaisieRDV placeDe(const RendezVous &rdv) {
+    SaisieRDV place;
+    place.Date1 = rdv.Date1;
+    place.HeureDebut = rdv.HeureDebut;
+    place.HeureFin = rdv.HeureFin;
+    return place;
+}
+
+struct Chaise {
+    long praticien = 0;
+    long fauteuil = 0;
+
+    friend bool operator==(const Chaise &, const Chaise &) = default;
+};
+
+Chaise chaiseDe(const RendezVous &rdv) {
+    return {rdv.NumPraticien, rdv.Fauteuil};
+}
+
+/// Why the appointment cannot lie where `apres` has it, which has to be free at the shown chair, `montree`,
+/// and at its own; Fait: it can. `entier`: nothing of it may have changed meanwhile.
+BilanEcriture obstacle(Database &rdv, const RendezVous &avant, const RendezVous &apres, const Chaise &montree,
+                       bool entier) {
+    const qint64 ref = avant.RefRDV;
+    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
+    if (!actuel) {
+        return {Ecriture::Disparu};
+    }
+    if (entier ? *actuel != avant : !memeSaisie(*actuel, avant)) {
+        return {Ecriture::Change, *actuel};
+    }
+    const SaisieRDV place = placeDe(apres);
+    const Chaise sienne = chaiseDe(apres) == chaiseDe(avant) ? chaiseDe(*actuel) : chaiseDe(apres);
+    const bool libre =
+        EstReservable(plageDe(place)) && libreSauf(rdv, ref, place, montree.praticien, montree.fauteuil) &&
+        (sienne == montree || libreSauf(rdv, ref, place, sienne.praticien, sienne.fauteuil));
+    return {libre ? Ecriture::Fait : Ecriture::Occupe, *actuel};
+}
+
+bool libreAjout(Database &rdv, const SaisieRDV &saisie, const Chaise &montree) {
+    const PlageHoraire voulu = plageDe(saisie);
+    if (!EstReservable(voulu)) {
+        return false;
+    }
+    const QList<RendezVous> jour = duJour(rdv, saisie.Date1, montree.praticien, montree.fauteuil);
+    return HoraireLibre(jour, voulu) && !RDVHere(jour, voulu);
+}
+
 // What a transaction concerns: whoever writes the same comes before it or after it.
 
-QString verrouJour(long praticien, long fauteuil, QDate jour) {
-    return QStringLiteral("%1|%2|%3").arg(praticien).arg(fauteuil).arg(jour.toString(Qt::ISODate));
+QString verrouJour(const Chaise &chaise, QDate jour) {
+    return QStringLiteral("%1|%2|%3")
+        .arg(chaise.praticien)
+        .arg(chaise.fauteuil)
+        .arg(jour.toString(Qt::ISODate));
 }
 
 QString verrouRDV(qint64 ref) {
@@ -100,35 +153,24 @@ BilanEcriture ecritSiLibre(Transaction &transaction, const std::function<BilanEc
     }
 }
 
-/// Writes `champs` of an appointment whose place is that of `saisie`.
-BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const SaisieRDV &saisie,
-                      const Fields &champs, long praticien, long fauteuil) {
+/// Writes `champs` of an appointment that is to lie where `apres` has it. `deplace`: by hand; nothing of it
+/// may have changed meanwhile, and where it is set aside it is placed by that.
+BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const RendezVous &apres,
+                      const Fields &champs, const Chaise &montree, bool deplace = false) {
     const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(praticien, fauteuil, saisie.Date1),
-                                  verrouJour(avant.NumPraticien, avant.Fauteuil, saisie.Date1)});
-    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
-    if (!actuel) {
-        return {Ecriture::Disparu};
+    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(montree, apres.Date1),
+                                  verrouJour(chaiseDe(apres), apres.Date1)});
+    const BilanEcriture empeche = obstacle(rdv, avant, apres, montree, deplace);
+    if (empeche.resultat != Ecriture::Fait) {
+        return empeche;
     }
-    if (!memeSaisie(*actuel, avant)) {
-        return {Ecriture::Change, *actuel};
-    }
-    const bool aSaPlace = actuel->NumPraticien == praticien && actuel->Fauteuil == fauteuil;
-    if (!EstReservable(plageDe(saisie)) || !libreSauf(rdv, ref, saisie, praticien, fauteuil) ||
-        (!aSaPlace && !libreSauf(rdv, ref, saisie, actuel->NumPraticien, actuel->Fauteuil))) {
-        return {Ecriture::Occupe};
-    }
-    return ecritSiLibre(transaction,
-                        [&] { return ecritChamps(rdv, auteur, Operation::Edition, ref, champs); });
-}
-
-/// What a dialog would ask for such a place.
-SaisieRDV placeDe(const RendezVous &rdv) {
-    SaisieRDV place;
-    place.Date1 = rdv.Date1;
-    place.HeureDebut = rdv.HeureDebut;
-    place.HeureFin = rdv.HeureFin;
-    return place;
+    return ecritSiLibre(transaction, [&] {
+        const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, ref, champs);
+        if (deplace) {
+            NotePose(rdv, ref, apres);
+        }
+        return bilan;
+    });
 }
 
 bool memePlace(const RendezVous &a, const RendezVous &b) {
@@ -199,19 +241,16 @@ RendezVous Rempli(RendezVous rdv, const SaisieRDV &saisie) {
 }
 
 BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &nouveau) {
-    const PlageHoraire voulu = plageDe(nouveau.saisie);
-    if (!EstReservable(voulu)) {
+    const Chaise chaise{CLng(nouveau.NumPraticien), CLng(nouveau.Fauteuil)};
+    if (!EstReservable(plageDe(nouveau.saisie))) {
         return {Ecriture::Occupe};
     }
-    const long praticien = CLng(nouveau.NumPraticien);
-    const long fauteuil = CLng(nouveau.Fauteuil);
     Fields champs = champsDe(nouveau.saisie);
     champs.emplace_back(QStringLiteral("NumPraticien"), nouveau.NumPraticien);
     champs.emplace_back(QStringLiteral("Professionnel"), Value::boolean(nouveau.Professionnel));
-    champs.emplace_back(QStringLiteral("Fauteuil"), qint64{fauteuil});
-    Transaction transaction(rdv, {verrouJour(praticien, fauteuil, nouveau.saisie.Date1)});
-    const QList<RendezVous> jour = duJour(rdv, nouveau.saisie.Date1, praticien, fauteuil);
-    if (!HoraireLibre(jour, voulu) || RDVHere(jour, voulu)) {
+    champs.emplace_back(QStringLiteral("Fauteuil"), qint64{chaise.fauteuil});
+    Transaction transaction(rdv, {verrouJour(chaise, nouveau.saisie.Date1)});
+    if (!libreAjout(rdv, nouveau.saisie, chaise)) {
         return {Ecriture::Occupe};
     }
     return ecritSiLibre(transaction, [&] { return ecritNouvelle(rdv, auteur, Operation::Ajout, champs); });
@@ -219,37 +258,31 @@ BilanEcriture AjouteRDV(Database &rdv, const Auteur &auteur, const NouveauRDV &n
 
 BilanEcriture ModifieRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
                          const SaisieRDV &saisie, long praticien, long fauteuil) {
-    return reecrit(rdv, auteur, avant, saisie, champsDe(saisie), praticien, fauteuil);
+    RendezVous apres = avant;
+    apres.Date1 = saisie.Date1;
+    apres.HeureDebut = saisie.HeureDebut;
+    apres.HeureFin = saisie.HeureFin;
+    return reecrit(rdv, auteur, avant, apres, champsDe(saisie), {praticien, fauteuil});
 }
 
 BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &avant, QTime fin,
                         long praticien, long fauteuil) {
-    SaisieRDV place = placeDe(avant);
-    place.HeureFin = fin;
-    return reecrit(rdv, auteur, avant, place, {{QStringLiteral("HeureFin"), Value::time(fin)}}, praticien,
-                   fauteuil);
+    RendezVous apres = avant;
+    apres.HeureFin = fin;
+    return reecrit(rdv, auteur, avant, apres, {{QStringLiteral("HeureFin"), Value::time(fin)}},
+                   {praticien, fauteuil});
 }
 
 BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
                          const RendezVous &apres, long praticien, long fauteuil) {
-    const qint64 ref = avant.RefRDV;
-    const SaisieRDV place = placeDe(apres);
-    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(praticien, fauteuil, place.Date1),
-                                  verrouJour(apres.NumPraticien, apres.Fauteuil, place.Date1)});
-    const std::optional<RendezVous> actuel = LitRDV(rdv, ref);
-    if (!actuel) {
-        return {Ecriture::Disparu};
-    }
-    if (*actuel != avant) {
-        return {Ecriture::Change, *actuel};
-    }
-    if (!EstReservable(plageDe(place)) || !libreSauf(rdv, ref, place, praticien, fauteuil) ||
-        !libreSauf(rdv, ref, place, apres.NumPraticien, apres.Fauteuil)) {
-        return {Ecriture::Occupe};
-    }
-    return ecritSiLibre(transaction, [&] {
-        return ecritChamps(rdv, auteur, Operation::Edition, ref, champsDeplaces(avant, apres));
-    });
+    return reecrit(rdv, auteur, avant, apres, champsDeplaces(avant, apres), {praticien, fauteuil}, true);
+}
+
+bool SeraitRefuse(Database &rdv, const Visee &visee) {
+    const Chaise montree{CLng(visee.place.PraticienCourant), CLng(visee.place.FauteuilCourant)};
+    return visee.avant
+               ? obstacle(rdv, *visee.avant, visee.rdv, montree, false).resultat != Ecriture::Fait
+               : !libreAjout(rdv, placeDe(visee.rdv), montree);
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {

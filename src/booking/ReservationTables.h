@@ -1,5 +1,6 @@
 #pragma once
 
+#include "booking/Insolite.h"
 #include "grid/Occupation.h"
 #include "grid/RendezVousTables.h"
 #include "journal/Ecriture.h"
@@ -59,8 +60,11 @@ BilanEcriture ChangeFin(Database &rdv, const Auteur &auteur, const RendezVous &a
                         long praticien, long fauteuil);
 /// Moves an appointment where `apres` has it: only its day, its hours and its chair are written. The range
 /// must be free there and at `fauteuil` of `praticien`, which are shown. Changed meanwhile: in any field.
+/// Where it is set aside, it is placed by that.
 BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant,
                          const RendezVous &apres, long praticien, long fauteuil);
+/// Whether such a writing would be refused now, and says why by itself: nothing is to be asked before it.
+bool SeraitRefuse(Database &rdv, const Visee &visee);
 /// Changed meanwhile: in any field.
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant);
 /// Sets Present, whatever it was. Changed meanwhile: in a field that ModifieRDV writes.

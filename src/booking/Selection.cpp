@@ -292,7 +292,8 @@ PlaceRDV PlaceDe(const Affichage &affichage, const Selection &selection) {
             selection.jour,
             selection.horaire,
             config.Intervalle,
-            selection.ChoixHoraire};
+            selection.ChoixHoraire,
+            config};
 }
 
 QString HeuresSelection(const Selection &selection) {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "grid/RendezVous.h"
+#include "grid/AReplacer.h"
 #include "schedule/Creneaux.h"
 
 #include <QDateTime>
@@ -42,6 +42,7 @@ struct Affichage {
     QDateTime lu;
     /// Of each day of the month, as Remplissage() gives it; the day view's alone.
     QList<int> remplissage = {};
+    QList<AReplacer> aReplacer = {}; ///< the practitioner's
 
     bool ConfigExiste() const { return !configs.isEmpty(); }
     /// One of the chairs is not 0: the day view shows two chairs, and there is a chair menu.

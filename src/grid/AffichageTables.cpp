@@ -2,6 +2,7 @@
 
 #include "config/ConfigTables.h"
 #include "grid/RendezVousTables.h"
+#include "grid/ReplacerTables.h"
 
 namespace {
 
@@ -144,6 +145,7 @@ Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime
             grille.rendezVous = rendezVous(carnet, affichage, grille, premier, dernier);
         }
     }
+    affichage.aReplacer = LitAReplacer(carnet, demande.numPraticien());
     if (!demande.VueSemaine) {
         litRemplissage(carnet, affichage);
     }

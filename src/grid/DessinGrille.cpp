@@ -21,7 +21,8 @@ QString lecture(const FlexGridModel &cellules, const Grille &grille, int ligne, 
     for (const FlexBlock &bloc : cellules.blocks()) {
         const auto rdv = std::ranges::find(grille.rendezVous, bloc.id, &RendezVous::RefRDV);
         if (bloc.col == col && bloc.first <= ligne && ligne <= bloc.last && rdv != grille.rendezVous.end()) {
-            lus << TexteLuRDV(*rdv, bloc.late, aujourdhui);
+            lus << TexteLuRDV(*rdv, bloc.late, aujourdhui) +
+                       (bloc.pinned ? QStringLiteral(", à replacer") : QString());
         }
     }
     return lus.isEmpty() ? TexteLuCase(jour, grille.creneaux.heure(ligne),
@@ -66,7 +67,7 @@ void Grise(FlexGridModel &cellules, int premiere, int derniere, int col) {
 }
 
 void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const RendezVous &rdv, int colonne,
-                       ImagesRDV &images, const QDateTime &maintenant) {
+                       ImagesRDV &images, const QDateTime &maintenant, bool epingle) {
     if (!rdv.aUneDuree()) {
         return;
     }
@@ -102,6 +103,7 @@ void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const 
                        .present = rdv.Present,
                        .late = !rdv.Present && enRetard,
                        .past = EstPasse(rdv, maintenant),
+                       .pinned = epingle,
                        .cutAbove = fourchette.coupeeEnHaut,
                        .cutBelow = fourchette.coupeeEnBas});
 }

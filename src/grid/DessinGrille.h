@@ -25,4 +25,4 @@ void EcritLecture(FlexGridModel &cellules, const Grille &grille, const QList<QDa
 /// block that looks draw over its rows.
 /// The first drawn row's label in column 0 is what lateness is measured against, at `maintenant`.
 void AfficheFourchette(FlexGridModel &cellules, const Creneaux &creneaux, const RendezVous &rdv, int colonne,
-                       ImagesRDV &images, const QDateTime &maintenant);
+                       ImagesRDV &images, const QDateTime &maintenant, bool epingle);

@@ -59,7 +59,8 @@ void GrilleSemaine::dessine(const Affichage &affichage) {
     }
     for (const RendezVous &rdv : grille.rendezVous) {
         if (const int col = ColonneDuJour(Jour(rdv.Date1), config.JourAffich)) {
-            AfficheFourchette(cellules, grille.creneaux, rdv, col, m_images, affichage.lu);
+            AfficheFourchette(cellules, grille.creneaux, rdv, col, m_images, affichage.lu,
+                              EstEpingle(affichage.aReplacer, rdv.RefRDV));
         }
     }
     cellules.setToday(int(jours.indexOf(affichage.lu.date())));

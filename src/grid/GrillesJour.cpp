@@ -79,7 +79,8 @@ void GrillesJour::dessineGrille(FlexGrid &vue, const Grille &grille, const Affic
     cellules.setToday(jour == affichage.lu.date() ? 1 : -1);
     EcritLecture(cellules, grille, {QDate(), jour}, affichage.lu.date());
     for (const RendezVous &rdv : grille.rendezVous) {
-        AfficheFourchette(cellules, grille.creneaux, rdv, 1, m_images, affichage.lu);
+        AfficheFourchette(cellules, grille.creneaux, rdv, 1, m_images, affichage.lu,
+                          EstEpingle(affichage.aReplacer, rdv.RefRDV));
     }
     vue.setSelectableArea(QRect(1, 1, 1, cellules.rows() - 2));
 }

@@ -10,6 +10,7 @@ struct PlaceRDV {
     QString FauteuilCourant;  ///< chair of the grid
     QDate jour;
     PlageHoraire horaire;
-    int Intervalle = 0;   ///< slot length of the grid, minutes: one step of the arrows
-    int ChoixHoraire = 0; ///< the range against the working hours, see HoraireProf
+    int Intervalle = 0;        ///< slot length of the grid, minutes: one step of the arrows
+    int ChoixHoraire = 0;      ///< the range against the working hours, see HoraireProf
+    Configuration config = {}; ///< what the grid draws days and hours by
 };

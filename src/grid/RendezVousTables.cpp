@@ -66,6 +66,19 @@ QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, l
     return liste;
 }
 
+/// One practitioner after the other: the index of days begins with them.
+QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour) {
+    QList<RendezVous> tous;
+    const auto suivant = [&](qint64 numero) {
+        return rdv.query(SqlText("Select clng(NumPraticien) from RDV Where clng(NumPraticien) > ")
+                         << nombre(numero) << " order by clng(NumPraticien) limit 1");
+    };
+    for (Records un = suivant(-1); !un.isEmpty(); un = suivant(un.at(0, 0).toInteger())) {
+        tous += RendezVousEntre(rdv, jour, jour, long(un.at(0, 0).toInteger()), std::nullopt);
+    }
+    return tous;
+}
+
 QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien) {
     const QDate premier(jour.year(), jour.month(), 1);
     const QDate dernier = premier.addDays(jour.daysInMonth() - 1);

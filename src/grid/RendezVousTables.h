@@ -12,6 +12,9 @@
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
                                   std::optional<long> fauteuil);
 
+/// Those of one day at every practitioner and chair.
+QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour);
+
 /// What the practitioner's appointments take of the month of `jour`, by the days that their keys name: a
 /// hint, for which the few rows that lie elsewhere are not looked for.
 QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien);

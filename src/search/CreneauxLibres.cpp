@@ -82,5 +82,6 @@ PlaceRDV PlaceLibre(const DemandeCreneau &demande, QDate jour, QTime debut) {
             jour,
             horaire,
             demande.config.Intervalle,
-            HoraireProf(demande.config, Jour(jour), horaire.debut, horaire.fin)};
+            HoraireProf(demande.config, Jour(jour), horaire.debut, horaire.fin),
+            demande.config};
 }

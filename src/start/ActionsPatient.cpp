@@ -54,7 +54,8 @@ void ActionsPatient::reserve(FrmRDVlibre &recherche, const PlaceRDV &place) {
         recherche.BtnOK_Click();
         return;
     }
-    FrmAjouter ajouter(m_env, place, &recherche);
+    const Insolite dite{Insolite::Genre::NonAffiche, {}, {}}; // by a line under the list
+    FrmAjouter ajouter(m_env, place, &recherche, {dite});
     const bool reservee = ajouter.exec() == QDialog::Accepted;
     m_annulation.note(ajouter.ecriture());
     if (reservee) {

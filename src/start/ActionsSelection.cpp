@@ -39,20 +39,46 @@ bool ActionsSelection::relitRDV(const QString &disparu, const QString &titre) {
     return false;
 }
 
-void ActionsSelection::mnuAjouter_Click() {
+bool ActionsSelection::relitPlace() {
     if (!m_carnet.relit()) {
-        return;
+        return false;
     }
     const Selection &selection = m_carnet.selection();
     if (selection.vide() || selection.rdv) {
         m_env.messages->show(messageOccupe, titreOccupe);
-        return;
+        return false;
     }
     if (!m_carnet.affichage().aFauteuil(selection.grille)) {
         m_env.messages->show(QStringLiteral("Ce praticien n'a plus de configuration pour ce fauteuil."));
+        return false;
+    }
+    return true;
+}
+
+void ActionsSelection::mnuAjouter_Click() {
+    if (relitPlace()) {
+        m_actions->ajoute(place());
+    }
+}
+
+void ActionsSelection::mnuMettreDeCote_Click() {
+    if (relitRDV(QStringLiteral("Ce rendez-vous n'existe plus !"), {})) {
+        m_actions->metDeCote(*m_carnet.selection().rdv);
+    }
+}
+
+void ActionsSelection::pose(qint64 voulu) {
+    if (!relitPlace()) {
         return;
     }
-    m_actions->ajoute(place());
+    const std::optional<AReplacer> un = APoser(m_carnet.affichage().aReplacer, voulu);
+    if (!un || EtatDe(*un) != EtatReplacer::EnAttente) {
+        m_env.messages->show(un ? QStringLiteral("%1 : %2.").arg(NomReplacer(*un), AttenteReplacer(*un, {}))
+                                : QStringLiteral("Aucun rendez-vous n'est à replacer."),
+                             QStringLiteral("À replacer"));
+        return;
+    }
+    m_actions->deplace(*un->actuel, Place(*un->actuel, place()), place());
 }
 
 void ActionsSelection::mnuEditer_Click() {

@@ -20,10 +20,15 @@ class ActionsSelection : public QObject {
     void mnuEditer_Click();
     void mnuSupprimer_Click();
     void mnuPresent_Click();
+    void mnuMettreDeCote_Click();
+    /// Moves an appointment that is set aside to what is selected: `voulu`, or (0) the first that waits.
+    void pose(qint64 voulu);
     void mnuAllonger_Click() { changeDuree(Sens::PlusTard); }
     void mnuRaccourcir_Click() { changeDuree(Sens::PlusTot); }
 
   private:
+    /// Reads the book again. True when something may be booked at what is selected; else why not is told.
+    bool relitPlace();
     /// False when the selected appointment is not there any more, which is told.
     bool relitRDV(const QString &disparu, const QString &titre);
     /// The end of the selected appointment, or of what is selected free, one slot on.

@@ -246,6 +246,12 @@ void CarnetMontre::montreRDV(qint64 RefRDV) {
 }
 
 void CarnetMontre::montreEcrit(const RendezVous &rdv) {
+    const bool cache = m_affichage.demande.VueSemaine && rdv.RefRDV != 0 && rdv.Date1.isValid() &&
+                       !Dans(Jour(rdv.Date1), reglages().JourAffich);
+    if (cache) { // which the question has told: the day shows it
+        montreRDV(rdv.RefRDV);
+        return;
+    }
     if (relit() && !selectionneRDV(rdv.RefRDV) && rdv.RefRDV != 0) {
         m_env.messages->show(
             QStringLiteral(

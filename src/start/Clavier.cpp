@@ -57,9 +57,10 @@ void Clavier::dessine(bool zoome) {
 void Clavier::voletSuivant(int pas) {
     QList<QWidget *> volets;
     int courant = 0;
-    for (QWidget *volet : QList<QWidget *>{
-             m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03, m_ui.BtnPrecedent, m_ui.BtnPrecedent2,
-             m_fenetre.findChild<QWidget *>(QStringLiteral("OutilPrecedent"))}) {
+    const auto autre = [this](const char *nom) { return m_fenetre.findChild<QWidget *>(QLatin1String(nom)); };
+    for (QWidget *volet : QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03,
+                                           autre("ListeReplacer"), m_ui.BtnPrecedent, m_ui.BtnPrecedent2,
+                                           autre("OutilPrecedent")}) {
         if (volet != nullptr && volet->isVisible() && volet->isEnabled()) {
             volets << volet;
             const bool bouton = estBouton(volet) && estBouton(m_fenetre.focusWidget());

@@ -43,6 +43,10 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     for (QAction *action : {m_ui.mnuAllonger, m_ui.mnuRaccourcir}) {
         action->setEnabled(!selection.vide() && (ecrit || !surRDV));
     }
+    const QList<AReplacer> &aReplacer = carnet.affichage().aReplacer;
+    m_ui.mnuMettreDeCote->setEnabled(ecrit && surRDV && !EstEpingle(aReplacer, selection.rdv->RefRDV));
+    m_ui.mnuPoser->setEnabled(m_ui.mnuAjouter->isEnabled() && !selection.vide() &&
+                              !Listes(aReplacer).isEmpty());
     nomme(*m_ui.mnuAnnuler, QStringLiteral("A&nnuler"), m_annulation.aAnnuler(), ecrit);
     nomme(*m_ui.mnuRetablir, QStringLiteral("Réta&blir"), m_annulation.aRefaire(), ecrit);
     m_ui.mnuLettre->setEnabled(surRDV);

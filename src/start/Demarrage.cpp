@@ -1,6 +1,7 @@
 #include "start/Demarrage.h"
 
 #include "grid/AffichageTables.h"
+#include "grid/ReplacerTables.h"
 #include "journal/JournalTables.h"
 #include "patients/TransmissionTables.h"
 #include "practice/Essai.h"
@@ -29,6 +30,9 @@ QString prepareJournal(Database &carnet) {
         if (!JournalEstPret(carnet)) {
             PrepareJournal(carnet);
         }
+        if (!ReplacerEstPret(carnet)) {
+            PrepareReplacer(carnet);
+        }
         return JournalEstPret(carnet) ? QString() : QStringLiteral("« TavJournal » n'y est pas une table.");
     } catch (const DbError &echec) {
         if (echec.kind() == DbError::Kind::Locked) { // the start is tried again
@@ -45,7 +49,9 @@ bool metBaseANiveau(const Environnement &env, Depart &depart) {
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
         // a damaged book is not written into
-        erreur = EstANiveau(carnet) && JournalEstPret(carnet) ? QString() : checkBook(carnet.path());
+        erreur = EstANiveau(carnet) && JournalEstPret(carnet) && ReplacerEstPret(carnet)
+                     ? QString()
+                     : checkBook(carnet.path());
         if (erreur.isEmpty()) {
             bilan = MetANiveau(carnet);
             erreur = bilan.erreur;

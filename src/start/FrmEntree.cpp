@@ -20,6 +20,7 @@
 #include "start/GlisseRDV.h"
 #include "start/Habillage.h"
 #include "start/MenusPraticien.h"
+#include "start/ReplacerMontre.h"
 #include "start/Surveillance.h"
 #include "start/Veille.h"
 
@@ -69,7 +70,9 @@ FrmEntree::FrmEntree(const Environnement &env, QWidget *parent)
     relieBoutons();
     new ActionsAnnulation(*ui, env, m_carnet, m_annulation, *this);
     new FicheMontree(env, m_carnet, *m_vues, *this);
-    new GlisseRDV(m_carnet, m_actions->actions(), *m_vues, this);
+    auto *glisse = new GlisseRDV(m_carnet, m_actions->actions(), *m_vues, this);
+    connect(new ReplacerMontre(*ui, m_carnet, *m_actions, *m_vues, *m_habillage, *glisse, *this),
+            &ReplacerMontre::placeChange, this, &FrmEntree::dispose);
     MontreVue(*ui, true, m_habillage->avecBoutons());
     dessineMenus();
 }
@@ -119,7 +122,7 @@ void FrmEntree::relieMenus() {
     connect(m_menus, &MenusPraticien::fauteuilChoisi, &m_carnet, &CarnetMontre::montreFauteuil);
     connect(ui->mnusemaine, &QAction::triggered, &m_carnet, &CarnetMontre::montreSemaine);
     relie(ui->mnuJour, &FrmEntree::BtnJour_Click);
-    relie(ui->mnuAllerDate, &FrmEntree::mnuAllerDate_Click);
+    relie(ui->mnuAllerDate, [](FrmEntree *carnet) { carnet->vaAuJour(FrmMois::Foyer::Date); });
     relie(ui->mnuRafraichir, &FrmEntree::BtnRafraichir_Click);
     relie(ui->mnuZoom, &FrmEntree::mnuZoom_Click);
     connect(m_habillage, &Habillage::change, this, &FrmEntree::montreVue);
@@ -280,10 +283,6 @@ void FrmEntree::mnuAPropos_Click() {
 
 void FrmEntree::mnuTouches_Click() {
     FrmTouches(this).exec();
-}
-
-void FrmEntree::mnuAllerDate_Click() {
-    vaAuJour(FrmMois::Foyer::Date);
 }
 
 void FrmEntree::vaAuJour(FrmMois::Foyer foyer) {

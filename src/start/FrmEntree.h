@@ -70,7 +70,6 @@ class FrmEntree : public QMainWindow {
     void mnuZoom_Click();
     void mnuAPropos_Click();
     void mnuTouches_Click();
-    void mnuAllerDate_Click();
     void vaAuJour(FrmMois::Foyer foyer);
     void Timer1_Timer();
 

@@ -87,6 +87,12 @@ void GlisseRDV::prend(int grille, qint64 RefRDV, bool bord, const QPoint &positi
     }
 }
 
+void GlisseRDV::prendDeCote(const RendezVous &rdv, const QPoint &position) {
+    m_main = PrendDeCote(rdv);
+    m_vues.montrePrise(rdv.RefRDV);
+    bouge(position, false);
+}
+
 void GlisseRDV::bouge(const QPoint &position, bool avecCtrl) {
     if (!m_main) {
         return;
@@ -131,6 +137,7 @@ void GlisseRDV::tourne() {
     m_carnet.tourne(m_bord);
     if (m_main && m_carnet.affichage().demande.jour == avant) { // it could not be read, or ends here
         m_vues.finGlisse();
+        lache();
     }
     if (m_main) {
         m_tourne.start();
@@ -152,10 +159,13 @@ void GlisseRDV::depose(const QPoint &position, bool avecCtrl) {
         return;
     }
     const RendezVous rdv = m_main->rdv;
+    const bool deCote = m_main->grille < 0;
     const Voisine *voisine = m_main->bord ? nullptr : voisineSous(position);
     lache();
     if (voisine != nullptr) {
-        voisine->recoit(rdv);
+        if (!deCote) {
+            voisine->recoit(rdv);
+        }
     } else if (m_cible.accueil == Accueil::Occupe) { // what was shown is what is done
         m_actions.refuse(m_encore);
     } else if (m_cible.accueil == Accueil::Libre) {
@@ -164,11 +174,11 @@ void GlisseRDV::depose(const QPoint &position, bool avecCtrl) {
 }
 
 void GlisseRDV::ecrit(const RendezVous &rdv, const Cible &cible, bool encore) {
-    if (!m_carnet.relit() || (m_confirme && !m_confirme(rdv, cible, encore))) {
+    if (!m_carnet.relit()) {
         return;
     }
     if (encore) {
-        m_actions.reserveEncore(rdv, cible.place);
+        m_actions.reserveEncore(rdv, cible.rdv, cible.place);
     } else {
         m_actions.deplace(rdv, cible.rdv, cible.place);
     }

@@ -20,10 +20,11 @@ class GlisseRDV : public QObject {
   public:
     GlisseRDV(CarnetMontre &carnet, ActionsRDV &actions, Vues &vues, QObject *parent);
 
-    /// Asked before a drop is written, on the book as it was just read; `encore`: the patient is booked once
-    /// more. False: nothing is written.
-    using Confirme = std::function<bool(const RendezVous &rdv, const Cible &cible, bool encore)>;
-    void confirmePar(const Confirme &confirme) { m_confirme = confirme; }
+    /// From beside the grids; `position` and what follows are the screen's.
+    void prendDeCote(const RendezVous &rdv, const QPoint &position);
+    void bouge(const QPoint &position, bool avecCtrl);
+    void depose(const QPoint &position, bool avecCtrl);
+    void lache();
     /// A window beside the grids that takes what is dropped on it, instead of the book.
     using Recoit = std::function<void(const RendezVous &rdv)>;
     void accueille(QWidget &voisine, const Recoit &recoit);
@@ -35,9 +36,6 @@ class GlisseRDV : public QObject {
     };
 
     void prend(int grille, qint64 RefRDV, bool bord, const QPoint &position);
-    void bouge(const QPoint &position, bool avecCtrl);
-    void depose(const QPoint &position, bool avecCtrl);
-    void lache();
     void ecrit(const RendezVous &rdv, const Cible &cible, bool encore);
     /// The next week or day; the hand goes on holding.
     void tourne();
@@ -49,7 +47,6 @@ class GlisseRDV : public QObject {
     CarnetMontre &m_carnet;
     ActionsRDV &m_actions;
     Vues &m_vues;
-    Confirme m_confirme;
     QList<Voisine> m_voisines;
     std::optional<EnMain> m_main;
     Cible m_cible;

@@ -40,6 +40,8 @@ constexpr Touche touches[] = {
     {"Del", Fenetre, "supprimer le rendez-vous, après confirmation", "mnuSupprimer"},
     {"+ =", Grille, "allonger d'un créneau le rendez-vous, ou le choix libre", "mnuAllonger"},
     {"-", Grille, "raccourcir d'un créneau", "mnuRaccourcir"},
+    {"Ctrl+X", Fenetre, "mettre le rendez-vous de côté, dans « À replacer »", "mnuMettreDeCote"},
+    {"Ctrl+V", Fenetre, "poser à la place choisie celui qui y est choisi, ou le premier", "mnuPoser"},
     {"Ctrl+Z", Fenetre, "annuler ce qui vient d'être écrit sur ce poste", "mnuAnnuler"},
     {"Ctrl+Y", Fenetre, "rétablir ce qui vient d'être annulé", "mnuRetablir"},
     {"Shift+F10 Menu", Grille, "menu de ce qui est choisi"},

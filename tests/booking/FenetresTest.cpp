@@ -40,6 +40,7 @@ class FenetresRDV : public testing::Test {
   protected:
     FenetresRDV() {
         vide();
+        cabinet.maintenant.setTime(QTime(8, 0)); // nothing is past yet
         cabinet.ouvre(Base::PatientTransmis).execute(SqlText("delete from LePatient"));
         Database patients = cabinet.ouvre(Base::Patients);
         patients.execute(SqlText("update TabPat set nom = 'ZOLA', PreNom = 'Eva' where cptid = 7"));

@@ -55,6 +55,8 @@ class Fenetres:
             self.dit(f"boîte : {bouton['text']}")
             self.peut = True  # what it told of may be drawn now
             return self.prog.clic(centre(bouton))
+        if dessus == "FrmInsolite":
+            return self.dans_question()
         grilles = [g for g in etat.par_nom[dessus]["grilles"].values() if self.en_vue(g)]
         touches = [{"objectName": t, "classe": "touche"} for t in ("Tab", "Return", "Escape")
                    if dessus in SAISIE]
@@ -79,6 +81,13 @@ class Fenetres:
             self.tape(objet)
         else:
             self.prog.clic(centre(objet))
+
+    def dans_question(self):
+        """What was asked for is wanted all the same, or given up; the window before it is as it was."""
+        nom = self.h.choice(("BtnQuandMeme", "BtnQuandMeme", "BtnRevenir", "Escape"))
+        self.dit(f"FrmInsolite : {nom}")
+        self.promesse |= {"veut": nom == "BtnQuandMeme", "dit": False}
+        self.prog.frappe(nom) if nom == "Escape" else self.prog.clic(centre(self.etat.objet(nom)))
 
     def tape(self, champ):
         nom, texte, jour = champ["objectName"], self.h.choice(TEXTES), None
@@ -143,7 +152,7 @@ class Fenetres:
     def ouverte(self):
         """A window that has just opened: what it is about, and whether its fields say so."""
         ctx, etat = self.ctx, self.etat
-        if self.dessus == etat.dessus or self.dessus == "QMessageBox" or not ctx.plage:
+        if self.dessus == etat.dessus or self.dessus in ("QMessageBox", "FrmInsolite") or not ctx.plage:
             return []
         t, x, voulu = etat.textes(), ctx.rdv, {}
         if etat.dessus == "FrmAjouter":
@@ -241,7 +250,7 @@ class Fenetres:
         promesse = self.promesse
         if not promesse or not promesse["veut"] or promesse.get("dit"):
             return []
-        if self.etat.dessus == "QMessageBox":
+        if self.etat.dessus in ("QMessageBox", "FrmInsolite"):
             promesse["dit"] = True
             return []
         lignes = [norme(self.livre.tables["RDV"].get(x.ref)) for x in self.visees]

@@ -67,7 +67,7 @@ class Promenade(Retour, Gestes, MainLevee, Clavier, Fenetres):
         self.dessus, self.avant = self.etat.dessus, self.ctx
         if self.dessus == "QMessageBox":
             self.boite = self.etat.texte("qt_msgbox_label")
-        else:
+        elif self.dessus != "FrmInsolite":
             self.promesse = None
 
     def dit(self, texte):

@@ -156,6 +156,7 @@ TEST_F(ComptesTest, FewKeysNameEveryPatient) {
 }
 
 TEST_F(ComptesTest, FromTheFreeSlotToTheRow) {
+    cabinet.maintenant.setTime(QTime(7, 0)); // no slot is past
     FrmEntree fenetre(cabinet.environnement());
     fenetre.Form_Load();
     fenetre.show();

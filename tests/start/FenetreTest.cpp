@@ -111,6 +111,7 @@ TEST_F(FenetreTest, DayView) {
         clic 1,1 2   | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00 | 12x2 mercredi 11 mars Fauteuil 1: 2,1 ROUX; 12x2 mercredi 11 mars Fauteuil 12: 2,1 SECOND [1,1-1,1]
         touche PgDown | docteur UN 0 0 A--- 12 mars 2026 08:00 / 09:00
         touche PgUp  | docteur UN 0 0 A--- 11 mars 2026 08:00 / 09:00)");
+    cabinet.maintenant.setTime(QTime(7, 0)); // that hour is not past
     pendant("mnuAjouter", [](QWidget &f) { ::joue(f, q("Text1=NEUF;>BtnAjouter")); });
     EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 11 mars 2026 08:00 / 09:00 NEUF");
     joue(R"(
@@ -133,9 +134,13 @@ TEST_F(FenetreTest, ADoubleClickOpensWhatWasSelectedBefore) {
         EXPECT_EQ(::texte(editer, "TextHeureDebut"), q("09:30"));
         ::joue(editer, q("DTPicker1=14/03/2026;>BtnMettreAJour"));
     });
-    EXPECT_EQ(dits(), "Le rendez-vous est enregistré au samedi 14 mars 2026, de 09:30 à 10:00 : il n'est pas "
-                      "dans ce qui est affiché.");
-    EXPECT_EQ(grilles(), "12x7 lundi 09 mars: 2,3 TOT");
+    EXPECT_EQ(etat(), "docteur UN 0 0 -ESP 14 mars 2026 09:30 / 10:00 TARD") << "asked about: shown by day";
+    EXPECT_EQ(questions(), "Déplacer ce rendez-vous ?");
+    EXPECT_EQ(dits(), "");
+    pendant("mnuEditer", [](QWidget &editer) { ::joue(editer, q("DTPicker1=18/03/2026;>BtnMettreAJour")); });
+    EXPECT_EQ(dits(),
+              "Le rendez-vous est enregistré au mercredi 18 mars 2026, de 09:30 à 10:00 : il n'est pas "
+              "dans ce qui est affiché.");
 }
 
 TEST_F(FenetreTest, WhatOthersWriteMeanwhile) {

@@ -5,6 +5,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QListWidget>
 #include <QTest>
 #include <gtest/gtest.h>
 
@@ -203,24 +204,45 @@ TEST_F(GlisseTest, TheDayMovesFromChairToChair) {
     EXPECT_EQ(dits(), "");
 }
 
-TEST_F(GlisseTest, ADropIsConfirmedAndCanBeReceivedByAnotherWindow) {
+TEST_F(GlisseTest, WhatIsOddAboutADropIsAskedOnce) {
     livre.rdv();
     ouvre();
-    auto &glisseRDV = *fenetre->findChild<GlisseRDV *>();
-    QStringList demandes;
-    glisseRDV.confirmePar([&](const RendezVous &rdv, const Cible &cible, bool encore) {
-        demandes << rdv.Nom + cible.place.jour.toString(q(" dd ")) + (encore ? q("encore") : QString());
-        return false;
-    });
+    quandMeme = false;
+    glisse(point(2, 3), point(4, 1));
+    EXPECT_EQ(questions(), "Déplacer ce rendez-vous ?");
+    glisse(point(2, 3), point(4, 3), 0, Qt::ControlModifier); // a second one of that day
+    EXPECT_EQ(questions(), "Réserver ce rendez-vous ?");
     glisse(point(2, 3), point(4, 4));
-    glisse(point(2, 3), point(4, 4), 0, Qt::ControlModifier);
-    EXPECT_EQ(demandes.join(u'|'), q("ROUX 12 |ROUX 12 encore"));
-    QWidget voisine;
-    voisine.setGeometry(QRect(point(4, 4), QSize(10, 10)));
-    voisine.show();
-    QString recu;
-    glisseRDV.accueille(voisine, [&](const RendezVous &rdv) { recu = rdv.Nom; });
-    glisse(point(2, 3), point(4, 4) + QPoint(5, 5));
-    EXPECT_EQ(recu, q("ROUX"));
+    EXPECT_EQ(questions(), "");
+    EXPECT_EQ(rangs(), "ROUX 12 11:00-12:00 1 0");
+}
+
+TEST_F(GlisseTest, ThePinboardTakesAndGives) {
+    livre.rdv();
+    ouvre();
+    fait(q("mnuReplacer"));
+    auto &liste = objet<QListWidget>("ListeReplacer");
+    const QPoint centre = liste.viewport()->mapToGlobal(liste.viewport()->rect().center());
+    glisse(point(2, 3), centre);
+    EXPECT_EQ(rangs(), "ROUX 11 09:00-10:00 1 0") << "it stays where it is";
+    ASSERT_EQ(liste.count(), 1);
+    const QPoint prise = liste.visualItemRect(liste.item(0)).center();
+    const auto tire = [&](const QPoint &vers, bool lache) {
+        const QPoint ici = liste.viewport()->mapFromGlobal(vers);
+        QTest::mousePress(liste.viewport(), Qt::LeftButton, {}, prise);
+        QMouseEvent move(QEvent::MouseMove, ici, vers, Qt::NoButton, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(liste.viewport(), &move);
+        if (lache) {
+            QTest::keyClick(&liste, Qt::Key_Escape);
+        }
+        QTest::mouseRelease(liste.viewport(), Qt::LeftButton, {}, ici);
+    };
+    tire(point(4, 4), true);
+    tire(centre, false);
     EXPECT_EQ(rangs(), "ROUX 11 09:00-10:00 1 0");
+    tire(point(4, 4), false);
+    EXPECT_EQ(rangs(), "ROUX 12 11:00-12:00 1 0");
+    EXPECT_EQ(liste.count(), 0);
+    EXPECT_EQ(annuler(), "A&nnuler « Déplacer ROUX »");
+    EXPECT_EQ(questions() + dits(), "");
 }

@@ -2,6 +2,7 @@
 #include "booking/FrmAjouter.h"
 #include "booking/FrmEditer.h"
 #include "booking/FrmHistorique.h"
+#include "booking/FrmInsolite.h"
 #include "booking/FrmJourMois.h"
 #include "booking/FrmQuelHoraire.h"
 #include "booking/FrmSupprimer.h"
@@ -53,7 +54,8 @@ class ToutesFenetres : public testing::Test, public Fenetre {
         ouvre<FrmEditer>(env, rdv, place);
         ouvre<FrmSupprimer>(env, rdv, place);
         ouvre<FrmHistorique>(env, CibleHistorique{rdv, place.jour, 1});
-        ouvre<FrmQuelHoraire>();
+        ouvre<FrmQuelHoraire>(QList<Insolite>{{Insolite::Genre::Midi, q("Midi"), q("12:00")}});
+        ouvre<FrmInsolite>(Visee{rdv, rdv, place}, QList<Insolite>{{Insolite::Genre::Passe, q("Passé"), {}}});
         ouvre<FrmJourMois>(place.jour);
         ouvre<CodesRapidesDescription>();
         ouvre<FrmTrancheHoraire>(env, config);

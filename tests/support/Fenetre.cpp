@@ -8,6 +8,21 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
+Fenetre::Fenetre() {
+    QObject::connect(&m_guet, &QTimer::timeout, [this] {
+        QWidget *dessus = QApplication::activeModalWidget();
+        if (dessus != nullptr && dessus->objectName() == q("FrmInsolite")) {
+            m_questions << dessus->windowTitle();
+            dessus->findChild<QAbstractButton *>(quandMeme ? q("BtnQuandMeme") : q("BtnRevenir"))->click();
+        }
+    });
+    m_guet.start(0);
+}
+
+std::string Fenetre::questions() {
+    return std::exchange(m_questions, {}).join(u'|').toStdString();
+}
+
 void Fenetre::ouvre() {
     fenetre = std::make_unique<FrmEntree>(cabinet.environnement());
     fenetre->Form_Load();

@@ -7,9 +7,11 @@
 
 #include <QAbstractButton>
 #include <QLabel>
+#include <QTimer>
 
 /// The main window on a practice whose book holds what a test writes, worked and looked at as text.
 struct Fenetre {
+    Fenetre();
     /// As the program starts it, at 10:05 on Wednesday 2026-03-11.
     void ouvre();
     template <typename T>
@@ -40,11 +42,17 @@ struct Fenetre {
     std::string lecture() const;
     /// What was told since the last call.
     std::string dits();
+    /// What was asked about odd places since the last call: the windows' titles. Each is answered by
+    /// `quandMeme`.
+    std::string questions();
 
+    bool quandMeme = true;
     CabinetDEssai cabinet;
     Livre livre{cabinet.fichier(Base::RendezVous)};
     std::unique_ptr<FrmEntree> fenetre;
 
   private:
     int m_cliquee = 0;
+    QTimer m_guet;
+    QStringList m_questions;
 };

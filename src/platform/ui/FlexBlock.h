@@ -20,6 +20,7 @@ struct FlexBlock {
     bool present = false;
     bool late = false;
     bool past = false;
+    bool pinned = false;   ///< set aside in order to be moved
     bool cutAbove = false; ///< it goes on beyond the grid
     bool cutBelow = false;
     int lane = 0; ///< blocks that share a row stand side by side

@@ -89,6 +89,11 @@ void FlexGridDelegate::paintMark(QPainter &painter, const QPoint &corner, int si
             drawing.setPen(QPen(color, 2.4, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
             const QPointF points[] = {{3, 8.5}, {6.2, 12}, {13, 4.5}};
             drawing.drawPolyline(points, 3);
+        } else if (mark == Mark::Pin) {
+            drawing.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+            const QPointF head[] = {{5, 2}, {11, 2}, {10, 7}, {12, 10}, {4, 10}, {6, 7}, {5, 2}};
+            drawing.drawPolyline(head, 7);
+            drawing.drawLine(QPointF(8, 10), QPointF(8, 14.5));
         } else {
             drawing.setPen(QPen(color, 1.8, Qt::SolidLine, Qt::RoundCap));
             drawing.drawEllipse(QPointF(8, 8), 6.4, 6.4);
@@ -123,13 +128,19 @@ void FlexGridDelegate::paintClassicBlock(QPainter &painter, const QRect &rect, c
         paintMark(painter, rect.topLeft() + QPoint(2, 1), size, block.present ? Mark::Check : Mark::Dial,
                   block.present ? m_aspect.encre : m_aspect.alerte, m_aspect.feuille);
     }
+    const int beside = block.pinned && (block.present || block.late) ? scaled(markSize + 2) : 0;
+    if (block.pinned) {
+        const int size = std::min(scaled(markSize + 2), rect.height() - 2);
+        paintMark(painter, rect.topLeft() + QPoint(2 + beside, 1), size, Mark::Pin, m_aspect.encre,
+                  m_aspect.feuille);
+    }
     QString text = block.caption();
     const int lines = last > first ? std::max((rect.height() - 3) / m_lineStep, 1) : 1;
     if (lines > 1) { // on a line of its own the name says more
         text.prepend(DatesFr::heure(block.start) + u' ');
     }
     painter.setPen(cell.fore.isValid() ? cell.fore : m_aspect.encre);
-    const int left = std::max(scaled(classicIndent), cell.picture.width());
+    const int left = std::max(scaled(classicIndent), cell.picture.width()) + beside;
     const int above = rect.height() > 2 * m_lineStep ? 2 : 0; // the outline leaves the accents alone
     write(painter, rect.adjusted(left, above, -3, 0), text, Plain,
           Qt::AlignLeft | (last > first ? Qt::AlignTop : Qt::AlignVCenter), lines);
@@ -204,8 +215,14 @@ void FlexGridDelegate::paintTintedBlock(QPainter &painter, const QRect &rect, co
     } else if (block.late) {
         paintMark(painter, rect.topLeft() + QPoint(solid + 2, 1), size, Mark::Dial, m_aspect.alerte);
     }
-    const bool narrow = block.lanes > 1 && !block.present && !block.late;
-    paintTintedText(painter, rect.adjusted(scaled(narrow ? laneIndent : tintedIndent), 0, -5, 0), block);
+    const int beside = block.pinned && (block.present || block.late) ? size + 2 : 0;
+    if (block.pinned) {
+        const int left = block.present ? solid + 2 : solid + 2 + beside;
+        paintMark(painter, rect.topLeft() + QPoint(left, 1), size, Mark::Pin, m_aspect.encre2);
+    }
+    const bool narrow = block.lanes > 1 && !block.present && !block.late && !block.pinned;
+    const int indent = scaled(narrow ? laneIndent : tintedIndent) + beside;
+    paintTintedText(painter, rect.adjusted(indent, 0, -5, 0), block);
 }
 
 /// Name, hours, description: one below the other as far as they fit.

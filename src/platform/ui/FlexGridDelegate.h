@@ -36,7 +36,7 @@ class FlexGridDelegate : public QStyledItemDelegate {
 
   private:
     enum Font { Plain, Bold, Small };
-    enum class Mark { None, Check, Dial };
+    enum class Mark { None, Check, Dial, Pin };
     /// Colours of a tinted block and the width of its edge.
     struct Frame {
         QColor edge;

@@ -31,6 +31,12 @@ void horloge(QPainterPath &chemin) {
     trait(chemin, {{8, 5}, {8, 8}, {10, 9.5}});
 }
 
+void epingle(QPainterPath &chemin) {
+    trait(chemin, {{5, 2.5}, {11, 2.5}});
+    trait(chemin, {{6.5, 2.5}, {6, 7.5}, {4, 9.5}, {12, 9.5}, {10, 7.5}, {9.5, 2.5}});
+    trait(chemin, {{8, 9.5}, {8, 14}});
+}
+
 /// On 16 × 16.
 QPainterPath dessin(Icone quoi) {
     QPainterPath chemin;
@@ -67,6 +73,14 @@ QPainterPath dessin(Icone quoi) {
         trait(chemin, {{6.5, 3}, {3.5, 3}, {3.5, 13}, {6.5, 13}});
         trait(chemin, {{7, 8}, {13.5, 8}});
         trait(chemin, {{11, 5.5}, {13.5, 8}, {11, 10.5}});
+        break;
+    case Icone::Attention:
+        chemin.addEllipse(QPointF(8, 8), 6, 6);
+        trait(chemin, {{8, 4.5}, {8, 8.8}});
+        trait(chemin, {{8, 11.2}, {8, 11.4}});
+        break;
+    case Icone::Epingle:
+        epingle(chemin);
         break;
     }
     return chemin;

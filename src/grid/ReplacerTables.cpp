@@ -1,0 +1,140 @@
+#include "grid/ReplacerTables.h"
+
+#include "grid/RendezVousTables.h"
+
+namespace {
+
+const QString table = QStringLiteral("TavReplacer");
+const QString cle = QStringLiteral("RefReplacer");
+const QString formeQuand = QStringLiteral("yyyy-MM-dd HH:mm:ss");
+constexpr int longueurNom = 50;
+
+const std::vector<FieldDef> &champs() {
+    static const std::vector<FieldDef> tous{
+        {cle, FieldType::AutoNumber},
+        {QStringLiteral("RefRDV"), FieldType::Int32},
+        {QStringLiteral("Depuis"), FieldType::Text, 19},
+        {QStringLiteral("NumPraticien"), FieldType::Int32},
+        {QStringLiteral("Fauteuil"), FieldType::Int32},
+        {QStringLiteral("Nom"), FieldType::Text, longueurNom},
+        {QStringLiteral("Prenom"), FieldType::Text, longueurNom},
+        {QStringLiteral("NumPatient"), FieldType::Text, longueurNom},
+        {QStringLiteral("Jour"), FieldType::Text, 10},
+        {QStringLiteral("HeureDebut"), FieldType::Text, 8},
+        {QStringLiteral("HeureFin"), FieldType::Text, 8},
+        {QStringLiteral("JourPose"), FieldType::Text, 10}, // where it was placed since
+        {QStringLiteral("DebutPose"), FieldType::Text, 8},
+        {QStringLiteral("FauteuilPose"), FieldType::Int32},
+    };
+    return tous;
+}
+
+void efface(Database &carnet, qint64 RefRDV) {
+    carnet.execute(SqlText("Delete from TavReplacer Where RefRDV = ") << nombre(RefRDV));
+}
+
+} // namespace
+
+bool ReplacerEstPret(Database &carnet) {
+    if (!carnet.hasTable(table)) {
+        return false;
+    }
+    const TableDef def = carnet.tableDef(table);
+    return def.isUpdatable() && def.hasField(champs().back().name);
+}
+
+void PrepareReplacer(Database &carnet) {
+    Transaction transaction(carnet);
+    if (!carnet.hasTable(table)) {
+        carnet.createTable(table, champs());
+    }
+    TableDef def = carnet.tableDef(table);
+    for (const FieldDef &champ : champs()) {
+        if (!def.hasField(champ.name)) {
+            def.appendField(champ);
+        }
+    }
+    transaction.commit();
+}
+
+QList<AReplacer> LitAReplacer(Database &carnet, long praticien) {
+    QList<AReplacer> tous;
+    if (!ReplacerEstPret(carnet)) {
+        return tous;
+    }
+    carnet.forEach(
+        SqlText("Select RefRDV, Depuis, Fauteuil, Nom, Prenom, NumPatient, Jour, HeureDebut, HeureFin, "
+                "JourPose, DebutPose, FauteuilPose from TavReplacer Where NumPraticien = ")
+            << nombre(praticien) << " order by RefReplacer",
+        [&](const RowView &r) {
+            AReplacer un;
+            un.depuis = QDateTime::fromString(r.text(1), formeQuand);
+            un.note.RefRDV = r.integer(0);
+            un.note.NumPraticien = praticien;
+            un.note.Fauteuil = long(r.integer(2));
+            un.note.Nom = r.text(3);
+            un.note.Prenom = r.text(4);
+            un.note.NumPatient = r.text(5);
+            un.note.Date1 = r.date(6);
+            un.note.HeureDebut = r.time(7);
+            un.note.HeureFin = r.time(8);
+            if (const QDate jour = r.date(9); jour.isValid()) {
+                un.pose = un.note;
+                un.pose->Date1 = jour;
+                un.pose->HeureDebut = r.time(10);
+                un.pose->Fauteuil = long(r.integer(11));
+            }
+            tous << un;
+        });
+    for (AReplacer &un : tous) {
+        un.actuel = LitRDV(carnet, un.note.RefRDV);
+    }
+    return tous;
+}
+
+bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) {
+    Transaction transaction(carnet);
+    if (!ReplacerEstPret(carnet)) {
+        return false;
+    }
+    const QList<AReplacer> tous = LitAReplacer(carnet, rdv.NumPraticien);
+    if (EstEpingle(tous, rdv.RefRDV)) { // another desk was first
+        return true;
+    }
+    const QDateTime hier = quand.addDays(-1); // nobody undoes what was placed before
+    for (const AReplacer &un : tous) {
+        if (un.note.RefRDV == rdv.RefRDV || (EtatDe(un) == EtatReplacer::Pose && un.depuis < hier)) {
+            efface(carnet, un.note.RefRDV);
+        }
+    }
+    carnet.insert(table, {{QStringLiteral("RefRDV"), rdv.RefRDV},
+                          {QStringLiteral("Depuis"), quand.toString(formeQuand)},
+                          {QStringLiteral("NumPraticien"), qint64{rdv.NumPraticien}},
+                          {QStringLiteral("Fauteuil"), qint64{rdv.Fauteuil}},
+                          {QStringLiteral("Nom"), rdv.Nom.left(longueurNom)},
+                          {QStringLiteral("Prenom"), rdv.Prenom.left(longueurNom)},
+                          {QStringLiteral("NumPatient"), rdv.NumPatient.left(longueurNom)},
+                          {QStringLiteral("Jour"), Value::date(rdv.Date1)},
+                          {QStringLiteral("HeureDebut"), Value::time(rdv.HeureDebut)},
+                          {QStringLiteral("HeureFin"), Value::time(rdv.HeureFin)}});
+    transaction.commit();
+    return true;
+}
+
+void NotePose(Database &carnet, qint64 RefRDV, const RendezVous &pose) {
+    if (!ReplacerEstPret(carnet)) {
+        return;
+    }
+    carnet.execute(SqlText("Update TavReplacer Set JourPose = ")
+                   << texte(pose.Date1.toString(Qt::ISODate))
+                   << ", DebutPose = " << texte(pose.HeureDebut.toString(QStringLiteral("HH:mm:ss")))
+                   << ", FauteuilPose = " << nombre(pose.Fauteuil) << " Where RefRDV = " << nombre(RefRDV));
+}
+
+void RetireReplacer(Database &carnet, qint64 RefRDV) {
+    Transaction transaction(carnet);
+    if (ReplacerEstPret(carnet)) {
+        efface(carnet, RefRDV);
+    }
+    transaction.commit();
+}
