@@ -111,9 +111,9 @@ BilanEcriture obstacle(Database &rdv, const RendezVous &avant, const RendezVous 
     }
     const SaisieRDV place = placeDe(apres);
     const Chaise sienne = chaiseDe(apres) == chaiseDe(avant) ? chaiseDe(*actuel) : chaiseDe(apres);
-    const bool libre =
-        EstReservable(plageDe(place)) && libreSauf(rdv, ref, place, montree.praticien, montree.fauteuil) &&
-        (sienne == montree || libreSauf(rdv, ref, place, sienne.praticien, sienne.fauteuil));
+    const bool libre = EstReservable(plageDe(place)) &&
+                       libreSauf(rdv, ref, place, montree.praticien, montree.fauteuil) &&
+                       (sienne == montree || libreSauf(rdv, ref, place, sienne.praticien, sienne.fauteuil));
     return {libre ? Ecriture::Fait : Ecriture::Occupe, *actuel};
 }
 
@@ -158,8 +158,8 @@ BilanEcriture ecritSiLibre(Transaction &transaction, const std::function<BilanEc
 BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const RendezVous &apres,
                       const Fields &champs, const Chaise &montree, bool deplace = false) {
     const qint64 ref = avant.RefRDV;
-    Transaction transaction(rdv, {verrouRDV(ref), verrouJour(montree, apres.Date1),
-                                  verrouJour(chaiseDe(apres), apres.Date1)});
+    Transaction transaction(
+        rdv, {verrouRDV(ref), verrouJour(montree, apres.Date1), verrouJour(chaiseDe(apres), apres.Date1)});
     const BilanEcriture empeche = obstacle(rdv, avant, apres, montree, deplace);
     if (empeche.resultat != Ecriture::Fait) {
         return empeche;
@@ -280,9 +280,8 @@ BilanEcriture DeplaceRDV(Database &rdv, const Auteur &auteur, const RendezVous &
 
 bool SeraitRefuse(Database &rdv, const Visee &visee) {
     const Chaise montree{CLng(visee.place.PraticienCourant), CLng(visee.place.FauteuilCourant)};
-    return visee.avant
-               ? obstacle(rdv, *visee.avant, visee.rdv, montree, false).resultat != Ecriture::Fait
-               : !libreAjout(rdv, placeDe(visee.rdv), montree);
+    return visee.avant ? obstacle(rdv, *visee.avant, visee.rdv, montree, false).resultat != Ecriture::Fait
+                       : !libreAjout(rdv, placeDe(visee.rdv), montree);
 }
 
 BilanEcriture SupprimeRDV(Database &rdv, const Auteur &auteur, const RendezVous &avant) {

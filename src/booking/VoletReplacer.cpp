@@ -109,8 +109,8 @@ bool VoletReplacer::glisse(const QMouseEvent &souris) {
     const QPoint ou = souris.globalPosition().toPoint();
     if (souris.type() == QEvent::MouseButtonPress) {
         laisse(); // another button, too
-        m_presse = souris.button() == Qt::LeftButton &&
-                   m_liste->itemAt(souris.position().toPoint()) != nullptr;
+        m_presse =
+            souris.button() == Qt::LeftButton && m_liste->itemAt(souris.position().toPoint()) != nullptr;
         m_appui = ou;
         return false;
     }

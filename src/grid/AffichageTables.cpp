@@ -4,6 +4,8 @@
 #include "grid/RendezVousTables.h"
 #include "grid/ReplacerTables.h"
 
+#include <utility>
+
 namespace {
 
 Grille grilleDe(const Configuration &config, QTime debut, QTime fin, const QString &entete) {
@@ -100,12 +102,10 @@ bool toutesLesChaises(const Affichage &affichage) {
 }
 
 QList<RendezVous> rendezVous(Database &carnet, const Affichage &affichage, const Grille &grille,
-                             QDate premier, QDate dernier) {
-    const long praticien = affichage.demande.numPraticien();
-    if (toutesLesChaises(affichage)) {
-        return RendezVousEntre(carnet, premier, dernier, praticien, std::nullopt);
-    }
-    return RendezVousEntre(carnet, premier, dernier, praticien, CLng(grille.config.FauteuilCourant));
+                             QDate premier, QDate dernier, const std::vector<Requete> &aussi = {}) {
+    const std::optional<long> fauteuil =
+        toutesLesChaises(affichage) ? std::nullopt : std::optional(CLng(grille.config.FauteuilCourant));
+    return RendezVousEntre(carnet, premier, dernier, affichage.demande.numPraticien(), fauteuil, aussi);
 }
 
 /// Morning and afternoon are one configuration, and count once.
@@ -140,12 +140,16 @@ Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime
         litMatinEtApresMidi(configs.repli, affichage);
     }
     const auto [premier, dernier] = JoursLus(demande);
+    LectureReplacer aReplacer(carnet, demande.numPraticien());
+    std::vector<Requete> aussi = aReplacer.requetes();
     for (Grille &grille : affichage.grilles) {
         if (grille.tracable()) {
-            grille.rendezVous = rendezVous(carnet, affichage, grille, premier, dernier);
+            grille.rendezVous =
+                rendezVous(carnet, affichage, grille, premier, dernier, std::exchange(aussi, {}));
         }
     }
-    affichage.aReplacer = LitAReplacer(carnet, demande.numPraticien());
+    carnet.forEach(aussi); // where no grid is drawn
+    affichage.aReplacer = aReplacer.lus();
     if (!demande.VueSemaine) {
         litRemplissage(carnet, affichage);
     }

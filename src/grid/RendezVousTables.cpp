@@ -25,30 +25,31 @@ RendezVous rendezVousDe(const RowView &r) {
     return lu;
 }
 
-/// The appointments of the rows of RDV that fulfil `condition`, in the order of the database.
-std::pair<SqlText, RowVisitor> rendezVousOu(const SqlText &condition, QList<RendezVous> &liste) {
+} // namespace
+
+Requete RequeteRDV(const SqlText &condition, QList<RendezVous> &liste) {
     return {SqlText("Select RefRDV, Nom, Prenom, Telephone, Description, NumPatient, Date1, HeureDebut, "
                     "HeureFin, Present, NumPraticien, Fauteuil, DateInv from RDV Where ")
                 << condition,
             [&liste](const RowView &r) { liste.append(rendezVousDe(r)); }};
 }
 
-} // namespace
-
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
-                                  std::optional<long> fauteuil) {
+                                  std::optional<long> fauteuil, const std::vector<Requete> &aussi) {
     QList<RendezVous> liste;
     QList<RendezVous> decales;
     // A row whose two dates disagree lies on its Date1: that is what its windows show and write. These few
     // rows are looked for without the practitioner, by whose index all that he ever had would be read
     // instead.
-    rdv.forEach({rendezVousOu(SqlText("DateInv >= ") << texte(InverseDate(premier))
-                                                     << " AND DateInv<= " << texte(InverseDate(dernier))
-                                                     << duPraticien(praticien, fauteuil),
-                              liste),
-                 rendezVousOu(SqlText("(DateInv Is Null Or DateInv <> InverseDate(Date1)) AND Date1 >= ")
-                                  << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1)),
-                              decales)});
+    std::vector<Requete> requetes{
+        RequeteRDV(SqlText("DateInv >= ") << texte(InverseDate(premier)) << " AND DateInv<= "
+                                          << texte(InverseDate(dernier)) << duPraticien(praticien, fauteuil),
+                   liste),
+        RequeteRDV(SqlText("(DateInv Is Null Or DateInv <> InverseDate(Date1)) AND Date1 >= ")
+                       << dateSql(premier) << " AND Date1 < " << dateSql(dernier.addDays(1)),
+                   decales)};
+    requetes.insert(requetes.end(), aussi.begin(), aussi.end());
+    rdv.forEach(requetes);
     decales.removeIf([&](const RendezVous &r) {
         return r.NumPraticien != praticien || (fauteuil && r.Fauteuil != *fauteuil);
     });
@@ -98,6 +99,6 @@ QList<TempsPris> TempsDuMois(Database &rdv, QDate jour, long praticien) {
 
 std::optional<RendezVous> LitRDV(Database &rdv, qint64 ref) {
     QList<RendezVous> lus;
-    rdv.forEach({rendezVousOu(SqlText("RefRDV = ") << nombre(ref), lus)});
+    rdv.forEach({RequeteRDV(SqlText("RefRDV = ") << nombre(ref), lus)});
     return lus.isEmpty() ? std::nullopt : std::optional(lus.first());
 }

@@ -7,10 +7,16 @@
 #include <QList>
 #include <optional>
 
+using Requete = std::pair<SqlText, RowVisitor>;
+
+/// The rows of RDV that fulfil `condition`, as they come, behind what `liste` has.
+Requete RequeteRDV(const SqlText &condition, QList<RendezVous> &liste);
+
 /// The appointments of a practitioner, at one chair or (none) at all, whose Date1 is one of the days
-/// `premier` to `dernier`: by day, start and RefRDV.
+/// `premier` to `dernier`: by day, start and RefRDV. `aussi` goes along: one way to a
+/// server for all.
 QList<RendezVous> RendezVousEntre(Database &rdv, QDate premier, QDate dernier, long praticien,
-                                  std::optional<long> fauteuil);
+                                  std::optional<long> fauteuil, const std::vector<Requete> &aussi = {});
 
 /// Those of one day at every practitioner and chair.
 QList<RendezVous> RendezVousDuJour(Database &rdv, QDate jour);

@@ -1,6 +1,6 @@
 #include "grid/ReplacerTables.h"
 
-#include "grid/RendezVousTables.h"
+#include <algorithm>
 
 namespace {
 
@@ -57,39 +57,54 @@ void PrepareReplacer(Database &carnet) {
     transaction.commit();
 }
 
-QList<AReplacer> LitAReplacer(Database &carnet, long praticien) {
-    QList<AReplacer> tous;
-    if (!ReplacerEstPret(carnet)) {
-        return tous;
+LectureReplacer::LectureReplacer(Database &carnet, long praticien)
+    : m_praticien(praticien), m_pret(carnet.hasTable(table)) {}
+
+std::vector<Requete> LectureReplacer::requetes() {
+    if (!m_pret) {
+        return {};
     }
-    carnet.forEach(
-        SqlText("Select RefRDV, Depuis, Fauteuil, Nom, Prenom, NumPatient, Jour, HeureDebut, HeureFin, "
-                "JourPose, DebutPose, FauteuilPose from TavReplacer Where NumPraticien = ")
-            << nombre(praticien) << " order by RefReplacer",
-        [&](const RowView &r) {
-            AReplacer un;
-            un.depuis = QDateTime::fromString(r.text(1), formeQuand);
-            un.note.RefRDV = r.integer(0);
-            un.note.NumPraticien = praticien;
-            un.note.Fauteuil = long(r.integer(2));
-            un.note.Nom = r.text(3);
-            un.note.Prenom = r.text(4);
-            un.note.NumPatient = r.text(5);
-            un.note.Date1 = r.date(6);
-            un.note.HeureDebut = r.time(7);
-            un.note.HeureFin = r.time(8);
-            if (const QDate jour = r.date(9); jour.isValid()) {
-                un.pose = un.note;
-                un.pose->Date1 = jour;
-                un.pose->HeureDebut = r.time(10);
-                un.pose->Fauteuil = long(r.integer(11));
-            }
-            tous << un;
-        });
+    const auto note = [this](const RowView &r) {
+        AReplacer un;
+        un.depuis = QDateTime::fromString(r.text(1), formeQuand);
+        un.note.RefRDV = r.integer(0);
+        un.note.NumPraticien = m_praticien;
+        un.note.Fauteuil = long(r.integer(2));
+        un.note.Nom = r.text(3);
+        un.note.Prenom = r.text(4);
+        un.note.NumPatient = r.text(5);
+        un.note.Date1 = r.date(6);
+        un.note.HeureDebut = r.time(7);
+        un.note.HeureFin = r.time(8);
+        if (const QDate jour = r.date(9); jour.isValid()) {
+            un.pose = un.note;
+            un.pose->Date1 = jour;
+            un.pose->HeureDebut = r.time(10);
+            un.pose->Fauteuil = long(r.integer(11));
+        }
+        m_notes << un;
+    };
+    SqlText notes("Select RefRDV, Depuis, Fauteuil, Nom, Prenom, NumPatient, Jour, HeureDebut, HeureFin, "
+                  "JourPose, DebutPose, FauteuilPose from TavReplacer Where NumPraticien = ");
+    notes << nombre(m_praticien) << " order by RefReplacer";
+    SqlText siennes("RefRDV in (Select RefRDV from TavReplacer Where NumPraticien = ");
+    siennes << nombre(m_praticien) << ")";
+    return {{notes, note}, RequeteRDV(siennes, m_actuels)};
+}
+
+QList<AReplacer> LectureReplacer::lus() const {
+    QList<AReplacer> tous = m_notes;
     for (AReplacer &un : tous) {
-        un.actuel = LitRDV(carnet, un.note.RefRDV);
+        const auto actuel = std::ranges::find(m_actuels, un.note.RefRDV, &RendezVous::RefRDV);
+        un.actuel = actuel == m_actuels.end() ? std::nullopt : std::optional(*actuel);
     }
     return tous;
+}
+
+QList<AReplacer> LitAReplacer(Database &carnet, long praticien) {
+    LectureReplacer lecture(carnet, praticien);
+    carnet.forEach(lecture.requetes());
+    return lecture.lus();
 }
 
 bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) {

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "grid/AReplacer.h"
-#include "platform/db/Database.h"
+#include "grid/RendezVousTables.h"
 
 /// The table TavReplacer: appointments that are set aside, shared by all workstations. Its rows tell; RDV
 /// alone says where an appointment lies.
@@ -11,7 +11,24 @@ bool ReplacerEstPret(Database &carnet);
 /// Adds what is missing of it.
 void PrepareReplacer(Database &carnet);
 
-/// A practitioner's; none in a book without the table.
+/// A practitioner's list; empty in a book without the table. Its queries may go along with others.
+class LectureReplacer {
+  public:
+    LectureReplacer(Database &carnet, long praticien);
+    LectureReplacer(const LectureReplacer &) = delete;
+    LectureReplacer &operator=(const LectureReplacer &) = delete;
+    ~LectureReplacer() = default;
+
+    std::vector<Requete> requetes();
+    /// Once they have been run.
+    QList<AReplacer> lus() const;
+
+  private:
+    long m_praticien;
+    bool m_pret;
+    QList<AReplacer> m_notes;
+    QList<RendezVous> m_actuels;
+};
 QList<AReplacer> LitAReplacer(Database &carnet, long praticien);
 /// Sets an appointment aside, once. False: the book has no table for it.
 bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand);

@@ -58,9 +58,9 @@ void Clavier::voletSuivant(int pas) {
     QList<QWidget *> volets;
     int courant = 0;
     const auto autre = [this](const char *nom) { return m_fenetre.findChild<QWidget *>(QLatin1String(nom)); };
-    for (QWidget *volet : QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03,
-                                           autre("ListeReplacer"), m_ui.BtnPrecedent, m_ui.BtnPrecedent2,
-                                           autre("OutilPrecedent")}) {
+    for (QWidget *volet :
+         QList<QWidget *>{m_ui.GrilleRDV, m_ui.GrilleRDV02, m_ui.GrilleRDV03, autre("ListeReplacer"),
+                          m_ui.BtnPrecedent, m_ui.BtnPrecedent2, autre("OutilPrecedent")}) {
         if (volet != nullptr && volet->isVisible() && volet->isEnabled()) {
             volets << volet;
             const bool bouton = estBouton(volet) && estBouton(m_fenetre.focusWidget());

@@ -18,8 +18,8 @@ class FrmEntree;
 class ReplacerMontre : public QObject {
     Q_OBJECT
   public:
-    ReplacerMontre(const Ui::FrmEntree &ui, CarnetMontre &carnet, ActionsSelection &actions,
-                   const Vues &vues, const Habillage &habillage, GlisseRDV &glisse, QMainWindow &fenetre);
+    ReplacerMontre(const Ui::FrmEntree &ui, CarnetMontre &carnet, ActionsSelection &actions, const Vues &vues,
+                   const Habillage &habillage, GlisseRDV &glisse, QMainWindow &fenetre);
 
   signals:
     /// There is more room for the book, or less.

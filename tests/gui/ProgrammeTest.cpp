@@ -101,6 +101,8 @@ TEST(Programme, BooksAFreeSlotThatWasSearched) {
     xdotool(q("getwindowfocus mousemove --window %1 60 90 click 1").split(u' ')); // the second entry
     ASSERT_TRUE(programme.fenetre(" Ajouter un rendez-vous"));
     presse("alt+a"); // for the patient whom the suite hands over
+    ASSERT_TRUE(programme.fenetre("Réserver ce rendez-vous ?")) << "that hour is past";
+    presse("alt+s");
     ASSERT_TRUE(programme.fenetre(carnetOuvert));
     Database base = cabinet.ouvre(Base::RendezVous);
     const Records ecrit =
@@ -215,10 +217,14 @@ TEST(Programme, DragsAppointments) {
     xdotool(q("getwindowfocus mousemove_relative 0 60 key Escape").split(u' '));
     souris(rdv.a(0, 0), "mouseup");
     glisse(rdv.bord(1, 2), rdv.bord(1, 3));
+    ASSERT_TRUE(programme.fenetre("Allonger ce rendez-vous ?")) << "across lunch";
+    presse("alt+a");
     EXPECT_TRUE(devient("12 11 13 1")) << "Escape has let go before";
     xdotool({q("keydown"), q("ctrl")});
     glisse(rdv.a(1, 2), rdv.a(-2, -1));
     xdotool({q("keyup"), q("ctrl")});
+    ASSERT_TRUE(programme.fenetre("Réserver ce rendez-vous ?")) << "it is past";
+    presse("alt+s");
     EXPECT_TRUE(devient("12 11 13 1|09 08 10 0"));
     glisse(rdv.a(-2, -1), rdv.a(1, 2));
     ASSERT_TRUE(programme.fenetre("Message")) << "taken";

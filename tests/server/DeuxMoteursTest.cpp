@@ -3,6 +3,7 @@
 #include "config/ConfigTables.h"
 #include "config/PraticienTables.h"
 #include "grid/AffichageTables.h"
+#include "grid/ReplacerTables.h"
 #include "journal/JournalTables.h"
 #include "maintenance/PurgeTables.h"
 #include "patients/ActesTables.h"
@@ -362,6 +363,7 @@ const Auteur auteur{QDateTime(mercredi, QTime(8, 0)), q("accueil"), q("lise")};
 QString ecritures(const Cabinet &cabinet) {
     Database carnet = cabinet.carnet();
     PrepareJournal(carnet);
+    PrepareReplacer(carnet);
     QStringList textes;
     SaisieRDV saisie{q("D'Œuvre"),         q("Zoë"),    q("02"),     q("\\'"), q("12"),
                      mercredi.addDays(30), QTime(9, 0), QTime(10, 0)};
@@ -386,6 +388,24 @@ QString ecritures(const Cabinet &cabinet) {
     lu = LitRDV(carnet, ref).value_or(RendezVous());
     textes << dit(lu) << QString::number(int(SupprimeRDV(carnet, auteur, lu).resultat))
            << QString::number(int(SupprimeRDV(carnet, auteur, lu).resultat));
+    const qint64 autre = ajoute(14);
+    MetDeCote(carnet, LitRDV(carnet, autre).value_or(RendezVous()), auteur.quand);
+    lu = LitRDV(carnet, autre).value_or(RendezVous());
+    RendezVous pose = lu;
+    pose.HeureDebut = QTime(15, 0);
+    pose.HeureFin = QTime(16, 0);
+    const auto liste = [&] {
+        for (const AReplacer &un : LitAReplacer(carnet, 1)) {
+            textes << NomReplacer(un) << AttenteReplacer(un, auteur.quand.addSecs(60))
+                   << QString::number(int(EtatDe(un)));
+        }
+    };
+    liste();
+    textes << QString::number(int(DeplaceRDV(carnet, auteur, lu, pose, 1, 1).resultat));
+    liste();
+    RetireReplacer(carnet, autre);
+    liste();
+    textes << tous(RendezVousDuJour(carnet, pose.Date1));
     const FeuilleJour feuille = RemplitImpression(carnet, 1, 1, mercredi);
     textes << tous(feuille.sansLigne)
            << table(carnet,

@@ -131,6 +131,9 @@ QString PostgresEngine::keyOf(const QString &table) {
 /// One that is not known may have come since.
 bool PostgresEngine::hasTable(const QString &table) {
     const QString name = SqlDialect::postgresName(table);
+    if (!m_catalogue && known(m_place.schema).tables.contains(name)) {
+        return true; // no round trip for what a reading asks each time
+    }
     if (m_catalogue && !m_catalogue->tables.contains(name)) {
         m_catalogue.reset();
     }

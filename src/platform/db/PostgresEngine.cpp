@@ -134,6 +134,9 @@ Records PostgresEngine::query(const QString &sql) {
 
 void PostgresEngine::forEach(const std::vector<std::pair<QString, RowVisitor>> &queries) {
     QStringList texts;
+    if (queries.empty()) {
+        return;
+    }
     for (const auto &[sql, visit] : queries) {
         texts << native(sql);
     }
