@@ -24,6 +24,7 @@ struct Environnement {
     StoredPaths chemins;
     std::chrono::milliseconds patience{5000}; ///< how long a busy database is waited for
 
+    QString CheminDesChemins;   ///< the path database: a real file
     QString CheminRacine;       ///< documents and pictures, as stored; a folder always
     QString CheminFichiers;     ///< templates of documents, and archives; a folder always
     QString CheminBases;        ///< the databases: a folder, or the place that a server gives them

@@ -27,8 +27,13 @@ bool metBaseANiveau(const Environnement &env, Depart &depart) {
     MiseANiveau bilan;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
+        const bool estANiveau = EstANiveau(carnet);
+        if (const QString raison = carnet.whyReadOnly(); estANiveau && !raison.isEmpty()) {
+            *env.lectureSeule = raison;
+            return;
+        }
         // a damaged book is not written into
-        erreur = EstANiveau(carnet) ? QString() : checkBook(carnet.path());
+        erreur = estANiveau ? QString() : checkBook(carnet.path());
         if (erreur.isEmpty()) {
             bilan = MetANiveau(carnet);
             erreur = bilan.erreur;
@@ -100,6 +105,7 @@ QString LitEmplacements(Environnement &env, const QString &fichier) {
         return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
             .arg(fichier);
     }
+    env.CheminDesChemins = fichier;
     env.prendEmplacements(*lus, QFileInfo(fichier).absolutePath());
     return {};
 }

@@ -3,6 +3,7 @@
 #include "grid/RendezVousTables.h"
 #include "platform/db/DbError.h"
 #include "search/RechercheTables.h"
+#include "start/Chevauchements.h"
 
 namespace {
 
@@ -117,4 +118,12 @@ MiseANiveau MetANiveau(Database &base) {
     exclutChevauchements(base, bilan);
     transaction.commit();
     return bilan;
+}
+
+QString MetANiveauDeplace(Database &base) {
+    const MiseANiveau bilan = MetANiveau(base);
+    if (!bilan.erreur.isEmpty()) {
+        throw DbError(DbError::Kind::Other, base.path(), bilan.erreur);
+    }
+    return TexteChevauchements(bilan.chevauchements, bilan.premiers);
 }

@@ -102,6 +102,10 @@ bool Database::wasWritten(const QString &writing) {
     return m_engine->wasWritten(writing);
 }
 
+QString Database::whyReadOnly() {
+    return m_engine->whyReadOnly();
+}
+
 QString checkBook(const QString &path, const std::stop_token &stop) {
     if (ServerLocation::isOne(path)) { // who keeps the server checks what it keeps
         return {};
