@@ -28,14 +28,17 @@ void guetteInterruption() {
     for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
         sigaction(signal, &action, nullptr);
     }
+    // It ends the wait that it falls into. What is undone afterwards is waited for again.
     setAttente([](int prise, bool lit, bool ecrit, std::chrono::milliseconds limite) {
+        static bool coupee = false;
         constexpr std::chrono::milliseconds pas(100);
-        for (auto reste = limite; reste.count() > 0 && interrompu == 0; reste -= pas) {
+        for (auto reste = limite; reste.count() > 0 && (interrompu == 0 || coupee); reste -= pas) {
             pollfd attendue{prise, short((lit ? POLLIN : 0) | (ecrit ? POLLOUT : 0)), 0};
             if (poll(&attendue, 1, int(std::min(reste, pas).count())) > 0) {
                 return true;
             }
         }
+        coupee = coupee || interrompu != 0;
         return false;
     });
 }
@@ -46,6 +49,9 @@ class Terminal {
     bool montre(const QString &etape, qint64 fait, qint64 total) {
         constexpr qint64 entreDeux = 100; // ms
         constexpr qint64 pourCent = 100;
+        if (etape.isEmpty()) {
+            return interrompu == 0;
+        }
         const bool nouvelle = std::exchange(m_etape, etape) != etape;
         if (nouvelle && !m_vivant) {
             QTextStream(stderr) << etape << '\n';

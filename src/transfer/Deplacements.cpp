@@ -47,7 +47,9 @@ struct Deplacements::Demande {
 };
 
 /// Gives what `operation` tells; whatever it fails of leaves the practice where it is.
-FinDeplacement Deplacements::essaie(const std::function<QString(Demande &)> &operation) const {
+FinDeplacement Deplacements::essaie(const Avancement &avance,
+                                    const std::function<QString(Demande &)> &operation) const {
+    const QString interrompu = QStringLiteral("Le déplacement est interrompu.");
     QString ancien = m_env.CheminBases;
     try {
         Database chemin = Database::open(m_env.CheminDesChemins);
@@ -58,16 +60,18 @@ FinDeplacement Deplacements::essaie(const std::function<QString(Demande &)> &ope
         demande.bilan.ancien = ancien;
         return {true, operation(demande)};
     } catch (const DbError &erreur) {
-        return {false, TexteEchec(erreur.message(), ancien)};
+        // a wait that was ended looks like a line that was cut
+        const bool arrete = avance && !avance({}, 0, 0);
+        return {false, TexteEchec(arrete ? interrompu : erreur.message(), ancien)};
     } catch (const Refus &refus) {
         return {false, TexteEchec(refus.phrase, ancien)};
     } catch (const DeplacementArrete &) {
-        return {false, TexteEchec(QStringLiteral("Le déplacement est interrompu."), ancien)};
+        return {false, TexteEchec(interrompu, ancien)};
     }
 }
 
 FinDeplacement Deplacements::versServeur(const QString &url, const Avancement &avance) const {
-    return essaie([&](Demande &demande) {
+    return essaie(avance, [&](Demande &demande) {
         if (StoredPaths::isPath(url)) {
             throw Refus{
                 QStringLiteral("« %1 » n'est pas l'emplacement d'un serveur (postgresql://…).").arg(url)};
@@ -85,7 +89,7 @@ FinDeplacement Deplacements::versServeur(const QString &url, const Avancement &a
 }
 
 FinDeplacement Deplacements::versFichiers(const QString &dossier, const Avancement &avance) const {
-    return essaie([&](Demande &demande) {
+    return essaie(avance, [&](Demande &demande) {
         if (StoredPaths::isPath(demande.lus.CheminBase)) {
             throw Refus{QStringLiteral("Le carnet est déjà dans un dossier.")};
         }
@@ -180,7 +184,7 @@ void Deplacements::bascule(const Demande &demande) const {
 }
 
 FinDeplacement Deplacements::rejointServeur(const QString &url) const {
-    return essaie([&](Demande &demande) {
+    return essaie({}, [&](Demande &demande) {
         if (StoredPaths::isPath(url)) {
             throw Refus{
                 QStringLiteral("« %1 » n'est pas l'emplacement d'un serveur (postgresql://…).").arg(url)};

@@ -26,7 +26,7 @@ class Deplacements {
 
   private:
     struct Demande;
-    FinDeplacement essaie(const std::function<QString(Demande &)> &operation) const;
+    FinDeplacement essaie(const Avancement &avance, const std::function<QString(Demande &)> &operation) const;
     QString deplace(Demande &demande, TableStore &source, TableStore &cible, const Avancement &avance) const;
     void copieDocuments(Demande &demande, const QStringList &noms) const;
     void bascule(const Demande &demande) const;

@@ -13,7 +13,7 @@ using namespace std::chrono_literals;
 
 /// A line that is cut is found sooner, by the line itself.
 constexpr std::chrono::milliseconds patience = 60s;
-constexpr qsizetype piece = 64 * 1024;
+constexpr qsizetype piece = 65536;
 
 /// Stands behind the file's name in the comment of a schema that no practice works with yet.
 const QString copyMark = QStringLiteral(", copie");
@@ -95,9 +95,10 @@ bool isInUse(const QString &url, const QString &file) {
     return PostgresStore(url, {file}).isInUse();
 }
 
-PostgresStore::PostgresStore(const QString &url, const QStringList &files) : m_url(url), m_files(files) {
+PostgresStore::PostgresStore(QString url, QStringList files)
+    : m_url(std::move(url)), m_files(std::move(files)) {
     PostgresFailure failure;
-    m_line = PostgresConnection::connect(ServerLocation::of(url), failure);
+    m_line = PostgresConnection::connect(ServerLocation::of(m_url), failure);
     if (!m_line) {
         fail(failure);
     }

@@ -6,7 +6,7 @@
 /// The schemas of a database, on a connection of their own and in one transaction.
 class PostgresStore : public TableStore {
   public:
-    PostgresStore(const QString &url, const QStringList &files);
+    PostgresStore(QString url, QStringList files);
 
     /// For reading: nobody writes to their tables from then on.
     void lock();
