@@ -125,8 +125,8 @@ QString Deplacements::deplace(Demande &demande, TableStore &source, TableStore &
         throw Refus{RefusInsolites(copie.refusees(), copie.nombreRefusees())};
     }
     copie.copie(cible, demande.nouveau);
-    cible.commit();
     try {
+        cible.commit(); // which may be made, and its answer lost
         const QString prepare = QStringLiteral("Préparation du carnet");
         if (!avance(prepare, 0, 0)) {
             throw DeplacementArrete();

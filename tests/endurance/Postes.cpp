@@ -73,7 +73,7 @@ class Poste {
     }
 
     void travaille(Horloge::time_point fin, bool presse) {
-        auto regard = Horloge::now() + hasard(presse ? 0ms : 0ms, presse ? 0ms : 3s);
+        auto regard = Horloge::now() + hasard(0ms, presse ? 0ms : 3s);
         auto reservation = Horloge::now() + hasard(0ms, presse ? 0ms : 120s);
         while (std::min(regard, reservation) < fin) {
             const bool reserve = reservation < regard;
@@ -104,7 +104,7 @@ class Poste {
         }
     }
     void regarde(Database &carnet) {
-        const QDate jour = debut.addDays(7 * std::uniform_int_distribution(-10, 10)(m_hasard));
+        const QDate jour = debut.addDays(qint64{7} * std::uniform_int_distribution(-10, 10)(m_hasard));
         LitAffichage(carnet, {.PraticienCourant = QStringLiteral("0%1").arg(m_praticien), .jour = jour},
                      QDateTime(debut, QTime(9, 0)));
     }
@@ -146,6 +146,7 @@ int main(int argc, char **argv) {
     Releve releve;
     const auto fin = Horloge::now() + std::chrono::seconds(secondes);
     std::vector<std::jthread> postes;
+    postes.reserve(size_t(combien) + 1);
     for (int i = 0; i < combien + (argc > 4 ? 1 : 0); ++i) {
         postes.emplace_back([&, i] { Poste(lieu, i, releve).travaille(fin, i == combien); });
     }

@@ -173,7 +173,7 @@ TEST_F(DeplacementTest, SaysWhyItDoesNotGoThere) {
     }
     EXPECT_FALSE(deplacements().versFichiers(cabinet.dossier() + q("/X"), sansArret).fait);
     EXPECT_FALSE(deplacements().rejointServeur(serveur->url()).fait) << "no practice is there";
-    serveur->demande("create schema tavelin; comment on schema tavelin is 'Tavelin.mdb, copie'");
+    serveur->demande("create schema tavelin; comment on schema tavelin is 'Tavelin.mdb, copie d''un autre'");
     EXPECT_TRUE(
         deplacements().versServeur(serveur->url(), sansArret).texte.contains(q("déplacement inachevé")));
     EXPECT_TRUE(deplacements().rejointServeur(serveur->url()).texte.contains(q("n'est pas terminé")));
@@ -206,10 +206,13 @@ TEST_F(DeplacementTest, AStopAtAnyMomentLeavesTheOldPracticeInUse) {
         EXPECT_FALSE(fin.fait && !coupe) << arret;
         if (!fin.fait) {
             EXPECT_EQ(schemas() + cheminBase(), q("0") + ancien) << arret << fin.texte;
-        } else { // the line was cut once it was not needed any more
-            EXPECT_GE(arret, pas) << fin.texte;
+        } else { // the line was cut once all was copied
+            EXPECT_GE(arret, pas - 1) << fin.texte;
+            EXPECT_TRUE(deplacements().rejointServeur(serveur->url()).fait) << "the copy is in use";
+            return;
         }
     }
+    ADD_FAILURE() << "nothing came to its end";
 }
 
 TEST_F(DeplacementTest, OfTwoThatMoveToOneDatabaseOneDoes) {

@@ -5,6 +5,7 @@
 #include "platform/db/SqlDialect.h"
 #include "platform/db/SqlTokens.h"
 
+#include <QUuid>
 #include <libpq-fe.h>
 
 namespace {
@@ -15,8 +16,9 @@ using namespace std::chrono_literals;
 constexpr std::chrono::milliseconds patience = 60s;
 constexpr qsizetype piece = 65536;
 
-/// Stands behind the file's name in the comment of a schema that no practice works with yet.
-const QString copyMark = QStringLiteral(", copie");
+/// Stands behind the file's name in the comment of a schema that no practice works with yet; whose copy it is
+/// comes after it.
+const QString copyMark = QStringLiteral(", copie ");
 
 /// Fields of tables, with the spelling that they had before they were moved. The engine's own are left out.
 constexpr const char *fieldsOfSchemas = R"(
@@ -96,7 +98,12 @@ bool isInUse(const QString &url, const QString &file) {
 }
 
 PostgresStore::PostgresStore(QString url, QStringList files)
-    : m_url(std::move(url)), m_files(std::move(files)) {
+    : m_url(std::move(url)), m_files(std::move(files)),
+      m_mark(copyMark + QUuid::createUuid().toString(QUuid::WithoutBraces)) {
+    connect();
+}
+
+void PostgresStore::connect() {
     PostgresFailure failure;
     m_line = PostgresConnection::connect(ServerLocation::of(m_url), failure);
     if (!m_line) {
@@ -154,7 +161,7 @@ bool PostgresStore::isInUse() {
     if (PQntuples(results.back().get()) == 0) {
         throw DbError(DbError::Kind::Missing, m_url, schemaOf(m_files.first()));
     }
-    return !field(results.back().get(), 0, 0).endsWith(copyMark);
+    return !field(results.back().get(), 0, 0).contains(copyMark);
 }
 
 std::vector<TableShape> PostgresStore::tables() {
@@ -271,7 +278,7 @@ void PostgresStore::beginRows(const TableShape &table) {
     QString sql;
     if (!m_made.contains(table.database)) {
         sql = QStringLiteral("CREATE SCHEMA %1; COMMENT ON SCHEMA %1 IS %2;")
-                  .arg(schema, quotedText(table.database + copyMark));
+                  .arg(schema, quotedText(table.database + m_mark));
         m_made << table.database;
     }
     QStringList definitions;
@@ -330,28 +337,46 @@ void PostgresStore::commit() {
     send(QStringLiteral("ANALYZE %1; COMMIT").arg(schemas.join(u',')));
 }
 
+/// The line may have gone with what it was asked last. Whoever comes after waits for the end of that.
+void PostgresStore::beginAgain() {
+    const QString begin =
+        QStringLiteral("BEGIN; SELECT pg_advisory_xact_lock(hashtextextended('dialecte', 0))");
+    try {
+        send(begin);
+    } catch (const DbError &error) {
+        if (error.kind() != DbError::Kind::Unreachable) {
+            throw;
+        }
+        connect();
+        send(begin);
+    }
+}
+
 void PostgresStore::declareInUse() {
+    beginAgain();
     QString sql;
     for (const QString &file : std::as_const(m_made)) {
         sql += QStringLiteral("COMMENT ON SCHEMA %1 IS %2;")
                    .arg(SqlDialect::postgresName(schemaOf(file)), quotedText(file));
     }
-    send(sql);
+    send(sql + QStringLiteral("COMMIT"));
 }
 
+/// Only what bears this store's own mark: another desk may have moved its practice here since.
 bool PostgresStore::discard() noexcept {
     try {
-        QStringList schemas;
-        for (const QString &file : std::as_const(m_made)) {
-            schemas << SqlDialect::postgresName(schemaOf(file));
+        beginAgain();
+        const auto found = send(QStringLiteral("SELECT nspname FROM pg_namespace WHERE "
+                                               "obj_description(oid, 'pg_namespace') LIKE %1")
+                                    .arg(quotedText(u'%' + m_mark)));
+        QString sql;
+        for (int row = 0; row < PQntuples(found.back().get()); ++row) {
+            sql += QStringLiteral("DROP SCHEMA %1 CASCADE;")
+                       .arg(SqlDialect::postgresName(field(found.back().get(), row, 0)));
         }
-        PostgresFailure failure;
-        m_line = m_line->isAlive() ? m_line : PostgresConnection::connect(ServerLocation::of(m_url), failure);
-        if (m_line && !schemas.isEmpty()) {
-            send(QStringLiteral("DROP SCHEMA %1 CASCADE").arg(schemas.join(u',')));
-            return true;
-        }
+        send(sql + QStringLiteral("COMMIT"));
+        return true;
     } catch (const DbError &) { // what happened before is what the user is told
+        return false;
     }
-    return false;
 }

@@ -26,6 +26,8 @@ class PostgresStore : public TableStore {
     bool discard() noexcept override;
 
   private:
+    void connect();
+    void beginAgain();
     std::vector<PostgresResult> send(const QString &sql);
     void refuseExisting(const QString &schema);
     void flush();
@@ -36,6 +38,7 @@ class PostgresStore : public TableStore {
     QString m_url;
     QStringList m_files;
     std::shared_ptr<PostgresConnection> m_line;
+    QString m_mark;
     QStringList m_made; ///< files whose schemas this store has made
     TableShape m_filled;
     QByteArray m_rows; ///< of it, not sent yet
