@@ -7,6 +7,7 @@
 #include "journal/JournalTables.h"
 #include "start/Demarrage.h"
 #include "start/MiseANiveauTables.h"
+#include "transfer/Deplacements.h"
 
 #include <QCoreApplication>
 #include <QProcess>
@@ -62,6 +63,44 @@ void copie(Database &source, const QString &ou, const char *table, const SqlText
     const QByteArray suite =
         "SELECT setval(pg_get_serial_sequence('tavelin.rdv', 'refrdv'), max(refrdv)) FROM tavelin.rdv";
     PQclear(PQexec(serveur.get(), suite.constData()));
+}
+
+void surLeServeur(const char *sql) {
+    const std::unique_ptr<PGconn, decltype(&PQfinish)> serveur(PQconnectdb(url().toUtf8()), PQfinish);
+    const std::unique_ptr<PGresult, decltype(&PQclear)> fin(PQexec(serveur.get(), sql), PQclear);
+    if (PQresultStatus(fin.get()) != PGRES_COMMAND_OK) {
+        throw MesureImpossible(QString::fromUtf8(PQerrorMessage(serveur.get())));
+    }
+}
+
+/// The whole current practice, each time into an empty database: copied, compared and upgraded.
+double deplace(benchmark::UserCounters &chiffres) {
+    const QString chemin = dossierBench().filePath(QStringLiteral("CheminADeplacer.mdb"));
+    QFile::remove(chemin);
+    if (!QFile::copy(livreCourant(), chemin)) {
+        throw MesureImpossible(QStringLiteral("%1 ne peut pas être écrit").arg(chemin));
+    }
+    surLeServeur("DROP DATABASE IF EXISTS vers_serveur WITH (FORCE)");
+    surLeServeur("CREATE DATABASE vers_serveur TEMPLATE template0");
+    const Environnement env = environnement(chemin);
+    const auto debut = std::chrono::steady_clock::now();
+    const Avancement avance = [&](const QString &etape, qint64, qint64) {
+        const std::chrono::duration<double, std::milli> depuis = std::chrono::steady_clock::now() - debut;
+        if (!etape.startsWith(u'P')) { // "Préparation": the upgrade
+            chiffres["ms, copie et comparaison"] = depuis.count();
+        }
+        return true;
+    };
+    FinDeplacement fin;
+    const double duree = millisecondes([&] {
+        fin = Deplacements(env, MetANiveauDeplace)
+                  .versServeur(url().replace(QStringLiteral("/postgres?"), QStringLiteral("/vers_serveur?")),
+                               avance);
+    });
+    if (!fin.fait) {
+        throw MesureImpossible(fin.texte);
+    }
+    return duree;
 }
 
 /// The path database of the current book on the server, which the suite's files have not moved to.
@@ -174,5 +213,9 @@ Paire demarrage() {
 std::vector<Mesure> mesuresServeur() {
     return {{.nom = "semaine_serveur", .repetitions = 201, .prepare = semaine, .rapportMax = 2},
             {.nom = "ajout_serveur", .repetitions = 61, .prepare = ajout, .rapportMax = 1},
-            {.nom = "demarrage_serveur", .repetitions = 21, .prepare = demarrage, .ecartMax = 60}};
+            {.nom = "demarrage_serveur", .repetitions = 21, .prepare = demarrage, .ecartMax = 60},
+            {.nom = "vers_serveur",
+             .repetitions = 3,
+             .prepare = [] { return Paire{deplace}; },
+             .valeurMax = 15'000}};
 }

@@ -39,6 +39,7 @@ struct Environnement {
     /// How often a book in a file is looked at for what others have written; 0: never.
     std::chrono::milliseconds rythme{1500};
 
+    QString CheminDesChemins;   ///< the path database: a real file
     QString CheminRacine;       ///< documents and pictures, as stored; a folder always
     QString CheminFichiers;     ///< templates of documents, and archives; a folder always
     QString CheminBases;        ///< the databases: a folder, or the place that a server gives them

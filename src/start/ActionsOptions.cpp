@@ -8,6 +8,8 @@
 #include "start/CarnetMontre.h"
 #include "start/FrmQuit.h"
 #include "start/MenusPraticien.h"
+#include "start/MiseANiveauTables.h"
+#include "transfer/FrmDeplacer.h"
 
 ActionsOptions::ActionsOptions(const Environnement &env, CarnetMontre &carnet, const MenusPraticien &menus,
                                QWidget &fenetre)
@@ -59,5 +61,11 @@ void ActionsOptions::mnuPurger_Click() {
     m_fenetre.activateWindow(); // a message and its window have closed together
     if (fenetre.deplaces() > 0) {
         m_carnet.relit();
+    }
+}
+
+void ActionsOptions::mnuDeplacer_Click() {
+    if (FrmDeplacer(m_env, MetANiveauDeplace, &m_fenetre).exec() == QDialog::Accepted) {
+        quitte();
     }
 }

@@ -22,6 +22,7 @@ class ActionsOptions : public QObject {
     void mnuSauver_Click();
     void menuSuppConfig_Click();
     void mnuPurger_Click();
+    void mnuDeplacer_Click();
 
   private:
     void quitte();

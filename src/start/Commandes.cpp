@@ -34,6 +34,7 @@ void Commandes::dessine(const CarnetMontre &carnet) {
     }
     m_ui.mnuReporter->setEnabled(false);
     m_ui.mnuPurger->setEnabled(ecrit && avecConfig);
+    m_ui.mnuDeplacer->setEnabled(ecrit);
     m_ui.mnuSauver->setEnabled(ecrit);
     m_ui.menuSuppConfig->setEnabled(ecrit);
     m_ui.mnuAjouter->setEnabled(ecrit && !surRDV && carnet.affichage().aFauteuil(selection.grille));

@@ -48,10 +48,14 @@ bool metBaseANiveau(const Environnement &env, Depart &depart) {
     QString sansJournal;
     const bool lue = etape(env, depart, [&] {
         Database carnet = env.ouvreCarnet();
+        const bool estANiveau = EstANiveau(carnet);
+        if (const QString raison = carnet.whyReadOnly(); estANiveau && !raison.isEmpty()) {
+            *env.lectureSeule = raison;
+            return;
+        }
         // a damaged book is not written into
-        erreur = EstANiveau(carnet) && JournalEstPret(carnet) && ReplacerEstPret(carnet)
-                     ? QString()
-                     : checkBook(carnet.path());
+        erreur = estANiveau && JournalEstPret(carnet) && ReplacerEstPret(carnet) ? QString()
+                                                                                 : checkBook(carnet.path());
         if (erreur.isEmpty()) {
             bilan = MetANiveau(carnet);
             erreur = bilan.erreur;
@@ -129,6 +133,7 @@ QString LitEmplacements(Environnement &env, const QString &fichier) {
         return QStringLiteral("Le fichier « %1 » n'indique pas le dossier des données du cabinet.")
             .arg(fichier);
     }
+    env.CheminDesChemins = fichier;
     env.prendEmplacements(*lus, QFileInfo(fichier).absolutePath());
     return {};
 }

@@ -131,6 +131,7 @@ void FrmEntree::relieMenus() {
     relieA(m_options, ui->mnuSauver, &ActionsOptions::mnuSauver_Click);
     relieA(m_options, ui->menuSuppConfig, &ActionsOptions::menuSuppConfig_Click);
     relieA(m_options, ui->mnuPurger, &ActionsOptions::mnuPurger_Click);
+    relieA(m_options, ui->mnuDeplacer, &ActionsOptions::mnuDeplacer_Click);
     relie(ui->mnuTouches, &FrmEntree::mnuTouches_Click);
     relie(ui->mnuRubrique, &FrmEntree::mnuTouches_Click);
     relie(ui->mnuAPropos, &FrmEntree::mnuAPropos_Click);

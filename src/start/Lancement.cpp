@@ -8,6 +8,7 @@
 #include "practice/AttenteVivante.h"
 #include "start/Demarrage.h"
 #include "start/FrmEntree.h"
+#include "start/LancementDeplacement.h"
 #include "start/Options.h"
 
 #include <QApplication>
@@ -73,8 +74,16 @@ Ouverture litSansAttendre(Environnement env, const QString &chemin) {
 }
 
 /// A comfortable size, or the whole of a smaller screen.
-void montre(QWidget &fenetre) {
+void montre(QWidget &fenetre, const QString &moitie) {
     constexpr QSize confortable(1280, 940);
+    if (!moitie.isEmpty()) {
+        QRect place = fenetre.screen()->availableGeometry();
+        place.setWidth(place.width() / 2);
+        place.moveLeft(place.left() + (moitie == u"droite" ? place.width() : 0));
+        fenetre.setGeometry(place);
+        fenetre.show();
+        return;
+    }
     const QSize taille = confortable.boundedTo(fenetre.screen()->availableSize());
     fenetre.resize(taille);
     taille == confortable ? fenetre.show() : fenetre.showMaximized();
@@ -130,7 +139,7 @@ int ouvreFenetre(Environnement &env, const Ouverture &ouverture, const Options &
     } else {
         FrmEntree.Form_Load();
     }
-    montre(FrmEntree);
+    montre(FrmEntree, options.moitie);
     if (!options.capture.isEmpty()) {
         QTimer::singleShot(0, &FrmEntree, [&] { ecritImageEtQuitte(FrmEntree, options.capture); });
     }
@@ -156,6 +165,9 @@ int Lance(int argc, char **argv) {
     if (!erreur.isEmpty()) {
         QTextStream(stderr) << "tavelin : " << erreur << "\n(tavelin --help donne les options)\n";
         return codeLigneRefusee;
+    }
+    if (EstDeplacement(options)) {
+        return LanceDeplacement(env, options);
     }
     qputenv("QT_XCB_GL_INTEGRATION", "none"); // nothing here draws with OpenGL, whose libraries load slowly
     // while the window system answers

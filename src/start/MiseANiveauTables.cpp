@@ -3,6 +3,7 @@
 #include "grid/RendezVousTables.h"
 #include "platform/db/DbError.h"
 #include "search/RechercheTables.h"
+#include "start/Chevauchements.h"
 
 namespace {
 
@@ -126,4 +127,12 @@ MiseANiveau MetANiveau(Database &base) {
     }
     transaction.commit();
     return bilan;
+}
+
+QString MetANiveauDeplace(Database &base) {
+    const MiseANiveau bilan = MetANiveau(base);
+    if (!bilan.erreur.isEmpty()) {
+        throw DbError(DbError::Kind::Other, base.path(), bilan.erreur);
+    }
+    return TexteChevauchements(bilan.chevauchements, bilan.premiers);
 }

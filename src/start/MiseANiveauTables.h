@@ -23,3 +23,5 @@ struct MiseANiveau {
 /// place where several may write at once, and what tells other workstations. An up-to-date one is only looked
 /// at. Throws DbError for every failure but that in `erreur`.
 MiseANiveau MetANiveau(Database &base);
+/// The same for a book that has just been made: a failure is a DbError, and what is to be told comes back.
+QString MetANiveauDeplace(Database &base);

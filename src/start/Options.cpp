@@ -30,8 +30,13 @@ Options LitOptions(const QStringList &arguments) {
     const QCommandLineOption aide(
         QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
     const QCommandLineOption verrou(QStringLiteral("essaie-verrou"), {}, QStringLiteral("FICHIER"));
+    const QCommandLineOption versServeur(QStringLiteral("vers-serveur"), {}, QStringLiteral("ADRESSE"));
+    const QCommandLineOption versFichiers(QStringLiteral("vers-fichiers"), {}, QStringLiteral("DOSSIER"));
+    const QCommandLineOption rejoint(QStringLiteral("rejoint-serveur"), {}, QStringLiteral("ADRESSE"));
+    const QCommandLineOption moitie(QStringLiteral("moitie"), {}, QStringLiteral("COTE"));
     QCommandLineParser ligne;
-    ligne.addOptions({chemin, lecteur, maintenant, capture, verrou, aide});
+    ligne.addOptions(
+        {chemin, lecteur, maintenant, capture, versServeur, versFichiers, rejoint, moitie, verrou, aide});
 
     Options options;
     const bool comprise = ligne.parse(arguments);
@@ -49,6 +54,10 @@ Options LitOptions(const QStringList &arguments) {
         ligne.isSet(lecteur) ? ligne.values(lecteur).join(u';') : qEnvironmentVariable("TAVELIN_LECTEURS");
     options.capture = ligne.value(capture);
     options.verrou = ligne.value(verrou);
+    options.versServeur = ligne.value(versServeur);
+    options.versFichiers = ligne.value(versFichiers);
+    options.rejoint = ligne.value(rejoint);
+    options.moitie = ligne.value(moitie);
     if (ligne.isSet(maintenant)) {
         options.maintenant = QDateTime::fromString(ligne.value(maintenant), Qt::ISODate);
         const QDate jour = options.maintenant.date();
@@ -71,5 +80,9 @@ QString AideOptions() {
         "                        sinon la variable TAVELIN_LECTEURS (D=DOSSIER;E=DOSSIER)\n"
         "  --maintenant INSTANT  l'horloge du carnet part de cet instant (2026-03-11T10:05)\n"
         "  --capture FICHIER     écrit l'image de la fenêtre principale (PNG) puis quitte\n"
+        "  --moitie COTE         la fenêtre prend la moitié « gauche » ou « droite » de l'écran\n"
+        "  --vers-serveur ADRESSE   déplace le cabinet vers un serveur (postgresql://…) puis quitte\n"
+        "  --vers-fichiers DOSSIER  le ramène dans un dossier puis quitte\n"
+        "  --rejoint-serveur ADRESSE  ce poste se servira d'un cabinet déplacé par un autre\n"
         "  -h, --help, --aide    affiche cette aide\n");
 }

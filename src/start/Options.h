@@ -10,6 +10,11 @@ struct Options {
     QDateTime maintenant; ///< where the clock starts; invalid: the machine's
     QString capture;      ///< picture to write before quitting; empty: run on
     QString verrou; ///< the program is the second process of a test of this file's locks; empty: it is not
+    QString versServeur;  ///< where to move the practice; empty: nowhere
+    QString versFichiers; ///< the same, back
+    QString rejoint;      ///< whose practice this desk is to use from now on
+    QString
+        moitie; ///< the half of the screen that the window takes, "gauche" or "droite"; empty: its own size
     bool aide = false;
     QString erreur; ///< why the line is refused, in French; empty when it is not
 };

@@ -2,7 +2,7 @@
 # A file is rules, tables or windows by the tavelin_library() that lists it, a header without a source by its name.
 
 BEGIN {
-    core = "^([a-z0-9_]+|Q(ByteArray|CommandLineParser|Date|DateTime|Dir|File|FileInfo|Hash|Json(Document|Object)|List|Locale|Map|Rect|"
+    core = "^([a-z0-9_]+|Q(ByteArray|CommandLineParser|CryptographicHash|Date|DateTime|Dir|File|FileInfo|Hash|Json(Document|Object)|List|Locale|Map|Rect|"
     core = core "RegularExpression|Set|StandardPaths|String.*|Time|Variant|tGlobal))$"
 }
 

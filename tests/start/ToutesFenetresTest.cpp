@@ -21,7 +21,9 @@
 #include "start/FrmAPropos.h"
 #include "start/FrmQuit.h"
 #include "start/FrmTouches.h"
+#include "start/MiseANiveauTables.h"
 #include "support/Fenetre.h"
+#include "transfer/FrmDeplacer.h"
 
 #include <QAccessible>
 #include <QGroupBox>
@@ -64,6 +66,7 @@ class ToutesFenetres : public testing::Test, public Fenetre {
         ouvre<SuppConfig>(env, 1L);
         ouvre<FrmMois>(env, place.jour, FrmMois::Foyer::Date);
         ouvre<FrmPurger>(env, 1L, q("docteur UN"));
+        ouvre<FrmDeplacer>(env, MetANiveauDeplace);
         ouvre<FrmNouveauPatient>(env);
         ouvre<FrmRDVlibre>(env, q("01"), config);
         ouvre<FrmRecherche>(env, q("ROUX"), q("Zoé"));
@@ -220,8 +223,10 @@ TEST_F(ToutesFenetres, TabFollowsTheEye) {
 }
 
 TEST_F(ToutesFenetres, EnterLosesNothing) {
-    for (const auto &[quoi, voulu] :
-         {std::pair("FrmSupprimer", "BtnAnnuler"), {"FrmPurger", "BtnAnnuler"}, {"SuppConfig", ""}}) {
+    for (const auto &[quoi, voulu] : {std::pair("FrmSupprimer", "BtnAnnuler"),
+                                      {"FrmPurger", "BtnAnnuler"},
+                                      {"FrmDeplacer", "BtnAnnuler"},
+                                      {"SuppConfig", ""}}) {
         const auto dialogue = std::ranges::find(fenetres, q(quoi), &QObject::objectName);
         ASSERT_NE(dialogue, fenetres.end());
         QStringList defauts;

@@ -114,6 +114,10 @@ QString placeLabel(const QString &location) {
     return ServerLocation::isOne(location) ? ServerLocation::of(location).label() : QString();
 }
 
+QString Database::whyReadOnly() {
+    return m_engine->whyReadOnly();
+}
+
 QString checkBook(const QString &path, const std::stop_token &stop) {
     if (ServerLocation::isOne(path)) { // who keeps the server checks what it keeps
         return {};

@@ -52,6 +52,8 @@ class Database {
     /// Whether the transaction that a DbError of the kind UnknownOutcome named was committed after all. Once
     /// the answer is no, it stays no.
     bool wasWritten(const QString &writing);
+    /// Why this user may read what a server keeps, but not write, as a French sentence; else empty.
+    QString whyReadOnly();
     const QString &path() const { return m_path; }
 
   private:

@@ -41,6 +41,9 @@ class Engine {
     /// as soon as another workstation writes, so as not to hold it up.
     virtual bool isIntact(const std::stop_token &stop) = 0;
 
+    /// Why this user may read but not write, as a French sentence; empty where he may, or where that is not
+    /// the user's affair.
+    virtual QString whyReadOnly() { return {}; }
     virtual bool hasTable(const QString &table) = 0;
     virtual bool isUpdatable(const QString &table) = 0;
     virtual bool isKey(const QString &table, const QString &field) = 0;

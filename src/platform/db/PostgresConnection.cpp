@@ -25,12 +25,12 @@ bool failed(const pg_result *result) {
     }
 }
 
+} // namespace
+
 PostgresFailure failureOf(const pg_result *result) {
     const QByteArray position = PQresultErrorField(result, PG_DIAG_STATEMENT_POSITION);
     return {PQresultErrorField(result, PG_DIAG_SQLSTATE), PQresultErrorMessage(result), position.toInt()};
 }
-
-} // namespace
 
 void ForgetsResult::operator()(pg_result *result) const {
     PQclear(result);

@@ -5,6 +5,7 @@
 #include <QByteArray>
 #include <QDeadlineTimer>
 #include <QStringList>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <vector>
@@ -25,6 +26,8 @@ struct PostgresFailure {
     bool lost = false; ///< the connection is gone: nobody knows what became of what was sent
 };
 
+PostgresFailure failureOf(const pg_result *result);
+
 /// What one statement after the other gave, up to the first that failed.
 struct PostgresAnswer {
     std::vector<PostgresResult> results;
@@ -43,6 +46,15 @@ class PostgresConnection {
     /// Sends statements parted by ";" and waits for all of them: one round trip. A server that says nothing
     /// for `limit` counts as lost. Refused while it waits already.
     PostgresAnswer run(const QByteArray &sql, std::chrono::milliseconds limit);
+    /// "COPY … FROM STDIN" sends rows from then on, in the server's own text, until endCopy().
+    std::optional<PostgresFailure> beginCopy(const QByteArray &sql, std::chrono::milliseconds limit);
+    std::optional<PostgresFailure> copy(const QByteArray &bytes, std::chrono::milliseconds limit);
+    std::optional<PostgresFailure> endCopy(std::chrono::milliseconds limit);
+    /// "COPY … TO STDOUT" shows each row, without its line break. A visitor that throws leaves the connection
+    /// of no use.
+    std::optional<PostgresFailure> copyOut(const QByteArray &sql,
+                                           const std::function<void(const QByteArray &)> &visit,
+                                           std::chrono::milliseconds limit);
     /// Whether the line still stands, as far as can be seen without asking the server.
     bool isAlive();
 
@@ -61,6 +73,8 @@ class PostgresConnection {
     explicit PostgresConnection(pg_conn *connection) : m_connection(connection) {}
     bool flush(const QDeadlineTimer &limit);
     bool hasAnswer(const QDeadlineTimer &limit);
+    std::optional<PostgresFailure> starts(const QByteArray &sql, int expected,
+                                          std::chrono::milliseconds limit);
     void collect(PostgresAnswer &answer, const QDeadlineTimer &limit);
     PostgresFailure lost(const QByteArray &why = {});
 

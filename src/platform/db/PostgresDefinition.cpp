@@ -29,10 +29,6 @@ QString typeName(FieldType type) {
     return QStringLiteral("text COLLATE \"C\"");
 }
 
-QString definition(const FieldDef &field) {
-    return SqlDialect::postgresName(field.name) + u' ' + typeName(field.type);
-}
-
 /// The terms of a list, commas inside parentheses apart.
 QStringList termsOf(const QString &list) {
     QStringList terms(QString{});
@@ -62,6 +58,10 @@ QString marking(const QString &table, const QString &key, const QString &same, c
 }
 
 } // namespace
+
+QString postgresDefinition(const FieldDef &field) {
+    return SqlDialect::postgresName(field.name) + u' ' + typeName(field.type);
+}
 
 std::unique_ptr<PostgresEngine> PostgresEngine::create(const QString &location) {
     std::unique_ptr<PostgresEngine> engine(new PostgresEngine(location, std::chrono::seconds(5)));
@@ -174,7 +174,7 @@ void PostgresEngine::createTable(const QString &table, const std::vector<FieldDe
     QStringList definitions;
     bool hasKey = false;
     for (const FieldDef &field : fields) {
-        definitions << definition(field);
+        definitions << postgresDefinition(field);
         hasKey = hasKey || field.type == FieldType::AutoNumber;
     }
     if (!hasKey) {
@@ -184,7 +184,8 @@ void PostgresEngine::createTable(const QString &table, const std::vector<FieldDe
 }
 
 void PostgresEngine::appendField(const QString &table, const FieldDef &field) {
-    changesTables(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(tableName(table), definition(field)));
+    changesTables(
+        QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(tableName(table), postgresDefinition(field)));
 }
 
 void PostgresEngine::deleteField(const QString &table, const QString &field) {

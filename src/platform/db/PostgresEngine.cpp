@@ -197,12 +197,22 @@ int PostgresEngine::update(const QString &table, const QString &keyField, qint64
     return rowsTouched(send(sql).back().get());
 }
 
+QString PostgresEngine::whyReadOnly() {
+    const PostgresCatalogue &found = known(m_place.schema);
+    if (found.dialectVersion > ourDialect) {
+        return QStringLiteral(
+            "Ce poste a un carnet trop ancien pour y écrire : installez-y celui des autres postes.");
+    }
+    return found.isWritable
+               ? QString()
+               : QStringLiteral("Cet utilisateur n'a que le droit de lire le carnet, ou le serveur est "
+                                "une copie de secours.");
+}
+
 void PostgresEngine::refuseIfReadOnly() {
     const PostgresCatalogue found = known(m_place.schema);
     if (found.dialectVersion > ourDialect) {
-        throw DbError(DbError::Kind::ReadOnly, m_location,
-                      QStringLiteral("Ce poste a un carnet trop ancien pour y écrire : installez-y celui des "
-                                     "autres postes."));
+        throw DbError(DbError::Kind::ReadOnly, m_location, whyReadOnly());
     }
     if (!found.isWritable) {
         throw DbError(DbError::Kind::ReadOnly, m_location);

@@ -27,6 +27,7 @@ class PostgresEngine : public Engine {
     void rollback() noexcept override;
     bool wasWritten(const QString &writing) override;
     bool isIntact(const std::stop_token &stop) override;
+    QString whyReadOnly() override;
     bool hasTable(const QString &table) override;
     bool isUpdatable(const QString &table) override;
     bool isKey(const QString &table, const QString &field) override;

@@ -68,6 +68,10 @@ Oid PQftype(const PGresult *res, int field_num) {
     return passOn<PQftype>("PQftype", res, field_num);
 }
 
+int PQgetCopyData(PGconn *conn, char **buffer, int async) {
+    return passOn<PQgetCopyData>("PQgetCopyData", conn, buffer, async);
+}
+
 PGresult *PQgetResult(PGconn *conn) {
     return passOn<PQgetResult>("PQgetResult", conn);
 }
@@ -102,6 +106,14 @@ char *PQresultErrorField(const PGresult *res, int fieldcode) {
 
 char *PQresultErrorMessage(const PGresult *res) {
     return passOn<PQresultErrorMessage>("PQresultErrorMessage", res);
+}
+
+int PQputCopyData(PGconn *conn, const char *buffer, int nbytes) {
+    return passOn<PQputCopyData>("PQputCopyData", conn, buffer, nbytes);
+}
+
+int PQputCopyEnd(PGconn *conn, const char *errormsg) {
+    return passOn<PQputCopyEnd>("PQputCopyEnd", conn, errormsg);
 }
 
 ExecStatusType PQresultStatus(const PGresult *res) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "platform/db/TableDef.h"
+
 #include <QByteArray>
 #include <QHash>
 #include <QSet>
@@ -41,3 +43,5 @@ inline const QString oldClashField = QStringLiteral("chevauche");
 /// Statements that make everything the book's SQL needs on the server, as far as it is not there. For the
 /// owner of the database; within a transaction.
 QByteArray dialectStatements();
+/// A field in a statement that makes a table.
+QString postgresDefinition(const FieldDef &field);

@@ -2,6 +2,7 @@
 
 #include "platform/db/DbError.h"
 #include "platform/db/SqlDialect.h"
+#include "platform/db/SqliteDefinition.h"
 #include "platform/db/SqliteErrors.h"
 #include "platform/db/SqliteFunctions.h"
 #include "platform/db/SqliteRow.h"
@@ -19,32 +20,9 @@ bool isMarkedReadOnly(const QString &file) {
     return !(info.permissions() & anyWriter) || !info.isWritable();
 }
 
-QString quoted(const QString &name) {
-    QString inside = name;
-    return u'"' + inside.replace(u'"', QStringLiteral("\"\"")) + u'"';
-}
-
 /// "name.Table" too.
 QString quotedTable(const QString &table) {
-    return quoted(table).replace(u'.', QStringLiteral("\".\""));
-}
-
-QString typeName(FieldType type) {
-    switch (type) {
-    case FieldType::AutoNumber:
-        return QStringLiteral("INTEGER PRIMARY KEY AUTOINCREMENT");
-    case FieldType::Boolean:
-        return QStringLiteral("INTEGER DEFAULT 0");
-    case FieldType::Int16:
-    case FieldType::Int32:
-        return QStringLiteral("INTEGER");
-    case FieldType::Double:
-        return QStringLiteral("REAL");
-    case FieldType::DateTime:
-    case FieldType::Text:
-        break;
-    }
-    return QStringLiteral("TEXT");
+    return sqliteName(table).replace(u'.', QStringLiteral("\".\""));
 }
 
 /// The engine's text for `sql`. An action sends the same few again and again: a page turned, a week
@@ -191,7 +169,7 @@ qint64 SqliteEngine::insert(const QString &table, const Fields &values) {
     QStringList names;
     QStringList places;
     for (const auto &[name, value] : values) {
-        names << quoted(name);
+        names << sqliteName(name);
         places << QStringLiteral("?");
     }
     run(QStringLiteral("INSERT INTO %1 (%2) VALUES (%3)")
@@ -203,7 +181,7 @@ qint64 SqliteEngine::insert(const QString &table, const Fields &values) {
 int SqliteEngine::update(const QString &table, const QString &keyField, qint64 key, const Fields &values) {
     QStringList assignments;
     for (const auto &[name, value] : values) {
-        assignments << quoted(name) + QStringLiteral(" = ?");
+        assignments << sqliteName(name) + QStringLiteral(" = ?");
     }
     run(QStringLiteral("UPDATE %1 SET %2 WHERE %3 = ?")
             .arg(quotedTable(table), assignments.join(u','), SqlDialect::sqlite(keyField)),
@@ -287,7 +265,7 @@ void SqliteEngine::attach(const QString &file, const QString &name) {
             throw DbError(DbError::Kind::ReadOnly, written);
         }
     }
-    const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + quoted(name)));
+    const Statement statement(prepared(QStringLiteral("ATTACH ? AS ") + sqliteName(name)));
     check(bindValue(statement, 1, Value(file)));
     if (const int code = sqlite3_step(statement); code != SQLITE_DONE) {
         throw sqliteError(code, file, QString::fromUtf8(sqlite3_errmsg(m_connection)));
@@ -299,19 +277,17 @@ void SqliteEngine::attach(const QString &file, const QString &name) {
 void SqliteEngine::createTable(const QString &table, const std::vector<FieldDef> &fields) {
     QStringList definitions;
     for (const FieldDef &field : fields) {
-        definitions << quoted(field.name) + u' ' + typeName(field.type);
+        definitions << sqliteDefinition(field);
     }
-    run(QStringLiteral("CREATE TABLE %1 (%2)").arg(quoted(table), definitions.join(u',')), {});
+    run(QStringLiteral("CREATE TABLE %1 (%2)").arg(sqliteName(table), definitions.join(u',')), {});
 }
 
 void SqliteEngine::appendField(const QString &table, const FieldDef &field) {
-    run(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2 %3")
-            .arg(quoted(table), quoted(field.name), typeName(field.type)),
-        {});
+    run(QStringLiteral("ALTER TABLE %1 ADD COLUMN %2").arg(sqliteName(table), sqliteDefinition(field)), {});
 }
 
 void SqliteEngine::deleteField(const QString &table, const QString &field) {
-    run(QStringLiteral("ALTER TABLE %1 DROP COLUMN %2").arg(quoted(table), quoted(field)), {});
+    run(QStringLiteral("ALTER TABLE %1 DROP COLUMN %2").arg(sqliteName(table), sqliteName(field)), {});
 }
 
 bool SqliteEngine::hasIndex(const QString &index) {
@@ -319,8 +295,9 @@ bool SqliteEngine::hasIndex(const QString &index) {
 }
 
 void SqliteEngine::createIndex(const QString &table, const IndexDef &index) {
-    QString sql = QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
-                      .arg(quoted(index.name), quoted(table), SqlDialect::sqlite(index.expressions.text()));
+    QString sql =
+        QStringLiteral("CREATE INDEX %1 ON %2 (%3)")
+            .arg(sqliteName(index.name), sqliteName(table), SqlDialect::sqlite(index.expressions.text()));
     if (!index.condition.text().isEmpty()) {
         sql += QStringLiteral(" WHERE ") + SqlDialect::sqlite(index.condition.text());
     }
@@ -355,7 +332,7 @@ sqlite3_stmt *SqliteEngine::prepared(const QString &nativeSql) {
 /// Without this a commit may be undone when the power fails seconds later: the journal's removal is not on
 /// the disk yet, and the next opening rolls back from it.
 void SqliteEngine::makeDurable(const QString &database) {
-    const QString pragma = QStringLiteral("PRAGMA %1.synchronous=EXTRA").arg(quoted(database));
+    const QString pragma = QStringLiteral("PRAGMA %1.synchronous=EXTRA").arg(sqliteName(database));
     check(sqlite3_exec(m_connection, pragma.toUtf8().constData(), nullptr, nullptr, nullptr));
 }
 
