@@ -20,27 +20,26 @@ QString cheminFixe() {
 #endif
 }
 
+void connaitOptions(QCommandLineParser &ligne) {
+    const std::pair<const char *, const char *> avecValeur[] = {
+        {"chemin", "FICHIER"},        {"lecteur", "D=DOSSIER"},       {"maintenant", "INSTANT"},
+        {"capture", "FICHIER"},       {"essaie-verrou", "FICHIER"},   {"vers-serveur", "ADRESSE"},
+        {"vers-fichiers", "DOSSIER"}, {"rejoint-serveur", "ADRESSE"}, {"moitie", "COTE"}};
+    for (const auto &[nom, valeur] : avecValeur) {
+        ligne.addOption({QString::fromLatin1(nom), {}, QString::fromLatin1(valeur)});
+    }
+    ligne.addOption(
+        QCommandLineOption(QStringList{QStringLiteral("aide"), QStringLiteral("h"), QStringLiteral("help")}));
+}
+
 } // namespace
 
 Options LitOptions(const QStringList &arguments) {
-    const QCommandLineOption chemin(QStringLiteral("chemin"), {}, QStringLiteral("FICHIER"));
-    const QCommandLineOption lecteur(QStringLiteral("lecteur"), {}, QStringLiteral("D=DOSSIER"));
-    const QCommandLineOption maintenant(QStringLiteral("maintenant"), {}, QStringLiteral("INSTANT"));
-    const QCommandLineOption capture(QStringLiteral("capture"), {}, QStringLiteral("FICHIER"));
-    const QCommandLineOption aide(
-        QStringList{QStringLiteral("h"), QStringLiteral("help"), QStringLiteral("aide")});
-    const QCommandLineOption verrou(QStringLiteral("essaie-verrou"), {}, QStringLiteral("FICHIER"));
-    const QCommandLineOption versServeur(QStringLiteral("vers-serveur"), {}, QStringLiteral("ADRESSE"));
-    const QCommandLineOption versFichiers(QStringLiteral("vers-fichiers"), {}, QStringLiteral("DOSSIER"));
-    const QCommandLineOption rejoint(QStringLiteral("rejoint-serveur"), {}, QStringLiteral("ADRESSE"));
-    const QCommandLineOption moitie(QStringLiteral("moitie"), {}, QStringLiteral("COTE"));
     QCommandLineParser ligne;
-    ligne.addOptions(
-        {chemin, lecteur, maintenant, capture, versServeur, versFichiers, rejoint, moitie, verrou, aide});
-
+    connaitOptions(ligne);
     Options options;
     const bool comprise = ligne.parse(arguments);
-    options.aide = ligne.isSet(aide);
+    options.aide = ligne.isSet(QStringLiteral("aide"));
     if (!comprise || !ligne.positionalArguments().isEmpty()) {
         const QStringList inconnues = ligne.unknownOptionNames() + ligne.positionalArguments();
         options.erreur =
@@ -49,21 +48,23 @@ Options LitOptions(const QStringList &arguments) {
                 : QStringLiteral("option inconnue : %1").arg(inconnues.join(QStringLiteral(", ")));
         return options;
     }
-    options.chemin = ligne.isSet(chemin) ? ligne.value(chemin) : cheminFixe();
-    options.lecteurs =
-        ligne.isSet(lecteur) ? ligne.values(lecteur).join(u';') : qEnvironmentVariable("TAVELIN_LECTEURS");
-    options.capture = ligne.value(capture);
-    options.verrou = ligne.value(verrou);
-    options.versServeur = ligne.value(versServeur);
-    options.versFichiers = ligne.value(versFichiers);
-    options.rejoint = ligne.value(rejoint);
-    options.moitie = ligne.value(moitie);
-    if (ligne.isSet(maintenant)) {
-        options.maintenant = QDateTime::fromString(ligne.value(maintenant), Qt::ISODate);
+    options.chemin =
+        ligne.isSet(QStringLiteral("chemin")) ? ligne.value(QStringLiteral("chemin")) : cheminFixe();
+    options.lecteurs = ligne.isSet(QStringLiteral("lecteur"))
+                           ? ligne.values(QStringLiteral("lecteur")).join(u';')
+                           : qEnvironmentVariable("TAVELIN_LECTEURS");
+    options.capture = ligne.value(QStringLiteral("capture"));
+    options.verrou = ligne.value(QStringLiteral("essaie-verrou"));
+    options.versServeur = ligne.value(QStringLiteral("vers-serveur"));
+    options.versFichiers = ligne.value(QStringLiteral("vers-fichiers"));
+    options.rejoint = ligne.value(QStringLiteral("rejoint-serveur"));
+    options.moitie = ligne.value(QStringLiteral("moitie"));
+    if (ligne.isSet(QStringLiteral("maintenant"))) {
+        options.maintenant = QDateTime::fromString(ligne.value(QStringLiteral("maintenant")), Qt::ISODate);
         const QDate jour = options.maintenant.date();
         if (!options.maintenant.isValid() || jour < premierJourDuCarnet || jour > dernierJourDuCarnet) {
             options.erreur = QStringLiteral("« %1 » n'est pas un instant de la forme 2026-03-11T10:05")
-                                 .arg(ligne.value(maintenant));
+                                 .arg(ligne.value(QStringLiteral("maintenant")));
         }
     }
     return options;

@@ -360,6 +360,28 @@ QString suite(const Cabinet &cabinet) {
 
 const Auteur auteur{QDateTime(mercredi, QTime(8, 0)), q("accueil"), q("lise")};
 
+/// Set aside, placed, and taken off the list.
+QStringList epingle(Database &carnet, qint64 ref) {
+    QStringList textes;
+    const auto liste = [&] {
+        for (const AReplacer &un : LitAReplacer(carnet, 1)) {
+            textes << NomReplacer(un) << AttenteReplacer(un, auteur.quand.addSecs(60))
+                   << QString::number(int(EtatDe(un)));
+        }
+    };
+    const RendezVous lu = LitRDV(carnet, ref).value_or(RendezVous());
+    textes << QString::number(MetDeCote(carnet, lu, auteur.quand));
+    liste();
+    RendezVous pose = lu;
+    pose.HeureDebut = QTime(15, 0);
+    pose.HeureFin = QTime(16, 0);
+    textes << QString::number(int(DeplaceRDV(carnet, auteur, lu, pose, 1, 1).resultat));
+    liste();
+    RetireReplacer(carnet, ref);
+    liste();
+    return textes << tous(RendezVousDuJour(carnet, pose.Date1));
+}
+
 QString ecritures(const Cabinet &cabinet) {
     Database carnet = cabinet.carnet();
     PrepareJournal(carnet);
@@ -388,24 +410,7 @@ QString ecritures(const Cabinet &cabinet) {
     lu = LitRDV(carnet, ref).value_or(RendezVous());
     textes << dit(lu) << QString::number(int(SupprimeRDV(carnet, auteur, lu).resultat))
            << QString::number(int(SupprimeRDV(carnet, auteur, lu).resultat));
-    const qint64 autre = ajoute(14);
-    MetDeCote(carnet, LitRDV(carnet, autre).value_or(RendezVous()), auteur.quand);
-    lu = LitRDV(carnet, autre).value_or(RendezVous());
-    RendezVous pose = lu;
-    pose.HeureDebut = QTime(15, 0);
-    pose.HeureFin = QTime(16, 0);
-    const auto liste = [&] {
-        for (const AReplacer &un : LitAReplacer(carnet, 1)) {
-            textes << NomReplacer(un) << AttenteReplacer(un, auteur.quand.addSecs(60))
-                   << QString::number(int(EtatDe(un)));
-        }
-    };
-    liste();
-    textes << QString::number(int(DeplaceRDV(carnet, auteur, lu, pose, 1, 1).resultat));
-    liste();
-    RetireReplacer(carnet, autre);
-    liste();
-    textes << tous(RendezVousDuJour(carnet, pose.Date1));
+    textes << epingle(carnet, ajoute(14));
     const FeuilleJour feuille = RemplitImpression(carnet, 1, 1, mercredi);
     textes << tous(feuille.sansLigne)
            << table(carnet,

@@ -37,6 +37,25 @@ void epingle(QPainterPath &chemin) {
     trait(chemin, {{8, 9.5}, {8, 14}});
 }
 
+void mois(QPainterPath &chemin) {
+    calendrier(chemin);
+    trait(chemin, {{6, 6.5}, {6, 13.5}});
+    trait(chemin, {{10, 6.5}, {10, 13.5}});
+    trait(chemin, {{2.5, 10}, {13.5, 10}});
+}
+
+void rafraichir(QPainterPath &chemin) {
+    chemin.arcMoveTo(QRectF(3, 3, 10, 10), 50);
+    chemin.arcTo(QRectF(3, 3, 10, 10), 50, 310);
+    trait(chemin, {{13, 2.5}, {13, 5.5}, {10, 5.5}});
+}
+
+void quitter(QPainterPath &chemin) {
+    trait(chemin, {{6.5, 3}, {3.5, 3}, {3.5, 13}, {6.5, 13}});
+    trait(chemin, {{7, 8}, {13.5, 8}});
+    trait(chemin, {{11, 5.5}, {13.5, 8}, {11, 10.5}});
+}
+
 /// On 16 × 16.
 QPainterPath dessin(Icone quoi) {
     QPainterPath chemin;
@@ -52,10 +71,7 @@ QPainterPath dessin(Icone quoi) {
         chemin.addEllipse(QPointF(8, 10), 1, 1);
         break;
     case Icone::Mois:
-        calendrier(chemin);
-        trait(chemin, {{6, 6.5}, {6, 13.5}});
-        trait(chemin, {{10, 6.5}, {10, 13.5}});
-        trait(chemin, {{2.5, 10}, {13.5, 10}});
+        mois(chemin);
         break;
     case Icone::Rechercher:
         chemin.addEllipse(QPointF(7, 7), 4, 4);
@@ -65,14 +81,10 @@ QPainterPath dessin(Icone quoi) {
         horloge(chemin);
         break;
     case Icone::Rafraichir:
-        chemin.arcMoveTo(QRectF(3, 3, 10, 10), 50);
-        chemin.arcTo(QRectF(3, 3, 10, 10), 50, 310);
-        trait(chemin, {{13, 2.5}, {13, 5.5}, {10, 5.5}});
+        rafraichir(chemin);
         break;
     case Icone::Quitter:
-        trait(chemin, {{6.5, 3}, {3.5, 3}, {3.5, 13}, {6.5, 13}});
-        trait(chemin, {{7, 8}, {13.5, 8}});
-        trait(chemin, {{11, 5.5}, {13.5, 8}, {11, 10.5}});
+        quitter(chemin);
         break;
     case Icone::Attention:
         chemin.addEllipse(QPointF(8, 8), 6, 6);
