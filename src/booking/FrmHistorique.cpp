@@ -201,12 +201,13 @@ void FrmHistorique::BtnRetablir_Click() {
         })) {
         return;
     }
-    if (bilan.resultat == Ecriture::Fait) {
-        emit ecrit(bilan.ecriture);
-    } else {
+    if (bilan.resultat != Ecriture::Fait) {
         m_env.messages->show(MessageRefus(NomDuGeste(choisie), true, bilan, m_actuelle, choisie.avant),
                              windowTitle());
     }
     lit();
     ui->Ecritures->setFocus();
+    if (bilan.resultat == Ecriture::Fait) {
+        emit ecrit(bilan.ecriture); // what has to be told then stands before a list that has it
+    }
 }
