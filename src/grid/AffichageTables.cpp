@@ -149,7 +149,7 @@ Affichage LitAffichage(Database &carnet, const Demande &demande, const QDateTime
         }
     }
     carnet.forEach(aussi); // where no grid is drawn
-    affichage.aReplacer = aReplacer.lus();
+    affichage.aReplacer = aReplacer.lus(carnet);
     if (!demande.VueSemaine) {
         litRemplissage(carnet, affichage);
     }

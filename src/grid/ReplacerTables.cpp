@@ -87,16 +87,21 @@ std::vector<Requete> LectureReplacer::requetes() {
     SqlText notes("Select RefRDV, Depuis, Fauteuil, Nom, Prenom, NumPatient, Jour, HeureDebut, HeureFin, "
                   "JourPose, DebutPose, FauteuilPose from TavReplacer Where NumPraticien = ");
     notes << nombre(m_praticien) << " order by RefReplacer";
-    SqlText siennes("RefRDV in (Select RefRDV from TavReplacer Where NumPraticien = ");
-    siennes << nombre(m_praticien) << ")";
-    return {{notes, note}, RequeteRDV(siennes, m_actuels)};
+    return {{notes, note}};
 }
 
-QList<AReplacer> LectureReplacer::lus() const {
+QList<AReplacer> LectureReplacer::lus(Database &carnet) const {
     QList<AReplacer> tous = m_notes;
+    if (tous.isEmpty()) { // nearly always, and every redraw asks
+        return tous;
+    }
+    QList<RendezVous> actuels;
+    SqlText siennes("RefRDV in (Select RefRDV from TavReplacer Where NumPraticien = ");
+    siennes << nombre(m_praticien) << ")";
+    carnet.forEach({RequeteRDV(siennes, actuels)});
     for (AReplacer &un : tous) {
-        const auto actuel = std::ranges::find(m_actuels, un.note.RefRDV, &RendezVous::RefRDV);
-        un.actuel = actuel == m_actuels.end() ? std::nullopt : std::optional(*actuel);
+        const auto actuel = std::ranges::find(actuels, un.note.RefRDV, &RendezVous::RefRDV);
+        un.actuel = actuel == actuels.end() ? std::nullopt : std::optional(*actuel);
     }
     return tous;
 }
@@ -104,7 +109,7 @@ QList<AReplacer> LectureReplacer::lus() const {
 QList<AReplacer> LitAReplacer(Database &carnet, long praticien) {
     LectureReplacer lecture(carnet, praticien);
     carnet.forEach(lecture.requetes());
-    return lecture.lus();
+    return lecture.lus(carnet);
 }
 
 bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) {

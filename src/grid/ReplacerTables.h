@@ -20,14 +20,13 @@ class LectureReplacer {
     ~LectureReplacer() = default;
 
     std::vector<Requete> requetes();
-    /// Once they have been run.
-    QList<AReplacer> lus() const;
+    /// Once they have been run; looks for the appointments themselves where there are some.
+    QList<AReplacer> lus(Database &carnet) const;
 
   private:
     long m_praticien;
     bool m_pret;
     QList<AReplacer> m_notes;
-    QList<RendezVous> m_actuels;
 };
 QList<AReplacer> LitAReplacer(Database &carnet, long praticien);
 /// Sets an appointment aside, once. False: the book has no table for it.
