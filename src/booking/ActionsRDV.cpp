@@ -96,16 +96,23 @@ void ActionsRDV::changeDuree(const RendezVous &rdv, const PlaceRDV &place, Sens 
     }
     RendezVous apres = rdv;
     apres.HeureFin = fin;
-    if (!Confirme(m_env, {apres, rdv, place}, &m_fenetre)) {
+    reecrit({apres, rdv, place}, [&](Database &base) {
+        return ChangeFin(base, m_env.auteur(), rdv, fin, CLng(place.PraticienCourant),
+                         CLng(place.FauteuilCourant));
+    });
+}
+
+/// Asked first, where something is odd.
+void ActionsRDV::reecrit(const Visee &visee, const std::function<BilanEcriture(Database &)> &ecriture) {
+    if (!Confirme(m_env, visee, &m_fenetre)) {
         return;
     }
     BilanEcriture bilan;
     if (essaie(m_env, [&] {
             Database base = m_env.ouvreCarnetPourEcrire();
-            bilan = ChangeFin(base, m_env.auteur(), rdv, fin, CLng(place.PraticienCourant),
-                              CLng(place.FauteuilCourant));
+            bilan = ecriture(base);
         })) {
-        rend(rdv, apres, bilan);
+        rend(*visee.avant, visee.rdv, bilan);
     }
 }
 
@@ -133,17 +140,10 @@ void ActionsRDV::refuse(bool encore) {
 }
 
 void ActionsRDV::deplace(const RendezVous &rdv, const RendezVous &apres, const PlaceRDV &place) {
-    if (!Confirme(m_env, {apres, rdv, place}, &m_fenetre)) {
-        return;
-    }
-    BilanEcriture bilan;
-    if (essaie(m_env, [&] {
-            Database base = m_env.ouvreCarnetPourEcrire();
-            bilan = DeplaceRDV(base, m_env.auteur(), rdv, apres, CLng(place.PraticienCourant),
-                               CLng(place.FauteuilCourant));
-        })) {
-        rend(rdv, apres, bilan);
-    }
+    reecrit({apres, rdv, place}, [&](Database &base) {
+        return DeplaceRDV(base, m_env.auteur(), rdv, apres, CLng(place.PraticienCourant),
+                          CLng(place.FauteuilCourant));
+    });
 }
 
 void ActionsRDV::reserveEncore(const RendezVous &rdv, const RendezVous &encore, const PlaceRDV &place) {

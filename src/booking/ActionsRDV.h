@@ -7,8 +7,10 @@
 #include "journal/Ecriture.h"
 
 #include <QObject>
+#include <functional>
 #include <optional>
 
+class Database;
 class QWidget;
 struct BilanEcriture;
 struct Environnement;
@@ -50,6 +52,8 @@ class ActionsRDV : public QObject {
   private:
     /// How the user classes a range across the working hours; nothing, when he went back.
     std::optional<PlaceRDV> classee(const PlaceRDV &place, const QList<Insolite> &insolites);
+    /// Writes an appointment anew as `visee` has it.
+    void reecrit(const Visee &visee, const std::function<BilanEcriture(Database &)> &ecriture);
     /// Tells what kept `rdv` from becoming `apres`, and has the book read again.
     void rend(const RendezVous &rdv, const RendezVous &apres, const BilanEcriture &bilan,
               bool encore = false);

@@ -45,15 +45,7 @@ bool ReplacerEstPret(Database &carnet) {
 
 void PrepareReplacer(Database &carnet) {
     Transaction transaction(carnet);
-    if (!carnet.hasTable(table)) {
-        carnet.createTable(table, champs());
-    }
-    TableDef def = carnet.tableDef(table);
-    for (const FieldDef &champ : champs()) {
-        if (!def.hasField(champ.name)) {
-            def.appendField(champ);
-        }
-    }
+    carnet.completedTable(table, champs());
     transaction.commit();
 }
 

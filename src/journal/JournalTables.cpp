@@ -114,15 +114,7 @@ bool JournalEstPret(Database &carnet) {
 
 void PrepareJournal(Database &carnet) {
     Transaction transaction(carnet);
-    if (!carnet.hasTable(tableJournal)) {
-        carnet.createTable(tableJournal, champsJournal());
-    }
-    TableDef table = carnet.tableDef(tableJournal);
-    for (const FieldDef &champ : champsJournal()) {
-        if (!table.hasField(champ.name)) {
-            table.appendField(champ);
-        }
-    }
+    TableDef table = carnet.completedTable(tableJournal, champsJournal());
     for (const IndexDef &index : indexJournal()) {
         if (!table.hasIndex(index.name)) {
             table.createIndex(index);

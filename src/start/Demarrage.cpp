@@ -38,7 +38,7 @@ QString prepareJournal(Database &carnet) {
         if (echec.kind() == DbError::Kind::Locked) { // the start is tried again
             throw;
         }
-        return echec.cause();
+        return JournalEstPret(carnet) ? QString() : echec.cause(); // who sets aside is told
     }
 }
 

@@ -106,4 +106,10 @@ TEST_F(ReplacerTest, WhatBecameOfItIsToldAndItsKeysAreTheListsOwn) {
     fait(q("touche Ctrl+V"));
     EXPECT_NE(dits().find("Un rendez-vous s'y trouve déjà."), std::string::npos);
     EXPECT_EQ(epingles(), 1) << "it stays where it was";
+    EXPECT_EQ(questions(), "") << "of what is refused nothing is asked";
+    quandMeme = false;
+    fait(q("clic 2,1"));
+    fait(q("mnuPoser"));
+    EXPECT_EQ(questions(), "Déplacer ce rendez-vous ?") << "that day is past";
+    EXPECT_EQ(epingles(), 1) << "Revenir: nothing has moved";
 }

@@ -98,6 +98,19 @@ TableDef Database::tableDef(const QString &table) {
     return {*m_engine, table};
 }
 
+TableDef Database::completedTable(const QString &table, const std::vector<FieldDef> &fields) {
+    if (!hasTable(table)) {
+        createTable(table, fields);
+    }
+    TableDef def = tableDef(table);
+    for (const FieldDef &field : fields) {
+        if (!def.hasField(field.name)) {
+            def.appendField(field);
+        }
+    }
+    return def;
+}
+
 void Database::createTable(const QString &table, const std::vector<FieldDef> &fields) {
     m_engine->createTable(table, fields);
 }

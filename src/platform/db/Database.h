@@ -44,6 +44,8 @@ class Database {
     bool hasTable(const QString &table);
     /// Throws Structure when there is no such table.
     TableDef tableDef(const QString &table);
+    /// The same of a table of our own: made where it is missing, with the fields that it lacks appended.
+    TableDef completedTable(const QString &table, const std::vector<FieldDef> &fields);
     void createTable(const QString &table, const std::vector<FieldDef> &fields);
     /// Brings the tables of `other` in under `name`: written "name.Table", they are in the transactions of
     /// this database, which then last in both files or in neither. Not while a transaction is open; every
