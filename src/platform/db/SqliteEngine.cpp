@@ -231,8 +231,11 @@ bool SqliteEngine::isIntact(const std::stop_token &stop) {
     return code == SQLITE_INTERRUPT || columnValue(statement, 0).toText() == QLatin1StringView("ok");
 }
 
+/// Asked at every redraw: the schema in memory answers without a statement; a view is found by its fields.
 bool SqliteEngine::hasTable(const QString &table) {
-    return !fieldNames(table).isEmpty();
+    return sqlite3_table_column_metadata(m_connection, nullptr, table.toUtf8().constData(), nullptr, nullptr,
+                                         nullptr, nullptr, nullptr, nullptr) == SQLITE_OK ||
+           !fieldNames(table).isEmpty();
 }
 
 bool SqliteEngine::isUpdatable(const QString &table) {
