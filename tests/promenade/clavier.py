@@ -45,8 +45,8 @@ class Clavier:
 
     def present(self):
         self.dit("P")
-        if self.ctx.rdv and self.foyer():
-            self.promet("present", Present=not self.etat.action("mnuPresent")["checked"])
+        if self.ctx.rdv:  # a menu that has just closed gives the keys back after this look
+            self.promet("present", bool(self.foyer()), Present=not self.etat.action("mnuPresent")["checked"])
             self.visees, self.peut = [self.ctx.rdv], True
         self.prog.frappe("p")
 

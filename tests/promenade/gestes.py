@@ -73,7 +73,7 @@ class Gestes:
         titre = r == 0 and (bouton == 3 or not self.vue.semaine)
         if self.cote and 1 <= r <= n and 1 <= c <= nb:
             sous = dans(grille.colonnes[c - 1][1], grille.horaire.heure(r), grille.horaire.heure(r + 1))
-            if len(sous) > 1 and apres.cle in [x.cle() for x in sous]:
+            if sous and apres.cle in [x.cle() for x in sous]:  # counted among all beside it
                 return self.ouvre("mnuEditer", apres) if fois == 2 else []
         if not n or not 1 <= c <= nb or titre or bouton == 3 and dedans:
             if bouton == 3 and self.a_ecrit:
@@ -167,7 +167,8 @@ class Gestes:
         self.prog.frappe(*["Shift_L"] * maj, touche)
 
         def suite(avant, apres):
-            if maj or not avant.plage or avant.nom != foyer:
+            bouge = avant.rdv and self.livre.tables["RDV"].get(avant.rdv.ref) != avant.rdv.ligne
+            if maj or not avant.plage or avant.nom != foyer or bouge:  # by another desk, seen after this look
                 return []
             r = avant.bas + 1 if dr > 0 else avant.haut + dr
             r, c = (min(max(x, 1), dernier) for x, dernier in

@@ -43,7 +43,10 @@ class MainLevee:
             / g["lignes"][ligne][1] * horaire.pas
         slot = 1 <= r2 <= horaire.n and 1 <= c2 <= len(grille.colonnes)
         jour = grille.colonnes[c2 - 1][0] if slot and not bord else rdv.jour
-        debut, fin = self.depot(horaire, rdv, bord, minute(vers[1], r2) - minute(de[1], r)) if slot else (0, 0)
+        bouge = minute(vers[1], r2) - minute(de[1], r)
+        if abs(((rdv.fin if bord else rdv.debut) + bouge - horaire.debut) / horaire.pas % 1 - 0.5) < 0.1:
+            return self.clic()  # as near to the slot above as to the one below
+        debut, fin = self.depot(horaire, rdv, bord, bouge) if slot else (0, 0)
         if copie and not bord and slot and grille.config.classe(jour.weekday(), debut, fin) == 2:
             copie = False  # a window would ask
         self.dit(f"{'bord ' * bord}{'copie ' * (copie and not bord)}{rdv.ref} de {nom} ({r},{c}) à ({r2},{c2})")

@@ -8,6 +8,7 @@ import unicodedata
 from types import SimpleNamespace
 
 from ecran import Faute
+from fenetres import norme
 from oracle import entier, minutes
 from papier import Papier
 
@@ -154,8 +155,8 @@ class Retour(Papier):
         r = self.remis
         if (ref, nue(ancienne), nue(nouvelle)) != (r.ref, r.attendu, r.voulu):
             return f"remis {r}"
-        bouge = not ancienne or any(ancienne[n] != nouvelle[n] for n in ("Date1", "HeureDebut", "HeureFin")
-                                    if nouvelle)
+        de, vers = norme(ancienne), norme(nouvelle)
+        bouge = not de or vers and any(de[n] != vers[n] for n in ("Date1", "HeureDebut", "HeureFin"))
         return "par-dessus un autre" if nouvelle and bouge and self.genes_de(nouvelle) else None
 
     def ecritures(self):
