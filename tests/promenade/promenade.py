@@ -216,7 +216,7 @@ def promene(binaires, graine, pas):
         shutil.rmtree(garde, ignore_errors=True)
         shutil.copytree(dossier + "/cabinet", garde)
         if p.prog:
-            p.prog.ordre(f"image {garde}/ecran.png") if p.prog.processus.poll() is None else None
+            p.prog.photographie(garde + "/ecran.png")
         print("\n".join([f"graine {graine}", *p.histoire, " ; ".join(getattr(p, "fait", []))]) + f"\n{faute}"
               + ("" if isinstance(faute, Faute) else "\n" + traceback.format_exc())
               + f"\nrejouer : ./run promenade {graine} {pas}  (cabinet et image dans {garde})", flush=True)
