@@ -153,6 +153,14 @@ BilanEcriture ecritSiLibre(Transaction &transaction, const std::function<BilanEc
     }
 }
 
+bool memeDepart(const RendezVous &a, const RendezVous &b) {
+    return a.Date1 == b.Date1 && a.HeureDebut == b.HeureDebut && chaiseDe(a) == chaiseDe(b);
+}
+
+bool memePlace(const RendezVous &a, const RendezVous &b) {
+    return memeDepart(a, b) && a.HeureFin == b.HeureFin;
+}
+
 /// Writes `champs` of an appointment that is to lie where `apres` has it. `deplace`: by hand; nothing of it
 /// may have changed meanwhile, and where it is set aside it is placed by that.
 BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &avant, const RendezVous &apres,
@@ -166,16 +174,11 @@ BilanEcriture reecrit(Database &rdv, const Auteur &auteur, const RendezVous &ava
     }
     return ecritSiLibre(transaction, [&] {
         const BilanEcriture bilan = ecritChamps(rdv, auteur, Operation::Edition, ref, champs);
-        if (deplace) {
+        if (deplace && !memeDepart(avant, apres)) { // one that gets longer goes on waiting
             NotePose(rdv, ref, apres);
         }
         return bilan;
     });
-}
-
-bool memePlace(const RendezVous &a, const RendezVous &b) {
-    return a.Date1 == b.Date1 && a.HeureDebut == b.HeureDebut && a.HeureFin == b.HeureFin &&
-           a.NumPraticien == b.NumPraticien && a.Fauteuil == b.Fauteuil;
 }
 
 /// What of a place is another: the rest is not written again.

@@ -117,7 +117,6 @@ void Habillage::construitBarre() {
     m_barre = new QToolBar(&m_fenetre);
     m_barre->setObjectName(QStringLiteral("BarreOutils"));
     m_barre->setMovable(false);
-    m_barre->setContextMenuPolicy(Qt::PreventContextMenu); // it would offer to hide the bar
     m_barre->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     m_barre->setIconSize(QSize(cote, cote));
     const auto presse = [this](QPushButton *semaine, QPushButton *jour) {

@@ -29,7 +29,7 @@ class Clavier:
             change = fin > rdv.fin if sens > 0 else fin < rdv.fin
             self.promet("duree", change and sur, HeureFin=fin)
             self.promesse |= {"heures": (rdv.debut, fin), "jour": rdv.jour}
-            self.visees, self.place, self.peut = [rdv], self.ctx.grille.fauteuil, True
+            self.visees, self.lieu, self.peut = [rdv], self.ctx.grille.config, True
         elif sur:
             self.suite = lambda avant, apres: self.etendu(avant, apres, sens)
         self.prog.frappe(*["Shift_L"] * (sens > 0), "equal" if sens > 0 else "minus")

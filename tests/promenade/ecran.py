@@ -111,6 +111,14 @@ class Programme:
         racine.send_event(demande, X.SubstructureRedirectMask | X.SubstructureNotifyMask)
         self.x.sync()
 
+    def photographie(self, fichier):
+        """What is on the screen, as long as the program answers."""
+        try:
+            self.ordre(f"image {fichier}")
+            self.etat(patience=5)
+        except Faute:
+            pass  # another one is told already
+
     # ---- What the witness says
 
     def vit(self):

@@ -82,13 +82,6 @@ class Fenetres:
         else:
             self.prog.clic(centre(objet))
 
-    def dans_question(self):
-        """What was asked for is wanted all the same, or given up; the window before it is as it was."""
-        nom = self.h.choice(("BtnQuandMeme", "BtnQuandMeme", "BtnRevenir", "Escape"))
-        self.dit(f"FrmInsolite : {nom}")
-        self.promesse |= {"veut": nom == "BtnQuandMeme", "dit": False}
-        self.prog.frappe(nom) if nom == "Escape" else self.prog.clic(centre(self.etat.objet(nom)))
-
     def tape(self, champ):
         nom, texte, jour = champ["objectName"], self.h.choice(TEXTES), None
         if nom == "DTPicker1":
@@ -156,12 +149,12 @@ class Fenetres:
             return []
         t, x, voulu = etat.textes(), ctx.rdv, {}
         if etat.dessus == "FrmAjouter":
-            self.place, self.visees = ctx.grille.fauteuil, []
+            self.lieu, self.visees = ctx.grille.config, []
             if self.dessus != "FrmQuelHoraire":
                 self.classe = ctx.grille.config.classe(ctx.jour.weekday(), *ctx.plage)
             voulu = {"TextHeureDebut": hhmm(ctx.plage[0]), "TextHeureFin": hhmm(min(ctx.plage[1], 1439))}
         elif etat.dessus in ("FrmEditer", "FrmSupprimer"):
-            self.place, self.visees = ctx.grille.fauteuil, [r for r in ctx.dessous if r.cle() == ctx.cle]
+            self.lieu, self.visees = ctx.grille.config, [r for r in ctx.dessous if r.cle() == ctx.cle]
             voulu = {"Label3": x.nom, "Label4": x.prenom, "Label13": hhmm(x.debut), "Label15": hhmm(x.fin)}
         if etat.dessus == "FrmEditer":
             voulu = {"Text1": x.nom, "Text2": x.prenom, "Text3": propre(x.ligne["Telephone"]),
@@ -198,14 +191,21 @@ class Fenetres:
             return self.sans_ecrire()
         lignes = [(connu["RDV"].get(ref), neuf["RDV"].get(ref), ref) for ref in {*connu["RDV"], *neuf["RDV"]}
                   if connu["RDV"].get(ref) != neuf["RDV"].get(ref)]
-        if len(lignes) != 1 or not self.promesse or neuf["Config"] != connu["Config"]:
+        de_cote = self.promesse and self.promesse["quoi"] in ("de_cote", "retire")
+        if len(lignes) != (not de_cote) or not self.promesse or neuf["Config"] != connu["Config"]:
             raise Faute(f"écrit sans qu'on l'ait demandé : {lignes}, {self.promesse}")
+        self.verifie_notes(connu["TavReplacer"], neuf["TavReplacer"])
+        if de_cote:
+            self.fois[self.promesse["quoi"]] += 1
+            self.livre, self.promesse = Livre(neuf), None
+            self.photos = self.anciennes = [self.livre]
+            return []
         ancienne, nouvelle, ref = lignes[0]
         faux = self.ecriture_fausse(ref, ancienne, nouvelle)
         if faux or lit_base(self.bases + "Patient.mdb")["TabPat"] != self.patients:
             raise Faute(f"{faux or 'fiche changée'}\nécrit {nouvelle}\nétait {ancienne}"
                         f"\ndemandé {self.promesse}"
-                        f"\nvu {[x.ligne for x in self.visees]}, fauteuil {self.place}, classe {self.classe}")
+                        f"\nvu {[x.ligne for x in self.visees]}, {self.lieu}, classe {self.classe}")
         self.livre, self.promesse, self.dernier = Livre(neuf), None, ref
         self.photos = self.anciennes = [self.livre]
         if nouvelle:
@@ -218,7 +218,7 @@ class Fenetres:
         avant, apres = norme(ancienne), norme(nouvelle)
         vu = {x.ref: norme(x.ligne) for x in self.visees}.get(ref)
         if quoi == "ajoute":
-            avant = {"NumPraticien": self.vue.prat, "Fauteuil": self.place, "Present": False,
+            avant = {"NumPraticien": self.vue.prat, "Fauteuil": self.lieu.fauteuil, "Present": False,
                      "Professionnel": bool(self.classe)}
             if not champs["Description"] and apres and apres["Description"] == "Couronne ( )":
                 champs["Description"] = "Couronne ( )"  # what the suite's patient is to have done
@@ -240,7 +240,8 @@ class Fenetres:
         """What lies in the way of the fields' hours; on demand also what no grid shows: seconds at the end, and
         rows of which one hour cannot be read."""
         (debut, fin), refs = self.promesse["heures"], [x.ref for x in self.visees] + [ref]
-        places = {self.place, *(entier(x.ligne["Fauteuil"]) for x in self.visees)}
+        places = self.promesse.get("places") or {
+            self.lieu.fauteuil, *(entier(x.ligne["Fauteuil"]) for x in self.visees)}
         return [r.ligne for place in places
                 for r in self.livre.jour(self.promesse["jour"], self.vue.prat, place) if r.ref not in refs
                 and (r.debut < fin and debut < r.fin + illisibles if r.dessine else illisibles)]

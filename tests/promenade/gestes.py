@@ -22,7 +22,7 @@ class Gestes:
     GESTES = {("clic",): 30, ("clic", 2): 9, ("clic", 1, 3): 5, ("glisse",): 14, ("fleche",): 8, ("menu",): 14,
               ("ouvrante", "Return"): 4, ("ouvrante", "Delete"): 2, ("touche",): 6, ("bouton",): 9,
               ("raccourci",): 12, ("clavier",): 14, ("molette",): 3, ("zoom_molette",): 2, ("tic",): 5,
-              ("retour",): 2, ("historique",): 4}
+              ("retour",): 2, ("historique",): 4, ("replacer",): 12}
 
     # ---- The grids
 
@@ -182,6 +182,8 @@ class Gestes:
         return next((n for n in GRILLES if (self.etat.grille(n) or {}).get("focus")), None)
 
     def ouvrante(self, touche):
+        if (self.etat.grille("ListeReplacer") or {}).get("focus"):  # they are keys of that list
+            return self.clic()
         self.dit(touche)
         action = "mnuSupprimer" if touche == "Delete" else "mnuEditer" if self.ctx.rdv else "mnuAjouter"
         sur = self.ctx.plage and self.foyer() == self.ctx.nom and not self.a_ecrit

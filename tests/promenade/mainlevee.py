@@ -1,6 +1,7 @@
 """Appointments moved by hand: where a drop has to put them is computed here from the rows and columns that are seen."""
 import math
 
+from ecran import centre
 from fenetres import norme
 from oracle import dans, entier
 
@@ -10,8 +11,6 @@ CHAMPS = ("Nom", "Prenom", "NumPatient", "Telephone", "Description")
 
 class MainLevee:
     """A part of the walk, which holds the state."""
-
-    depots = 0  # that something has to be written for
 
     def sous(self, nom, r, c):
         """The appointments under a cell."""
@@ -33,47 +32,65 @@ class MainLevee:
         bord, de = derniere == r and self.h.random() < 0.35, self.point(g, r, c)
         if bord:
             de = de[0], g["surface"][1] + sum(g["lignes"][r]) - 4
+        volet = self.etat.grille("ListeReplacer")
+        if volet and not bord and self.h.random() < 0.3:
+            self.dit(f"{rdv.ref} à replacer")
+            self.met_de_cote(rdv)
+            return self.prog.glisse(de, centre({"cadre": volet["surface"]}))
         r2 = self.h.choice(self.en_vue(g) + [0] * (self.h.random() < 0.1))
         c2 = self.h.choice([c] * 3 + [*range(len(g["colonnes"]))])
         vers = self.point(g, r2, c2)
         if abs(vers[0] - de[0]) + abs(vers[1] - de[1]) < SEUIL:
             return self.clic()
         copie = self.h.random() < 0.25 and self.copiable(grille, rdv)
-        minute = lambda y, ligne: horaire.heure(ligne) + (y - g["surface"][1] - g["lignes"][ligne][0]) \
-            / g["lignes"][ligne][1] * horaire.pas
         slot = 1 <= r2 <= horaire.n and 1 <= c2 <= len(grille.colonnes)
         jour = grille.colonnes[c2 - 1][0] if slot and not bord else rdv.jour
-        bouge = minute(vers[1], r2) - minute(de[1], r)
-        if abs(((rdv.fin if bord else rdv.debut) + bouge - horaire.debut) / horaire.pas % 1 - 0.5) < 0.1:
-            return self.clic()  # as near to the slot above as to the one below
+        bouge = self.minute(g, horaire, vers[1], r2) - self.minute(g, horaire, de[1], r)
+        if self.a_mi_chemin(horaire, (rdv.fin if bord else rdv.debut) + bouge):
+            return self.clic()
         debut, fin = self.depot(horaire, rdv, bord, bouge) if slot else (0, 0)
         if copie and not bord and slot and grille.config.classe(jour.weekday(), debut, fin) == 2:
             copie = False  # a window would ask
         self.dit(f"{'bord ' * bord}{'copie ' * (copie and not bord)}{rdv.ref} de {nom} ({r},{c}) à ({r2},{c2})")
-        self.peut, self.visees, self.place = True, [rdv], grille.fauteuil
+        self.peut, self.visees, self.lieu = True, [rdv], grille.config
         if slot and (copie and not bord or (jour, debut, fin) != (rdv.jour, rdv.debut, rdv.fin)) \
                 and debut < fin <= 1439:
             self.promet_depot(grille, rdv, jour, debut, fin, copie and not bord)
+            if not copie or bord:
+                self.note_pose(rdv, jour, debut, grille.fauteuil)
         self.prog.glisse(de, vers, "Control_L" if copie else None)
+
+    @staticmethod
+    def minute(g, horaire, y, ligne):
+        """The one at a height of the screen."""
+        haut, hauteur = g["lignes"][ligne]
+        return horaire.heure(ligne) + (y - g["surface"][1] - haut) / hauteur * horaire.pas if hauteur else 0
+
+    @staticmethod
+    def a_mi_chemin(horaire, minute):
+        """As near to the slot above as to the one below."""
+        return abs((minute - horaire.debut) / horaire.pas % 1 - 0.5) < 0.1
 
     def copiable(self, grille, rdv):
         lu, fiche = norme(rdv.ligne), self.patients.get(entier(rdv.ligne["NumPatient"]))
         juste = not fiche or (fiche["nom"], fiche["PreNom"]) == (lu["Nom"], lu["Prenom"])
-        return juste and grille.fauteuil in [x.fauteuil for x in self.ctx.montre.configs]
+        return juste and self.a_lui(grille)
+
+    def a_lui(self, grille):
+        return grille.fauteuil in [x.fauteuil for x in self.ctx.montre.configs]
 
     @staticmethod
-    def depot(horaire, rdv, bord, bouge):
-        """The hours after a drop so many minutes further down."""
+    def depot(horaire, rdv, bord, bouge, dedans=True):
+        """The hours after a drop so many minutes further down; `dedans`: taken from the same grid."""
         pas, bas = horaire.pas, min(horaire.heure(horaire.n + 1), 1439)
         avant = rdv.fin if bord else rdv.debut
-        if abs(bouge) * 2 < pas:
-            return rdv.debut, rdv.fin
-        pres = horaire.debut + math.floor((avant + bouge - horaire.debut) / pas + 0.5) * pas
+        pres = avant if abs(bouge) * 2 < pas else \
+            horaire.debut + math.floor((avant + bouge - horaire.debut) / pas + 0.5) * pas
         if bord:
             return rdv.debut, rdv.fin if pres == rdv.fin else max(min(pres, bas), rdv.debut + pas)
         duree = rdv.fin - rdv.debut
         dernier = horaire.debut + max(bas - horaire.debut - duree, 0) // pas * pas
-        debut = rdv.debut if pres == rdv.debut else max(min(pres, dernier), horaire.debut)
+        debut = rdv.debut if pres == rdv.debut and dedans else max(min(pres, dernier), horaire.debut)
         return debut, debut + duree
 
     def promet_depot(self, grille, rdv, jour, debut, fin, copie):
@@ -87,6 +104,6 @@ class MainLevee:
             self.classe = grille.config.classe(jour.weekday(), debut, fin)
         self.promet("ajoute" if copie else "edite", **lieu)
         self.promesse |= {"heures": (debut, fin), "jour": jour}
-        self.depots += 1
+        self.fois["déposés"] += 1
         if copie:  # its own place is taken
             self.visees = []

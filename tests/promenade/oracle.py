@@ -112,6 +112,7 @@ class Config:
     pas: int
     heures: list
     defaut: bool = False
+    repos: int = 0
 
     @staticmethod
     def de(ligne):
@@ -119,7 +120,7 @@ class Config:
         heures = [minutes(ligne[c]) for c in ("HeureMatDebut", "HeureMatFin", "HeurePMDebut", "HeurePMFin")]
         return Config(ligne["NomConfig"], entier(ligne["Fauteuil"]), affich,
                       [ligne[j + "Grise"] for j in JOURS], ligne["Intervalle"] or 0, heures,
-                      bool(ligne["DefaultConfig"]))
+                      bool(ligne["DefaultConfig"]), entier(ligne["JourRepos"]))
 
     def horaire(self, debut=0, fin=3):
         h = self.heures
@@ -207,7 +208,7 @@ class Montre:
     """What a view shows of a book."""
 
     def __init__(self, vue, livre):
-        self.vue, self.configs = vue, [c for prat, c in livre.configs if prat == vue.prat]
+        self.vue, self.livre, self.configs = vue, livre, [c for prat, c in livre.configs if prat == vue.prat]
         self.avec_fauteuils = any(c.fauteuil for c in self.configs)
         repli = next(c for _, c in livre.configs if c.nom == "Défaut")
         fauteuil = vue.fauteuil

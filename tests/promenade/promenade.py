@@ -9,6 +9,7 @@ import sys
 import tempfile
 import time
 import traceback
+from collections import Counter
 from dataclasses import replace
 
 import cabinet
@@ -16,8 +17,10 @@ from clavier import Clavier
 from ecran import Faute, Programme, attends
 from fenetres import Fenetres
 from gestes import Gestes
+from insolite import Question
 from mainlevee import MainLevee
 from oracle import Contexte, Livre, Montre, Vue, entier, lit_base
+from replacer import LISTE, Replacer, ecarts_volet
 from retour import Retour
 
 PATIENCE = 2.0  # seconds in which the screen must have come to agree with the files
@@ -26,11 +29,11 @@ LONG = 4  # seconds of a lock after which the program may have given up
 TIERS = {"ecrit": 0.07, "verrou": 0.012, "emporte": 0.01, "tronque": 0.007}  # chance of each at a step
 
 
-class Promenade(Retour, Gestes, MainLevee, Clavier, Fenetres):
+class Promenade(Question, Replacer, Retour, Gestes, MainLevee, Clavier, Fenetres):
     def __init__(self, binaires, graine, dossier):
         self.h, self.etape, self.histoire, self.textes = random.Random(graine), 0, [], set()
-        self.prog, self.promesse, self.visees, self.classe, self.place = None, None, [], None, None
-        self.dernier = None
+        self.prog, self.promesse, self.visees, self.classe, self.lieu = None, None, [], None, None
+        self.dernier, self.fois = None, Counter()
         prat = cabinet.cree(dossier + "/cabinet", self.h)
         self.bases = dossier + "/cabinet/Base/Fichiers/"
         self.tiers = cabinet.Tiers(self.bases + "Tavelin.mdb", self.h)
@@ -95,6 +98,8 @@ class Promenade(Retour, Gestes, MainLevee, Clavier, Fenetres):
             geste, *combien = self.h.choices(list(self.GESTES), list(self.GESTES.values()))[0]
             if (self.faits or self.annules) and self.h.random() < 0.2:
                 geste, combien = "retour", []
+            elif etat.grille(LISTE) and self.h.random() < 0.3:
+                geste, combien = "replacer", []
             getattr(self, geste)(*combien)
         if verrou:
             self.sous_verrou(verrou)
@@ -179,7 +184,8 @@ class Promenade(Retour, Gestes, MainLevee, Clavier, Fenetres):
             for photo in photos:
                 montre = Montre(vue, photo)
                 ctx = Contexte(etat, montre)
-                essais.append((montre.ecarts(etat, self.praticiens, lu) + ctx.ecarts(etat), vue, photo, ctx))
+                faux = montre.ecarts(etat, self.praticiens, lu) + ctx.ecarts(etat) + ecarts_volet(etat, ctx, lu)
+                essais.append((faux, vue, photo, ctx))
         faux, self.vue, vu, self.ctx = min(essais, key=lambda e: len(e[0]))
         if faux:
             return faux
@@ -203,14 +209,14 @@ def promene(binaires, graine, pas):
         p = Promenade.__new__(Promenade)
         p.__init__(binaires, graine, dossier)
         p.marche(pas)
-        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; {p.remises} écritures remises, {p.depots} dépôts ; "
+        print(f"graine {graine} : {pas} pas en {time.monotonic() - depuis:.0f} s ; {dict(p.fois)} ; "
               f"dits : {sorted(p.textes)}")
         return 0
     except (Faute, Exception) as faute:
         shutil.rmtree(garde, ignore_errors=True)
         shutil.copytree(dossier + "/cabinet", garde)
         if p.prog:
-            p.prog.ordre(f"image {garde}/ecran.png") if p.prog.processus.poll() is None else None
+            p.prog.photographie(garde + "/ecran.png")
         print("\n".join([f"graine {graine}", *p.histoire, " ; ".join(getattr(p, "fait", []))]) + f"\n{faute}"
               + ("" if isinstance(faute, Faute) else "\n" + traceback.format_exc())
               + f"\nrejouer : ./run promenade {graine} {pas}  (cabinet et image dans {garde})", flush=True)

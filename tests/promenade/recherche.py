@@ -235,7 +235,7 @@ class Recherches:
             return self.liste() or [f"départ {self.depart()}"] * (self.depart() != cabinet.MAINTENANT.date())
         if etat.dessus == "FrmAjouter" and self.dessus == "FrmRDVlibre":
             jour, debut, fin = libre.place
-            self.place, self.visees = libre.config.fauteuil, []
+            self.lieu, self.visees = libre.config, []
             self.classe = libre.config.classe(jour.weekday(), debut, fin)
             champs = [etat.texte(n) for n in ("TextHeureDebut", "TextHeureFin")] + [
                 lit_jour(etat.texte("DTPicker1"))]

@@ -11,6 +11,7 @@ from ecran import Faute
 from fenetres import norme
 from oracle import entier, minutes
 from papier import Papier
+from replacer import DU_VOLET
 
 GARDES = 50  # steps
 ENTREES = {"ajoute": 1, "edite": 2, "duree": 2, "supprime": 3, "present": 4}  # what a promise is kept as
@@ -37,8 +38,8 @@ def qui(ligne):
 class Retour(Papier):
     """A part of the walk, which holds the state."""
 
-    messages = Papier.messages | DE_RETOUR
-    remis, faits, annules, quoi, remises = None, [], [], None, 0
+    messages = Papier.messages | DE_RETOUR | DU_VOLET
+    remis, faits, annules, quoi = None, [], [], None
     connues, regardees = {}, True  # the rows as the history's window has read them; whether it has since
 
     def ligne_de(self, ref):
@@ -164,7 +165,10 @@ class Retour(Papier):
         if promesse and self.etat.dessus == "QMessageBox":
             promesse["dit"] = True  # also of a book that is away
         faux = super().ecritures()
-        if self.livre is not avant:
+        if self.livre is not avant and promesse["quoi"] in ("de_cote", "retire"):
+            if avant.tables["TavJournal"] != self.livre.tables["TavJournal"]:
+                raise Faute("une ligne d'historique, et aucun rendez-vous n'est écrit")
+        elif self.livre is not avant:
             self.verifie_journal(avant, promesse)
             self.suit(avant.tables["RDV"].get(self.dernier), self.livre.tables["RDV"].get(self.dernier), promesse)
         return faux
@@ -178,7 +182,7 @@ class Retour(Papier):
             self.faits, self.annules = [*self.faits, pas][-GARDES:], []
         if promesse["quoi"] == "retour":
             self.remis, self.suite, self.frais = None, None, True
-            self.remises += 1
+            self.fois["remis"] += 1
             if nouvelle:
                 self.amene(self.dernier)
 

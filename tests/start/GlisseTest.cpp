@@ -226,6 +226,10 @@ TEST_F(GlisseTest, ThePinboardTakesAndGives) {
     glisse(point(2, 3), centre);
     EXPECT_EQ(rangs(), "ROUX 11 09:00-10:00 1 0") << "it stays where it is";
     ASSERT_EQ(liste.count(), 1);
+    const QPoint bord = point(2, 3, 0, grille().visualRect(grille().cells().index(2, 3)).height() / 2 - 3);
+    glisse(bord, bord + (point(3, 3) - point(2, 3)));
+    EXPECT_EQ(rangs(), "ROUX 11 09:00-11:00 1 0");
+    ASSERT_EQ(liste.count(), 1) << "longer, and still to be placed";
     const QPoint prise = liste.visualItemRect(liste.item(0)).center();
     const auto tire = [&](const QPoint &vers, bool lache) {
         const QPoint ici = liste.viewport()->mapFromGlobal(vers);
@@ -239,9 +243,9 @@ TEST_F(GlisseTest, ThePinboardTakesAndGives) {
     };
     tire(point(4, 4), true);
     tire(centre, false);
-    EXPECT_EQ(rangs(), "ROUX 11 09:00-10:00 1 0");
-    tire(point(4, 4), false);
-    EXPECT_EQ(rangs(), "ROUX 12 11:00-12:00 1 0");
+    EXPECT_EQ(rangs(), "ROUX 11 09:00-11:00 1 0");
+    tire(point(2, 4), false);
+    EXPECT_EQ(rangs(), "ROUX 12 09:00-11:00 1 0");
     EXPECT_EQ(liste.count(), 0);
     EXPECT_EQ(annuler(), "A&nnuler « Déplacer ROUX »");
     EXPECT_EQ(questions() + dits(), "");

@@ -3,6 +3,8 @@
 #include "support/WaitUntil.h"
 
 #include <QAction>
+#include <QApplication>
+#include <QContextMenuEvent>
 #include <QListWidget>
 #include <gtest/gtest.h>
 
@@ -99,6 +101,12 @@ TEST_F(ReplacerTest, WhatBecameOfItIsToldAndItsKeysAreTheListsOwn) {
     EXPECT_FALSE(liste().isVisible()) << "closed by hand";
     fait(q("mnuReplacer"));
     EXPECT_TRUE(liste().isVisible());
+    for (QWidget *la : {&objet<QWidget>("VoletReplacer"), &objet<QWidget>("menubar")}) {
+        const QPoint ici(la->width() / 2, 5);
+        QContextMenuEvent menu(QContextMenuEvent::Mouse, ici, la->mapToGlobal(ici));
+        QApplication::sendEvent(la, &menu);
+        EXPECT_EQ(QApplication::activePopupWidget(), nullptr) << "no menu that hides it behind our back";
+    }
     livre.execute(
         SqlText("update RDV set HeureFin = '16:30:00', HeureDebut = '15:59:00' where Nom = 'PRIS'"));
     joue("clic 2,4 |");
