@@ -11,6 +11,7 @@
 #include "start/Habillage.h"
 
 #include <QEvent>
+#include <QLayout>
 
 ReplacerMontre::ReplacerMontre(const Ui::FrmEntree &ui, CarnetMontre &carnet, ActionsSelection &actions,
                                const Vues &vues, const Habillage &habillage, GlisseRDV &glisse,
@@ -52,7 +53,11 @@ void ReplacerMontre::relieGlisse(GlisseRDV &glisse) {
 void ReplacerMontre::dessine() {
     const Affichage &affichage = m_carnet.affichage();
     m_volet->montre(affichage.aReplacer, affichage.lu, m_vues.aspect());
-    m_volet->setVisible(m_voulu.value_or(!Listes(affichage.aReplacer).isEmpty()));
+    const bool montre = m_voulu.value_or(!Listes(affichage.aReplacer).isEmpty());
+    if (montre == m_volet->isHidden()) { // a click that follows finds the grid where it is to be
+        m_volet->setVisible(montre);
+        m_volet->parentWidget()->layout()->activate();
+    }
     m_ui.mnuReplacer->setChecked(!m_volet->isHidden());
 }
 

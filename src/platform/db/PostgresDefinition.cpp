@@ -59,9 +59,8 @@ QString marking(const QString &table, const QString &key, const QStringList &sam
                "ALTER TABLE %1 ADD COLUMN IF NOT EXISTS %5 bigint NOT NULL DEFAULT 0;"
                "WITH places AS (SELECT cle, debut < max(fin) OVER (PARTITION BY %6 ORDER BY debut, cle "
                "ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS gene FROM (SELECT cle, "
-               "lower(plage) AS debut, upper(plage) AS fin, %6 FROM (SELECT %2 AS cle, %3 %4 AS plage FROM "
-               "%1 "
-               "OFFSET 0) AS p WHERE plage IS NOT NULL OFFSET 0) AS bornes) "
+               "lower(plage) AS debut, upper(plage) AS fin, %6 FROM (SELECT %2 AS cle, %3 %4 AS plage "
+               "FROM %1 OFFSET 0) AS p WHERE plage IS NOT NULL OFFSET 0) AS bornes) "
                "UPDATE %1 AS t SET %5 = 1 FROM places WHERE t.%2 = places.cle AND gene RETURNING t.%2;")
         .arg(table, key, terms, range, oldClashField, names);
 }
