@@ -25,6 +25,8 @@ class Note:
         note, pose = ([ligne[c] for c in champs] for champs in (("Jour", "HeureDebut", "Fauteuil"),
                                                                 ("JourPose", "DebutPose", "FauteuilPose")))
         x = self.rdv and self.rdv.ligne
+        if x and x["Nom"] != ligne["Nom"] and str(x["NumPatient"]) != ligne["NumPatient"]:
+            x = self.rdv = None  # its key is another patient's
         la = x and [str(self.rdv.jour), (x["HeureDebut"] or "")[-8:], entier(x["Fauteuil"])]
         self.etat = "disparu" if not x else "pose" if la == pose else "attend" if la == note else "deplace"
 
@@ -132,10 +134,9 @@ class Replacer:
         (note, de), (nom, r, c, vers), x = self.entree(), self.case(), None
         g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
         horaire, slot = grille.horaire, 1 <= r <= grille.horaire.n and 1 <= c <= len(grille.colonnes)
-        if note.etat == "attend" and slot:
+        if note.etat == "attend" and slot and self.du_fauteuil(grille):
+            vers = vers[0], vers[1] + g["lignes"][r][1] * self.h.choice((-1, 1)) // 4
             x, bouge = note.rdv, self.minute(g, horaire, vers[1], r) - note.rdv.debut
-            if self.a_mi_chemin(horaire, x.debut + bouge):
-                return self.clic()
             jour, (debut, fin) = grille.colonnes[c - 1][0], self.depot(horaire, x, False, bouge, False)
         self.dit(f"à {nom} ({r},{c})")
         self.peut = True
@@ -143,7 +144,8 @@ class Replacer:
         if x and debut < fin <= 1439 and (sienne or self.a_lui(grille)) and (
                 not sienne or (jour, debut, fin) != (x.jour, x.debut, x.fin)):
             self.promet_pose(grille, x, jour, debut, fin)
-        self.prog.glisse(de, vers)
+        if x or not slot or note.etat != "attend":
+            self.prog.glisse(de, vers)
 
     def va_voir(self):
         note, de = self.entree()
