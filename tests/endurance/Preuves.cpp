@@ -3,6 +3,7 @@
 #include "booking/RangeeTables.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QStringList>
 #include <tuple>
 
@@ -82,6 +83,40 @@ QStringList ecartsHistoire(const QString &dossier) {
     return fautes;
 }
 
+QStringList ecartsDepots(const QString &dossier, int &deposes) {
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous));
+    QMap<qint64, QPair<QString, QString>> dernier; // its last drop
+    const auto place = [](const QString &rangee) {
+        const QJsonObject o = QJsonDocument::fromJson(rangee.toUtf8()).object();
+        return o[QLatin1String("Date1")].toString().left(10) + o[QLatin1String("HeureDebut")].toString() +
+               QString::number(o[QLatin1String("Fauteuil")].toInt());
+    };
+    const auto nom = [](const QString &rangee) {
+        return QJsonDocument::fromJson(rangee.toUtf8()).object()[QLatin1String("Nom")].toString();
+    };
+    rdv.forEach(SqlText("Select RefRDV, Quoi, Avant, Apres from TavJournal order by RefJournal"),
+                [&](const RowView &r) {
+                    if (r.integer(1) == int(Operation::Edition) && nom(r.text(2)) == nom(r.text(3))) {
+                        dernier[r.integer(0)] = {place(r.text(2)), place(r.text(3))};
+                    }
+                });
+    QStringList fautes;
+    rdv.forEach(
+        SqlText("Select RefRDV, Jour, HeureDebut, Fauteuil, JourPose, DebutPose, FauteuilPose "
+                "from TavReplacer"),
+        [&](const RowView &r) {
+            const qint64 ref = r.integer(0);
+            const QString note = r.text(1) + r.text(2) + QString::number(r.integer(3));
+            const QString pose = r.text(4) + r.text(5) + QString::number(r.integer(6));
+            const auto depot = dernier.value(ref);
+            if (r.text(4).isEmpty() ? depot.first == note : depot.second != pose) {
+                fautes << QStringLiteral("%1 replacé en %2, noté %3").arg(ref).arg(depot.second, pose);
+            }
+            deposes += r.text(4).isEmpty() ? 0 : 1;
+        });
+    return fautes;
+}
+
 void Journal::lit(const QByteArray &sortie) {
     QStringList annonce;
     for (const QString &ligne : QString::fromUtf8(sortie).split(u'\n', Qt::SkipEmptyParts)) {
@@ -104,8 +139,8 @@ void Journal::ecrit(const QStringList &annonce) {
 QStringList Journal::ecarts(const QStringList &livre) {
     for (qsizetype passe = enCours.size(); passe > 0; --passe) {
         enCours.removeIf([&](const QStringList &a) {
-            const bool fait = a[1].isEmpty() ? compte.value(a[0]) > 0 && !livre.contains(a[0])
-                                             : livre.contains(a[1]) || compte.value(a[1]) < 0;
+            const bool fait = a[1].isEmpty() ? compte.value(a[0]) > livre.count(a[0])
+                                             : compte.value(a[1]) < livre.count(a[1]);
             fait ? ecrit(a) : void();
             return fait;
         });
