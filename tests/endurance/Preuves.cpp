@@ -85,35 +85,34 @@ QStringList ecartsHistoire(const QString &dossier) {
 
 QStringList ecartsDepots(const QString &dossier, int &deposes) {
     Database rdv = Database::open(fichier(dossier, Base::RendezVous));
-    QMap<qint64, QPair<QString, QString>> dernier; // its last drop
-    const auto place = [](const QString &rangee) {
-        const QJsonObject o = QJsonDocument::fromJson(rangee.toUtf8()).object();
-        return o[QLatin1String("Date1")].toString().left(10) + o[QLatin1String("HeureDebut")].toString() +
-               QString::number(o[QLatin1String("Fauteuil")].toInt());
-    };
-    const auto nom = [](const QString &rangee) {
-        return QJsonDocument::fromJson(rangee.toUtf8()).object()[QLatin1String("Nom")].toString();
+    QMap<qint64, QPair<QString, QString>> depots; // of those that were dropped last: from where, and where to
+    const auto lieu = [](const QJsonObject &r) {
+        return r[QLatin1String("Date1")].toString().left(10) + r[QLatin1String("HeureDebut")].toString() +
+               QString::number(r[QLatin1String("Fauteuil")].toInt());
     };
     rdv.forEach(SqlText("Select RefRDV, Quoi, Avant, Apres from TavJournal order by RefJournal"),
                 [&](const RowView &r) {
-                    if (r.integer(1) == int(Operation::Edition) && nom(r.text(2)) == nom(r.text(3))) {
-                        dernier[r.integer(0)] = {place(r.text(2)), place(r.text(3))};
+                    const QJsonObject avant = QJsonDocument::fromJson(r.text(2).toUtf8()).object();
+                    const QJsonObject apres = QJsonDocument::fromJson(r.text(3).toUtf8()).object();
+                    depots.remove(r.integer(0)); // undone, it may be set aside again where it was
+                    if (r.integer(1) == int(Operation::Edition) &&
+                        avant[QLatin1String("Nom")] == apres[QLatin1String("Nom")]) {
+                        depots[r.integer(0)] = {lieu(avant), lieu(apres)};
                     }
                 });
     QStringList fautes;
-    rdv.forEach(
-        SqlText("Select RefRDV, Jour, HeureDebut, Fauteuil, JourPose, DebutPose, FauteuilPose "
-                "from TavReplacer"),
-        [&](const RowView &r) {
-            const qint64 ref = r.integer(0);
-            const QString note = r.text(1) + r.text(2) + QString::number(r.integer(3));
-            const QString pose = r.text(4) + r.text(5) + QString::number(r.integer(6));
-            const auto depot = dernier.value(ref);
-            if (r.text(4).isEmpty() ? depot.first == note : depot.second != pose) {
-                fautes << QStringLiteral("%1 replacé en %2, noté %3").arg(ref).arg(depot.second, pose);
-            }
-            deposes += r.text(4).isEmpty() ? 0 : 1;
-        });
+    rdv.forEach(SqlText("Select RefRDV, Jour, HeureDebut, Fauteuil, JourPose, DebutPose, FauteuilPose "
+                        "from TavReplacer"),
+                [&](const RowView &r) {
+                    const auto [de, a] = depots.value(r.integer(0));
+                    const QString note = r.text(1) + r.text(2) + QString::number(r.integer(3));
+                    const QString pose = r.text(4) + r.text(5) + QString::number(r.integer(6));
+                    const bool attend = r.text(4).isEmpty();
+                    if (!a.isEmpty() && (attend ? note == de : pose != a)) {
+                        fautes << QStringLiteral("de %1 à %2, noté %3").arg(de, a, pose);
+                    }
+                    deposes += !attend && !a.isEmpty() ? 1 : 0;
+                });
     return fautes;
 }
 
