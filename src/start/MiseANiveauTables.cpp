@@ -32,7 +32,8 @@ std::vector<IndexDef> indexRDV() {
 
 ExclusionDef placeUnique() {
     return {QStringLiteral("RDVPlaceUnique"), SqlText("clng(NumPraticien), clng(Fauteuil)"),
-            SqlText("plagerdv(Date1, DateInv, HeureDebut, HeureFin)"), QStringLiteral("RefRDV")};
+            SqlText("plagerdv(Date1, DateInv, HeureDebut, HeureFin)"), QStringLiteral("RefRDV"),
+            SqlText("Date1")};
 }
 
 void exclutChevauchements(Database &base, MiseANiveau &bilan) {

@@ -335,6 +335,34 @@ TEST_F(PostgresTest, ACommitWithoutAnAnswerIsFoundOut) {
     serveur->demande("drop owned by poste; drop role poste");
 }
 
+/// Of many rows the newest are held; the past, which is not booked, is not.
+TEST_F(PostgresTest, TheNetReachesBackOverTheNewestRows) {
+    Database base = ouvre();
+    const QString prises = q("Prises");
+    base.createTable(prises, {{q("Cle"), FieldType::AutoNumber},
+                              {q("Qui"), FieldType::Text, 5},
+                              {q("Jour"), FieldType::DateTime},
+                              {q("De"), FieldType::Text, 8},
+                              {q("A"), FieldType::Text, 8}});
+    const auto prend = [&](int annee, const char *de, const char *a) {
+        base.insert(prises, {{q("Qui"), q("1")},
+                             {q("Jour"), Value::date(QDate(annee, 1, 1))},
+                             {q("De"), q(de)},
+                             {q("A"), q(a)}});
+    };
+    for (const int annee : {2001, 2002, 2003}) {
+        prend(annee, "09:00:00", "10:00:00");
+    }
+    prend(2003, "09:30:00", "10:30:00");
+    const std::vector<qint64> marques = base.tableDef(prises).createExclusion(
+        {q("UneFois"), SqlText("Qui"), SqlText("plagerdv(Jour, Jour, De, A)"), q("Cle"), SqlText("Jour"), 2});
+    EXPECT_EQ(marques, std::vector<qint64>{4}); // which was there, and is let stand
+    EXPECT_NO_THROW(prend(2001, "09:15:00", "09:45:00"));
+    EXPECT_EQ(sorte([&] { prend(2002, "09:15:00", "09:45:00"); }), Kind::Conflict);
+    EXPECT_NO_THROW(prend(2002, "10:00:00", "10:15:00"));
+    EXPECT_EQ(sorte([&] { prend(2002, "10:00:00", "10:05:00"); }), Kind::Conflict);
+}
+
 TEST_F(PostgresTest, TextsAreInOneOrder) {
     QStringList textes{q("Le Goff"),  q("Legoff"),  q("Le-Goff"), q("L'Hour"),  q("Lhour"), q("Œuvrard"),
                        q("oeuvrard"), q("oeufs"),   q("cote"),    q("côte"),    q("coté"),  q("côté"),

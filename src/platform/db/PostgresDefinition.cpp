@@ -45,16 +45,34 @@ QStringList termsOf(const QString &list) {
     return terms;
 }
 
-/// Marks every row that begins before one ends that began before it. Each range is reckoned once.
-QString marking(const QString &table, const QString &key, const QString &same, const QString &range) {
+/// Marks every row that begins before one ends that began before it. Each range is reckoned once, and what
+/// has to be the same is sorted term by term: rows of a kind compare slowly.
+QString marking(const QString &table, const QString &key, const QStringList &same, const QString &range) {
+    QString terms;
+    QString names;
+    for (int i = 0; i < same.size(); ++i) {
+        const QString name = QStringLiteral("ou%1").arg(i);
+        terms += same[i] + QStringLiteral(" AS ") + name + u',';
+        names += (names.isEmpty() ? QString() : QStringLiteral(",")) + name;
+    }
     return QStringLiteral(
                "ALTER TABLE %1 ADD COLUMN IF NOT EXISTS %5 bigint NOT NULL DEFAULT 0;"
-               "WITH places AS (SELECT cle, lower(plage) < max(upper(plage)) OVER (PARTITION BY ou "
-               "ORDER BY lower(plage), cle ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS gene "
-               "FROM (SELECT %2 AS cle, ROW(%3) AS ou, %4 AS plage FROM %1 OFFSET 0) AS p "
-               "WHERE plage IS NOT NULL) "
-               "UPDATE %1 SET %5 = 1 FROM places WHERE %2 = cle AND gene RETURNING %2;")
-        .arg(table, key, same, range, oldClashField);
+               "WITH places AS (SELECT cle, debut < max(fin) OVER (PARTITION BY %6 ORDER BY debut, cle "
+               "ROWS BETWEEN UNBOUNDED PRECEDING AND 1 PRECEDING) AS gene FROM (SELECT cle, "
+               "lower(plage) AS debut, upper(plage) AS fin, %6 FROM (SELECT %2 AS cle, %3 %4 AS plage FROM "
+               "%1 "
+               "OFFSET 0) AS p WHERE plage IS NOT NULL OFFSET 0) AS bornes) "
+               "UPDATE %1 AS t SET %5 = 1 FROM places WHERE t.%2 = places.cle AND gene RETURNING t.%2;")
+        .arg(table, key, terms, range, oldClashField, names);
+}
+
+/// The first day that is held, as a literal.
+QString firstDay(const QString &table, const QString &day, qint64 newest) {
+    return QStringLiteral(
+               "SELECT quote_literal(least(to_char(current_date - 7, 'YYYY-MM-DD'), coalesce("
+               "(SELECT %2 FROM %1 WHERE %2 IS NOT NULL ORDER BY %2 DESC OFFSET %3 LIMIT 1), '')));")
+        .arg(table, day)
+        .arg(newest);
 }
 
 } // namespace
@@ -208,22 +226,25 @@ std::vector<qint64> PostgresEngine::createExclusion(const QString &table, const 
     const QString same = SqlDialect::postgres(exclusion.same.text());
     const QString range = SqlDialect::postgres(exclusion.range.text());
     const QString key = SqlDialect::postgresName(exclusion.key);
+    const QString day = SqlDialect::postgres(exclusion.day.text());
     m_changesTables = true;
-    const auto marked = send(marking(tableName(table), key, same, range));
+    const auto first = send(firstDay(tableName(table), day, exclusion.newest));
+    QStringList terms = termsOf(same);
+    const auto marked = send(marking(tableName(table), key, terms, range));
     pg_result *rows = marked.back().get();
     std::vector<qint64> keys(size_t(PQntuples(rows)));
     for (size_t row = 0; row < keys.size(); ++row) {
         keys[row] = QByteArray(PQgetvalue(rows, int(row), 0)).toLongLong();
     }
-    QStringList terms = termsOf(same);
     for (QString &term : terms) {
         term += QStringLiteral(" WITH =");
     }
     changesTables(QStringLiteral("CREATE EXTENSION IF NOT EXISTS btree_gist WITH SCHEMA dialecte;"
                                  "ALTER TABLE %1 ADD CONSTRAINT %2 EXCLUDE USING gist (%3, %4 WITH &&) "
-                                 "WHERE (%5 = 0)")
+                                 "WHERE (%5 = 0 AND (%6 >= %7 OR %6 IS NULL))")
                       .arg(tableName(table), SqlDialect::postgresName(exclusion.name), terms.join(u','),
-                           range, oldClashField));
+                           range, oldClashField, day,
+                           QString::fromUtf8(PQgetvalue(first.back().get(), 0, 0))));
     return keys;
 }
 

@@ -37,6 +37,10 @@ struct ExclusionDef {
     SqlText same;
     SqlText range;
     QString key; ///< of the table
+    /// A day as text, yyyy-mm-dd first. Held are rows from a week ago on, and in any case the `newest`: what
+    /// is past is not booked, and an index of this kind over 500,000 rows takes half a minute to make.
+    SqlText day;
+    qint64 newest = 20'000;
 };
 
 /// What is told of a row that was added, changed or deleted, as it was and as it is: one text, which Watch
