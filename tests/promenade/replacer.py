@@ -77,7 +77,7 @@ class Replacer:
         la = volet and not self.a_ecrit and self.tiers.lisible and self.en_vue(volet)
         gestes = {self.de_cote: 4 if self.ctx.rdv else 0.1, self.clic: 1} | ({
             self.pose: 8 if self.etat.action("mnuPoser")["enabled"] else 1,
-            self.du_volet: 6, self.va_voir: 2, self.retire: 1} if la else {})
+            self.du_volet: 6, self.reprend: 6, self.va_voir: 2, self.retire: 1} if la else {})
         self.h.choices([*gestes], [*gestes.values()])[0]()
 
     def entree(self):
@@ -146,6 +146,16 @@ class Replacer:
             self.promet_pose(grille, x, jour, debut, fin)
         if x or not slot or note.etat != "attend":
             self.prog.glisse(de, vers)
+
+    def reprend(self):
+        """One that waits, by hand where it lies."""
+        attendent, prises = {n.ref for n in self.notes_vues() if n.etat == "attend"}, []
+        for nom, grille in self.ctx.grilles.items():
+            for c, (_, liste) in enumerate(grille.colonnes, 1):
+                prises += [(nom, grille.horaire.lignes(x)[1], c, x) for x in liste if x.ref in attendent]
+        prises = [(nom, r, c, x) for nom, r, c, x in prises if r in self.en_vue(self.etat.grille(nom))
+                  and self.sous(nom, r, c) == [x] and self.sur_de(nom, [x])]
+        self.en_main(*self.h.choice(prises)) if prises else self.va_voir()
 
     def va_voir(self):
         note, de = self.entree()
