@@ -138,11 +138,10 @@ class Poste {
                              : SupprimeRDV(rdv, {}, choisi));
     }
 
-    /// Set aside, then dropped elsewhere.
+    /// Set aside, then dropped elsewhere; at its chair, which an edit keeps whatever it was when it was read.
     bool depose(Database &rdv, const RendezVous &avant, RendezVous apres) {
         apres.Nom = avant.Nom;
         apres.NumPatient = avant.NumPatient;
-        apres.Fauteuil = entre(1, 2);
         if (MetDeCote(rdv, avant, QDateTime::currentDateTime()) != MiseDeCote::Fait) {
             return false;
         }

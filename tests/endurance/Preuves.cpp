@@ -5,6 +5,7 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QStringList>
+#include <algorithm>
 #include <tuple>
 
 QString fichier(const QString &dossier, Base base) {
@@ -98,6 +99,7 @@ QStringList ecartsDepots(const QString &dossier, int &deposes) {
                     if (r.integer(1) == int(Operation::Edition) &&
                         avant[QLatin1String("Nom")] == apres[QLatin1String("Nom")]) {
                         depots[r.integer(0)] = {lieu(avant), lieu(apres)};
+                        ++deposes;
                     }
                 });
     QStringList fautes;
@@ -111,7 +113,6 @@ QStringList ecartsDepots(const QString &dossier, int &deposes) {
                     if (!a.isEmpty() && (attend ? note == de : pose != a)) {
                         fautes << QStringLiteral("de %1 à %2, noté %3").arg(de, a, pose);
                     }
-                    deposes += !attend && !a.isEmpty() ? 1 : 0;
                 });
     return fautes;
 }
@@ -136,13 +137,21 @@ void Journal::ecrit(const QStringList &annonce) {
 }
 
 QStringList Journal::ecarts(const QStringList &livre) {
+    const auto compteDe = [&](const QString &contenu) {
+        return compte.value(contenu) - int(livre.count(contenu)); // more than 0: it has left
+    };
     for (qsizetype passe = enCours.size(); passe > 0; --passe) {
-        enCours.removeIf([&](const QStringList &a) {
-            const bool fait = a[1].isEmpty() ? compte.value(a[0]) > livre.count(a[0])
-                                             : compte.value(a[1]) < livre.count(a[1]);
+        const auto ecrits = enCours.removeIf([&](const QStringList &a) {
+            const bool fait = a[1].isEmpty() ? compteDe(a[0]) > 0 : compteDe(a[1]) < 0;
             fait ? ecrit(a) : void();
             return fait;
         });
+        const auto parti = std::ranges::find_if(
+            enCours, [&](const auto &a) { return !a[0].isEmpty() && compteDe(a[0]) > 0; });
+        if (ecrits == 0 && parti != enCours.end()) { // what it became was deleted by one that was killed, too
+            ecrit(*parti);
+            enCours.erase(parti);
+        }
     }
     compte.remove(QString());
     for (const QString &contenu : livre) {

@@ -26,7 +26,7 @@ QStringList noms(const QString &dossier, Base base);
 QStringList ecartsHistoire(const QString &dossier);
 
 /// Of each appointment that is set aside, the pinboard has to say where it was dropped last, and nothing
-/// where it was not since. Counts those in `deposes`.
+/// where it was not since. Counts the drops in `deposes`.
 QStringList ecartsDepots(const QString &dossier, int &deposes);
 
 /// How many writings were undone or done again.
