@@ -17,6 +17,10 @@ namespace {
 
 constexpr int aCheval = 2; // on the working hours
 
+BilanEcriture autreQueVu(const std::optional<RendezVous> &actuel) {
+    return actuel ? BilanEcriture{Ecriture::Change, *actuel} : BilanEcriture{Ecriture::Disparu};
+}
+
 } // namespace
 
 ActionsRDV::ActionsRDV(const Environnement &env, QWidget &fenetre) : m_env(env), m_fenetre(fenetre) {}
@@ -170,9 +174,7 @@ void ActionsRDV::reserveEncore(const RendezVous &rdv, const RendezVous &encore, 
     const bool ecrit = essaie(m_env, [&] {
         Database base = m_env.ouvreCarnetPourEcrire();
         const std::optional<RendezVous> actuel = LitRDV(base, rdv.RefRDV);
-        bilan = actuel == rdv ? AjouteRDV(base, m_env.auteur(), nouveau)
-                : actuel      ? BilanEcriture{Ecriture::Change, *actuel}
-                              : BilanEcriture{Ecriture::Disparu};
+        bilan = actuel == rdv ? AjouteRDV(base, m_env.auteur(), nouveau) : autreQueVu(actuel);
     });
     if (!ecrit) {
         return;
@@ -182,14 +184,20 @@ void ActionsRDV::reserveEncore(const RendezVous &rdv, const RendezVous &encore, 
 }
 
 void ActionsRDV::metDeCote(const RendezVous &rdv) {
-    bool garde = false;
+    MiseDeCote mise = MiseDeCote::Fait;
+    std::optional<RendezVous> actuel;
     if (!essaie(m_env, [&] {
             Database base = m_env.ouvreCarnetPourEcrire();
-            garde = MetDeCote(base, rdv, m_env.maintenant());
+            mise = MetDeCote(base, rdv, m_env.maintenant());
+            actuel = mise == MiseDeCote::Change ? LitRDV(base, rdv.RefRDV) : rdv;
         })) {
         return;
     }
-    if (!garde) {
+    if (mise == MiseDeCote::Change) {
+        rend(rdv, {}, autreQueVu(actuel));
+        return;
+    }
+    if (mise == MiseDeCote::SansTable) {
         m_env.messages->show(QStringLiteral("Ce carnet ne peut pas garder de rendez-vous à replacer : ses "
                                             "tables ne peuvent pas être changées."));
     }

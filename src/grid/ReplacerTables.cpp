@@ -104,14 +104,17 @@ QList<AReplacer> LitAReplacer(Database &carnet, long praticien) {
     return lecture.lus(carnet);
 }
 
-bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) {
+MiseDeCote MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) {
     Transaction transaction(carnet);
     if (!ReplacerEstPret(carnet)) {
-        return false;
+        return MiseDeCote::SansTable;
+    }
+    if (LitRDV(carnet, rdv.RefRDV) != rdv) { // another desk may have placed it by now
+        return MiseDeCote::Change;
     }
     const QList<AReplacer> tous = LitAReplacer(carnet, rdv.NumPraticien);
     if (EstEpingle(tous, rdv.RefRDV)) { // another desk was first
-        return true;
+        return MiseDeCote::Fait;
     }
     const QDateTime hier = quand.addDays(-1); // nobody undoes what was placed before
     for (const AReplacer &un : tous) {
@@ -130,7 +133,7 @@ bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand) 
                           {QStringLiteral("HeureDebut"), Value::time(rdv.HeureDebut)},
                           {QStringLiteral("HeureFin"), Value::time(rdv.HeureFin)}});
     transaction.commit();
-    return true;
+    return MiseDeCote::Fait;
 }
 
 void NotePose(Database &carnet, qint64 RefRDV, const RendezVous &pose) {

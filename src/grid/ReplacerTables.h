@@ -29,8 +29,13 @@ class LectureReplacer {
     QList<AReplacer> m_notes;
 };
 QList<AReplacer> LitAReplacer(Database &carnet, long praticien);
-/// Sets an appointment aside, once. False: the book has no table for it.
-bool MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand);
+enum class MiseDeCote {
+    Fait,
+    Change,   ///< meanwhile in any field, or deleted
+    SansTable ///< the book has none for it
+};
+/// Sets an appointment aside, once, as long as it is what the user saw.
+MiseDeCote MetDeCote(Database &carnet, const RendezVous &rdv, const QDateTime &quand);
 /// Notes where an appointment that is set aside is placed, in the transaction that does it.
 void NotePose(Database &carnet, qint64 RefRDV, const RendezVous &pose);
 /// Takes an appointment off the list.

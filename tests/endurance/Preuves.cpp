@@ -3,7 +3,9 @@
 #include "booking/RangeeTables.h"
 
 #include <QJsonDocument>
+#include <QJsonObject>
 #include <QStringList>
+#include <algorithm>
 #include <tuple>
 
 QString fichier(const QString &dossier, Base base) {
@@ -82,6 +84,39 @@ QStringList ecartsHistoire(const QString &dossier) {
     return fautes;
 }
 
+QStringList ecartsDepots(const QString &dossier, int &deposes) {
+    Database rdv = Database::open(fichier(dossier, Base::RendezVous));
+    QMap<qint64, QPair<QString, QString>> depots; // of those that were dropped last: from where, and where to
+    const auto lieu = [](const QJsonObject &r) {
+        return r[QLatin1String("Date1")].toString().left(10) + r[QLatin1String("HeureDebut")].toString() +
+               QString::number(r[QLatin1String("Fauteuil")].toInt());
+    };
+    rdv.forEach(SqlText("Select RefRDV, Quoi, Avant, Apres from TavJournal order by RefJournal"),
+                [&](const RowView &r) {
+                    const QJsonObject avant = QJsonDocument::fromJson(r.text(2).toUtf8()).object();
+                    const QJsonObject apres = QJsonDocument::fromJson(r.text(3).toUtf8()).object();
+                    depots.remove(r.integer(0)); // undone, it may be set aside again where it was
+                    if (r.integer(1) == int(Operation::Edition) &&
+                        avant[QLatin1String("Nom")] == apres[QLatin1String("Nom")]) {
+                        depots[r.integer(0)] = {lieu(avant), lieu(apres)};
+                        ++deposes;
+                    }
+                });
+    QStringList fautes;
+    rdv.forEach(SqlText("Select RefRDV, Jour, HeureDebut, Fauteuil, JourPose, DebutPose, FauteuilPose "
+                        "from TavReplacer"),
+                [&](const RowView &r) {
+                    const auto [de, a] = depots.value(r.integer(0));
+                    const QString note = r.text(1) + r.text(2) + QString::number(r.integer(3));
+                    const QString pose = r.text(4) + r.text(5) + QString::number(r.integer(6));
+                    const bool attend = r.text(4).isEmpty();
+                    if (!a.isEmpty() && (attend ? note == de : pose != a)) {
+                        fautes << QStringLiteral("de %1 à %2, noté %3").arg(de, a, pose);
+                    }
+                });
+    return fautes;
+}
+
 void Journal::lit(const QByteArray &sortie) {
     QStringList annonce;
     for (const QString &ligne : QString::fromUtf8(sortie).split(u'\n', Qt::SkipEmptyParts)) {
@@ -102,13 +137,21 @@ void Journal::ecrit(const QStringList &annonce) {
 }
 
 QStringList Journal::ecarts(const QStringList &livre) {
+    const auto compteDe = [&](const QString &contenu) {
+        return compte.value(contenu) - int(livre.count(contenu)); // more than 0: it has left
+    };
     for (qsizetype passe = enCours.size(); passe > 0; --passe) {
-        enCours.removeIf([&](const QStringList &a) {
-            const bool fait = a[1].isEmpty() ? compte.value(a[0]) > 0 && !livre.contains(a[0])
-                                             : livre.contains(a[1]) || compte.value(a[1]) < 0;
+        const auto ecrits = enCours.removeIf([&](const QStringList &a) {
+            const bool fait = a[1].isEmpty() ? compteDe(a[0]) > 0 : compteDe(a[1]) < 0;
             fait ? ecrit(a) : void();
             return fait;
         });
+        const auto parti = std::ranges::find_if(
+            enCours, [&](const auto &a) { return !a[0].isEmpty() && compteDe(a[0]) > 0; });
+        if (ecrits == 0 && parti != enCours.end()) { // what it became was deleted by one that was killed, too
+            ecrit(*parti);
+            enCours.erase(parti);
+        }
     }
     compte.remove(QString());
     for (const QString &contenu : livre) {

@@ -21,10 +21,14 @@ class MainLevee:
     def sur_de(self, nom, sous):
         """Whether the hand takes that one, whose place is that of its chair."""
         grille = self.ctx.grilles[nom]
-        siens = all(entier(x.ligne["Fauteuil"]) == grille.fauteuil for _, liste in grille.colonnes for x in liste)
         # where blocks stand side by side a part of a cell may be free: that look is tried by click alone
         cote = any(o["objectName"] == "OutilPrecedent" for o in self.etat.objets())
-        return len(sous) == 1 and siens and not cote and not self.a_ecrit and self.tiers.lisible
+        return len(sous) == 1 and self.du_fauteuil(grille) and not cote and not self.a_ecrit and self.tiers.lisible
+
+    @staticmethod
+    def du_fauteuil(grille):
+        """Whether what it shows is all of its chair: what is beside it would be in the way, too."""
+        return all(entier(x.ligne["Fauteuil"]) == grille.fauteuil for _, liste in grille.colonnes for x in liste)
 
     def en_main(self, nom, r, c, rdv):
         g, grille = self.etat.grille(nom), self.ctx.grilles[nom]

@@ -25,6 +25,8 @@ class Note:
         note, pose = ([ligne[c] for c in champs] for champs in (("Jour", "HeureDebut", "Fauteuil"),
                                                                 ("JourPose", "DebutPose", "FauteuilPose")))
         x = self.rdv and self.rdv.ligne
+        if x and x["Nom"] != ligne["Nom"] and str(x["NumPatient"]) != ligne["NumPatient"]:
+            x = self.rdv = None  # its key is another patient's
         la = x and [str(self.rdv.jour), (x["HeureDebut"] or "")[-8:], entier(x["Fauteuil"])]
         self.etat = "disparu" if not x else "pose" if la == pose else "attend" if la == note else "deplace"
 
@@ -75,7 +77,7 @@ class Replacer:
         la = volet and not self.a_ecrit and self.tiers.lisible and self.en_vue(volet)
         gestes = {self.de_cote: 4 if self.ctx.rdv else 0.1, self.clic: 1} | ({
             self.pose: 8 if self.etat.action("mnuPoser")["enabled"] else 1,
-            self.du_volet: 6, self.va_voir: 2, self.retire: 1} if la else {})
+            self.du_volet: 6, self.reprend: 6, self.va_voir: 2, self.retire: 1} if la else {})
         self.h.choices([*gestes], [*gestes.values()])[0]()
 
     def entree(self):
@@ -132,10 +134,9 @@ class Replacer:
         (note, de), (nom, r, c, vers), x = self.entree(), self.case(), None
         g, grille = self.etat.grille(nom), self.ctx.grilles[nom]
         horaire, slot = grille.horaire, 1 <= r <= grille.horaire.n and 1 <= c <= len(grille.colonnes)
-        if note.etat == "attend" and slot:
+        if note.etat == "attend" and slot and self.du_fauteuil(grille):
+            vers = vers[0], vers[1] + g["lignes"][r][1] * self.h.choice((-1, 1)) // 4
             x, bouge = note.rdv, self.minute(g, horaire, vers[1], r) - note.rdv.debut
-            if self.a_mi_chemin(horaire, x.debut + bouge):
-                return self.clic()
             jour, (debut, fin) = grille.colonnes[c - 1][0], self.depot(horaire, x, False, bouge, False)
         self.dit(f"à {nom} ({r},{c})")
         self.peut = True
@@ -143,7 +144,18 @@ class Replacer:
         if x and debut < fin <= 1439 and (sienne or self.a_lui(grille)) and (
                 not sienne or (jour, debut, fin) != (x.jour, x.debut, x.fin)):
             self.promet_pose(grille, x, jour, debut, fin)
-        self.prog.glisse(de, vers)
+        if x or not slot or note.etat != "attend":
+            self.prog.glisse(de, vers)
+
+    def reprend(self):
+        """One that waits, by hand where it lies."""
+        attendent, prises = {n.ref for n in self.notes_vues() if n.etat == "attend"}, []
+        for nom, grille in self.ctx.grilles.items():
+            for c, (_, liste) in enumerate(grille.colonnes, 1):
+                prises += [(nom, grille.horaire.lignes(x)[1], c, x) for x in liste if x.ref in attendent]
+        prises = [(nom, r, c, x) for nom, r, c, x in prises if r in self.en_vue(self.etat.grille(nom))
+                  and self.sous(nom, r, c) == [x] and self.sur_de(nom, [x])]
+        self.en_main(*self.h.choice(prises)) if prises else self.va_voir()
 
     def va_voir(self):
         note, de = self.entree()

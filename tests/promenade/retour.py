@@ -145,7 +145,7 @@ class Retour(Papier):
     def juge(self):
         avant = self.boite
         faux = super().juge()
-        if self.remis and self.boite and self.boite != avant and ": ce rendez-vous" in self.boite:
+        if self.remis and self.boite and self.boite != avant and re.search("ne peut pas être .* : ce rendez-vous", self.boite):
             {6: self.faits, 7: self.annules, 8: [None]}[self.remis.quoi].pop()
             self.remis = None
         return faux

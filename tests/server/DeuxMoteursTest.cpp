@@ -370,7 +370,7 @@ QStringList epingle(Database &carnet, qint64 ref) {
         }
     };
     const RendezVous lu = LitRDV(carnet, ref).value_or(RendezVous());
-    textes << QString::number(MetDeCote(carnet, lu, auteur.quand));
+    textes << QString::number(int(MetDeCote(carnet, lu, auteur.quand)));
     liste();
     RendezVous pose = lu;
     pose.HeureDebut = QTime(15, 0);

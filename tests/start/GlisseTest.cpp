@@ -223,6 +223,12 @@ TEST_F(GlisseTest, ThePinboardTakesAndGives) {
     fait(q("mnuReplacer"));
     auto &liste = objet<QListWidget>("ListeReplacer");
     const QPoint centre = liste.viewport()->mapToGlobal(liste.viewport()->rect().center());
+    prend(point(2, 3));
+    bouge(centre);
+    livre.execute(SqlText("update RDV set Telephone = '0297112233'"));
+    depose(centre);
+    EXPECT_NE(dits().find("modifié"), std::string::npos);
+    EXPECT_EQ(liste.count(), 0);
     glisse(point(2, 3), centre);
     EXPECT_EQ(rangs(), "ROUX 11 09:00-10:00 1 0") << "it stays where it is";
     ASSERT_EQ(liste.count(), 1);
