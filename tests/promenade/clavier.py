@@ -27,7 +27,7 @@ class Clavier:
         if rdv and self.foyer():
             fin = min(rdv.fin + pas, 1439) if sens > 0 else max(rdv.fin - pas, rdv.debut + pas)
             change = fin > rdv.fin if sens > 0 else fin < rdv.fin
-            self.promet("duree", change and sur, HeureFin=fin)
+            self.promet("duree", change and sur and self.inchange(rdv), HeureFin=fin)
             self.promesse |= {"heures": (rdv.debut, fin), "jour": rdv.jour}
             self.visees, self.lieu, self.peut = [rdv], self.ctx.grille.config, True
         elif sur:
@@ -46,7 +46,8 @@ class Clavier:
     def present(self):
         self.dit("P")
         if self.ctx.rdv:  # a menu that has just closed gives the keys back after this look
-            self.promet("present", bool(self.foyer()), Present=not self.etat.action("mnuPresent")["checked"])
+            veut = bool(self.foyer()) and self.inchange(self.ctx.rdv)
+            self.promet("present", veut, Present=not self.etat.action("mnuPresent")["checked"])
             self.visees, self.peut = [self.ctx.rdv], True
         self.prog.frappe("p")
 

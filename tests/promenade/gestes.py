@@ -122,7 +122,7 @@ class Gestes:
             return self.clic()
         if sous := self.sous(nom, r, c):
             return self.en_main(nom, r, c, sous[0]) if self.sur_de(nom, sous) else self.clic()
-        r2 = self.h.choice([x for x in self.en_vue(g) if abs(x - r) < 9])
+        r2 = self.h.choice([x for x in self.en_vue(g) if x and abs(x - r) < 9])  # none is the room above the slots
         c2 = self.h.choice([c] * 8 + [*range(len(g["colonnes"]))])
         self.dit(f"glisse {nom} ({r},{c}) à ({r2},{c2})")
         self.prog.glisse(point, self.point(g, r2, c2))
@@ -167,8 +167,7 @@ class Gestes:
         self.prog.frappe(*["Shift_L"] * maj, touche)
 
         def suite(avant, apres):
-            bouge = avant.rdv and self.livre.tables["RDV"].get(avant.rdv.ref) != avant.rdv.ligne
-            if maj or not avant.plage or avant.nom != foyer or bouge:  # by another desk, seen after this look
+            if maj or not avant.plage or avant.nom != foyer or not self.inchange(avant.rdv):
                 return []
             r = avant.bas + 1 if dr > 0 else avant.haut + dr
             r, c = (min(max(x, 1), dernier) for x, dernier in
@@ -176,6 +175,10 @@ class Gestes:
             return self.sur(apres, foyer, r, c)
 
         self.suite = suite
+
+    def inchange(self, rdv):
+        """Not by another desk either, which may be seen only after this look."""
+        return not rdv or self.livre.tables["RDV"].get(rdv.ref) == rdv.ligne
 
     def foyer(self):
         """The grid that has the keys, if one has."""

@@ -23,7 +23,8 @@ class MainLevee:
         grille = self.ctx.grilles[nom]
         # where blocks stand side by side a part of a cell may be free: that look is tried by click alone
         cote = any(o["objectName"] == "OutilPrecedent" for o in self.etat.objets())
-        return len(sous) == 1 and self.du_fauteuil(grille) and not cote and not self.a_ecrit and self.tiers.lisible
+        seul = len(sous) == 1 and self.inchange(sous[0]) and not self.a_ecrit and self.tiers.lisible
+        return seul and self.du_fauteuil(grille) and not cote
 
     @staticmethod
     def du_fauteuil(grille):
